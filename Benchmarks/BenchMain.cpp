@@ -1,0 +1,103 @@
+#include "GeometryBenchmark.h"
+#include "IdleBenchmark.h"
+#include "KeyBenchmark.h"
+#include "StartBenchmark.h"
+
+#include "Pager.h"
+#include "TestClient.h"
+#include "WindowManagerProcess.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+
+#include <cstdio>
+
+using namespace corvane;
+using namespace corvane::bench;
+using namespace corvane::desktop;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Status : int { everyLimitHolds = 0, failed = 1, misused = 2 };
+
+struct Effort {
+    int rounds = 600;
+    int starts = 20;
+    std::chrono::seconds idle{10};
+};
+
+constexpr Effort quick{100, 8, std::chrono::seconds(3)};
+
+int fail(Status status, const QString &sentence)
+{
+    std::fprintf(stderr, "corvane-bench: %s\n", qUtf8Printable(sentence));
+    return status;
+}
+
+/// Prints one benchmark's lines; whether it measured and every limit holds.
+bool report(const QString &title, const Measurements &measurements)
+{
+    std::fputs(qUtf8Printable(heading(title)), stdout);
+    bool holds = measurements.has_value();
+    if (holds) {
+        for (const Measurement &measurement : *measurements) {
+            std::fputs(qUtf8Printable(tableLine(measurement)), stdout);
+            holds = holds && measurement.holds();
+        }
+    } else {
+        std::printf("  FAILED: %s\n", qUtf8Printable(measurements.error()));
+    }
+    std::fflush(stdout);
+    return holds;
+}
+
+int measure(const Effort &effort)
+{
+    const auto started = VirtualDesktop::start({});
+    if (!started)
+        return fail(failed, started.error());
+    VirtualDesktop &desktop = **started;
+    const auto manager = WindowManagerProcess::start(desktop, u"openbox"_s);
+    if (!manager)
+        return fail(failed, manager.error());
+    TestClient client(desktop);
+    const xcb_window_t window = client.show({.geometry = {300, 200, 640, 480}});
+    WindowProbe probe(desktop.connection());
+    Pager(desktop.connection()).activate(window);
+    if (!window || !waitUntil([&] { return probe.activeWindow() == window; }))
+        return fail(failed, u"the test window did not get the focus"_s);
+
+    bool holds = report(u"A placement's frame"_s, measureGeometry());
+    holds = report(u"Start, %1 times"_s.arg(effort.starts), measureStart(desktop, effort.starts))
+        && holds;
+    holds = report(u"Idle, hot keys registered"_s, measureIdle(desktop, effort.idle)) && holds;
+    holds = report(u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(
+                       effort.rounds),
+                measureKeys(desktop, window, effort.rounds))
+        && holds;
+    std::puts(holds ? "\nEvery limit holds." : "\nA limit is missed.");
+    return holds ? everyLimitHolds : failed;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Measures Corvane on a virtual desktop of its own."_s);
+    const QCommandLineOption rounds(u"rounds"_s, u"Key presses of each contestant."_s, u"number"_s);
+    const QCommandLineOption isQuick(u"quick"_s, u"Less of everything, for a first look."_s);
+    parser.addOptions({rounds, isQuick});
+    parser.addHelpOption();
+    parser.process(application);
+
+    Effort effort = parser.isSet(isQuick) ? quick : Effort{};
+    if (parser.isSet(rounds)) {
+        effort.rounds = parser.value(rounds).toInt();
+        if (effort.rounds < 1)
+            return fail(misused, u"--rounds needs a number above zero."_s);
+    }
+    return measure(effort);
+}

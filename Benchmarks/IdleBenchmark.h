@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Measurement.h"
+#include "VirtualDesktop.h"
+
+namespace corvane::bench {
+
+/// What the program costs while nobody presses a key.
+[[nodiscard]] Measurements measureIdle(
+    desktop::VirtualDesktop &desktop, std::chrono::seconds duration);
+
+} // namespace corvane::bench

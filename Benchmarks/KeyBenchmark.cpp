@@ -1,0 +1,102 @@
+#include "KeyBenchmark.h"
+
+#include "KeyStopwatch.h"
+#include "Rival.h"
+#include "Samples.h"
+
+namespace corvane::bench {
+
+using namespace desktop;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int warmUpRounds = 20;
+constexpr double timesMinimalMedian = 1.5;
+constexpr double timesMinimalPercentile = 2.0;
+constexpr double timesFasterThanCommand = 3.0;
+
+enum Contestant : size_t { corvaneItself, minimal, command, contestantCount };
+constexpr std::array names{"corvane"_L1, "minimal program"_L1, "sxhkd + wmctrl"_L1};
+
+using Times = std::array<QList<double>, contestantCount>;
+
+std::optional<Rival::Goals> halves(VirtualDesktop &desktop, xcb_window_t window)
+{
+    WindowProbe probe(desktop.connection());
+    const auto frame = probe.visibleFrame(window);
+    const auto client = probe.clientGeometry(window);
+    if (!frame || !client)
+        return std::nullopt;
+    const Rect display = desktop.displays().displays().first();
+    const auto goal = [&](double x) {
+        const Rect half{x, display.y, display.width / 2, display.height};
+        return Goal{half,
+            {half.x + client->x - frame->x, half.y + client->y - frame->y,
+                half.width - frame->width + client->width,
+                half.height - frame->height + client->height}};
+    };
+    return Rival::Goals{goal(display.x), goal(display.midX())};
+}
+
+expected<Times, QString> takeTurns(KeyStopwatch &stopwatch,
+    const std::array<Rival, contestantCount> &rivals, const Rival::Goals &goals, int rounds)
+{
+    Times times;
+    size_t goal = 0;
+    for (int round = 0; round < warmUpRounds + rounds; ++round) {
+        for (size_t turn = 0; turn < contestantCount; ++turn) {
+            // The order turns, too, so that nobody always follows the same one.
+            const size_t who = (turn + static_cast<size_t>(round)) % contestantCount;
+            const auto time = stopwatch.time(rivals[who].keys()[goal], goals[goal].client);
+            if (!time)
+                return unexpected<QString>(
+                    u"%1 did not bring the window to its frame"_s.arg(names[who]));
+            if (round >= warmUpRounds)
+                times[who] << *time;
+            goal = 1 - goal;
+        }
+    }
+    return times;
+}
+
+QList<Measurement> compare(const Times &times)
+{
+    QList<Measurement> lines;
+    for (const Contestant who : {minimal, corvaneItself, command}) {
+        lines << Measurement{names[who] + u", median"_s, median(times[who]), u"ms"_s}
+              << Measurement{
+                     names[who] + u", 95th percentile"_s, percentile95(times[who]), u"ms"_s};
+    }
+    return lines << Measurement{u"corvane / minimal program, median"_s,
+               median(times[corvaneItself]) / median(times[minimal]), {},
+               Limit{Limit::Kind::atMost, timesMinimalMedian}}
+                 << Measurement{u"corvane / minimal program, 95th percentile"_s,
+                        percentile95(times[corvaneItself]) / percentile95(times[minimal]), {},
+                        Limit{Limit::Kind::atMost, timesMinimalPercentile}}
+                 << Measurement{u"sxhkd + wmctrl / corvane, median"_s,
+                        median(times[command]) / median(times[corvaneItself]), {},
+                        Limit{Limit::Kind::atLeast, timesFasterThanCommand}};
+}
+
+} // namespace
+
+Measurements measureKeys(VirtualDesktop &desktop, xcb_window_t window, int rounds)
+{
+    const auto goals = halves(desktop, window);
+    if (!goals)
+        return unexpected<QString>(u"the window to be moved is gone"_s);
+    std::array rivals{Rival::corvane(desktop), Rival::minimal(desktop, window, *goals),
+        Rival::sxhkdWithWmctrl(desktop, *goals)};
+    for (size_t who = 0; who < contestantCount; ++who) {
+        if (!rivals[who].isListening(desktop.connection()))
+            return unexpected<QString>(u"%1 did not take its keys"_s.arg(names[who]));
+    }
+    KeyStopwatch stopwatch(desktop, window);
+    const auto times = takeTurns(stopwatch, rivals, *goals, rounds);
+    if (!times)
+        return unexpected<QString>(times.error());
+    return compare(*times);
+}
+
+} // namespace corvane::bench

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QtCore/QString>
+
+/// Where the build left what is measured.
+namespace corvane::bench {
+
+inline const QString corvaneProgram = QStringLiteral(CORVANE_PROGRAM);
+inline const QString minimalProgram = QStringLiteral(CORVANE_MINIMAL);
+inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
+
+} // namespace corvane::bench

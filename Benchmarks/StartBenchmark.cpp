@@ -1,0 +1,64 @@
+#include "StartBenchmark.h"
+
+#include "GrabProbe.h"
+#include "Programs.h"
+#include "Samples.h"
+#include "TimedStart.h"
+
+namespace corvane::bench {
+
+using namespace desktop;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int warmUpStarts = 2;
+constexpr double millisecondsToStart = 100;
+constexpr KeyStroke hotKey{KeyStroke::control | KeyStroke::alt | KeyStroke::super, Key::left};
+
+expected<double, QString> startCorvane(VirtualDesktop &desktop)
+{
+    XConnection &connection = desktop.connection();
+    if (!waitUntil([&] { return !isGrabbed(connection, hotKey); }))
+        return unexpected<QString>(u"another program holds Corvane's key"_s);
+    const TimedStart start(corvaneProgram, {u"--verbose"_s}, desktop.environment());
+    if (!start.untilReady())
+        return unexpected<QString>(u"corvane did not become ready"_s);
+    if (!isGrabbed(connection, hotKey))
+        return unexpected<QString>(u"corvane said that it was ready without having its keys"_s);
+    return *start.untilReady();
+}
+
+expected<double, QString> startFloor(VirtualDesktop &desktop)
+{
+    const TimedStart start(floorProgram, {}, desktop.environment());
+    if (!start.untilReady())
+        return unexpected<QString>(u"corvane-floor did not become ready"_s);
+    return *start.untilReady();
+}
+
+} // namespace
+
+Measurements measureStart(VirtualDesktop &desktop, int starts)
+{
+    QList<double> floors;
+    QList<double> times;
+    for (int i = 0; i < warmUpStarts + starts; ++i) {
+        const auto floor = startFloor(desktop);
+        const auto time = startCorvane(desktop);
+        if (!floor || !time)
+            return unexpected<QString>(floor ? time.error() : floor.error());
+        if (i < warmUpStarts)
+            continue;
+        floors << *floor;
+        times << *time;
+    }
+    return QList<Measurement>{
+        {u"floor: Qt Core and D-Bus, both connections"_s, median(floors), u"ms"_s},
+        {u"corvane, hot keys live, median"_s, median(times), u"ms"_s,
+            Limit{Limit::Kind::atMost, millisecondsToStart}},
+        {u"corvane / floor"_s, median(times) / median(floors), {}},
+    };
+}
+
+} // namespace corvane::bench

@@ -1,0 +1,50 @@
+#include "Instance.h"
+
+#include "Identity.h"
+
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr auto objectPath = "/app/corvane/Corvane"_L1;
+constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
+constexpr int answerTimeout = 5000; // milliseconds; a placement takes at most about one second
+} // namespace
+
+std::optional<CommandResult> Instance::handOver(const QStringList &arguments)
+{
+    auto call = QDBusMessage::createMethodCall(
+        Identity::bundleIdentifier, objectPath, instanceInterface, u"Run"_s);
+    call.setAutoStartService(false);
+    call << arguments;
+    const QDBusMessage answer =
+        QDBusConnection::sessionBus().call(call, QDBus::Block, answerTimeout);
+    const QVariantList values = answer.arguments();
+    if (answer.type() == QDBusMessage::ReplyMessage && values.size() == 3)
+        return CommandResult{values[0].toInt(), values[1].toString(), values[2].toString()};
+    const bool nobody = !QDBusConnection::sessionBus().isConnected()
+        || answer.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown"_L1
+        || answer.errorName() == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1;
+    if (nobody)
+        return std::nullopt;
+    return CommandResult{CommandResult::refused, {},
+        u"The running Corvane did not answer: %1\n"_s.arg(answer.errorMessage())};
+}
+
+Instance::Claim Instance::claim(InstanceService::Runner run)
+{
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return Claim::unavailable;
+    new ApplicationService(this, run);
+    new InstanceService(this, std::move(run));
+    // The object comes first: whoever sees the name may call it at once.
+    bus.registerObject(objectPath, this);
+    return bus.registerService(Identity::bundleIdentifier) ? Claim::granted : Claim::taken;
+}
+
+} // namespace corvane

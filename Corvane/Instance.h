@@ -1,0 +1,26 @@
+#pragma once
+
+#include "InstanceService.h"
+
+#include <optional>
+
+namespace corvane {
+
+/// The one program per session, by its name on the session bus.
+class Instance final : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Claim {
+        granted,
+        taken, ///< another program of ours runs
+        unavailable, ///< there is no session bus, so nobody can tell
+    };
+
+    /// Hands a command line to the running program. Nothing when none runs.
+    [[nodiscard]] static std::optional<CommandResult> handOver(const QStringList &arguments);
+    [[nodiscard]] Claim claim(InstanceService::Runner run);
+};
+
+} // namespace corvane

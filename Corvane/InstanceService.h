@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CommandLine.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QVariantMap>
+#include <QtDBus/QDBusAbstractAdaptor>
+
+#include <functional>
+
+namespace corvane {
+
+/// The running program on the session bus: runs what a second start was asked to do.
+class InstanceService final : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "app.corvane.Corvane.Instance")
+
+public:
+    using Runner = std::function<CommandResult(const QStringList &arguments)>;
+
+    InstanceService(QObject *parent, Runner run);
+
+public Q_SLOTS:
+    /// Takes a command line without the program's name; returns the exit status and what to print.
+    int Run(const QStringList &arguments, QString &output, QString &error);
+
+private:
+    Runner m_run;
+};
+
+/// What desktops call to start a program's actions (Desktop Entry Specification, D-Bus activation).
+class ApplicationService final : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    ApplicationService(QObject *parent, InstanceService::Runner run);
+
+public Q_SLOTS:
+    void Activate(const QVariantMap &platformData);
+    void Open(const QStringList &uris, const QVariantMap &platformData);
+    /// The action "place" takes a placement's name.
+    void ActivateAction(
+        const QString &action, const QVariantList &parameter, const QVariantMap &platformData);
+
+private:
+    InstanceService::Runner m_run;
+};
+
+} // namespace corvane

@@ -1,0 +1,76 @@
+#include "OutcomeReport.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QJsonArray jsonRect(const Rect &rect)
+{
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+QString rectText(const Rect &rect)
+{
+    return u"%1,%2 %3×%4"_s.arg(rect.x).arg(rect.y).arg(rect.width).arg(rect.height);
+}
+
+/// Titles may hold line breaks and be of any length.
+QString shortened(const QString &title)
+{
+    constexpr qsizetype longest = 60;
+    const QString simple = title.simplified();
+    return simple.size() > longest ? simple.left(longest - 1) + u'…' : simple;
+}
+
+} // namespace
+
+QString OutcomeReport::line() const
+{
+    const QString name = rawValue(pressed);
+    const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value);
+    if (!moved) {
+        const QString text = name + u": "_s + refusalText(outcome, frontmostName);
+        return distrustReason.isEmpty() ? text : text + u". "_s + distrustReason;
+    }
+    const MoveRecord &record = moved->record;
+    const QString recorded = rawValue(record.placement);
+    return u"%1: %2 \"%3\" moved from %4 to %5 on %6%7"_s.arg(name, record.appName,
+        shortened(record.windowTitle), rectText(record.from), rectText(record.to),
+        record.displayName, recorded == name ? QString() : u" (%1)"_s.arg(recorded));
+}
+
+QJsonObject OutcomeReport::json() const
+{
+    QJsonObject object{{u"outcome"_s, outcomeName(outcome)}};
+    const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value);
+    if (!moved) {
+        object[u"reason"_s] = refusalText(outcome, frontmostName);
+        if (!distrustReason.isEmpty())
+            object[u"explanation"_s] = distrustReason;
+        return object;
+    }
+    const MoveRecord &record = moved->record;
+    object[u"date"_s] = record.date.toUTC().toString(Qt::ISODate);
+    object[u"placement"_s] = rawValue(record.placement);
+    object[u"appName"_s] = record.appName;
+    object[u"windowTitle"_s] = record.windowTitle;
+    object[u"from"_s] = jsonRect(record.from);
+    object[u"to"_s] = jsonRect(record.to);
+    object[u"displayName"_s] = record.displayName;
+    return object;
+}
+
+CommandResult OutcomeReport::result(bool asJson) const
+{
+    const bool moved = std::holds_alternative<MoveOutcome::Moved>(outcome.value);
+    const QString text =
+        asJson ? QString::fromUtf8(QJsonDocument(json()).toJson(QJsonDocument::Compact)) : line();
+    return {moved ? CommandResult::done : CommandResult::refused, text + u'\n', {}};
+}
+
+} // namespace corvane

@@ -1,0 +1,87 @@
+#include "AppDelegate.h"
+#include "CommandLine.h"
+#include "DesktopChoice.h"
+#include "Instance.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <cstdio>
+
+using namespace corvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int finish(const CommandResult &result)
+{
+    std::fputs(qUtf8Printable(result.output), stdout);
+    std::fputs(qUtf8Printable(result.error), stderr);
+    return result.status;
+}
+
+CommandResult fail(int status, const QString &sentence)
+{
+    return {status, {}, u"corvane: "_s + sentence + u'\n'};
+}
+
+/// What a command line means to the running program.
+CommandResult run(AppDelegate &delegate, const QStringList &arguments)
+{
+    const auto line = CommandLine::parse(arguments);
+    if (!line)
+        return fail(CommandResult::misused, line.error());
+    if (!line->place)
+        return {CommandResult::done, u"Corvane is running already.\n"_s, {}};
+    return delegate.perform(*line->place).result(line->json);
+}
+
+int placeOnce(const CommandLine &line)
+{
+    const auto desktop = openDesktop([] {});
+    if (!desktop)
+        return finish(fail(CommandResult::refused, desktop.error()));
+    WindowManager windowManager({});
+    return finish(report(windowManager, *line.place).result(line.json));
+}
+
+int stay(const QStringList &arguments, const CommandLine &line)
+{
+    const auto desktop = openDesktop([] {
+        std::fputs("Corvane: the desktop is gone.\n", stderr);
+        QCoreApplication::exit(1);
+    });
+    if (!desktop)
+        return finish(fail(CommandResult::refused, desktop.error()));
+    AppDelegate delegate(line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet);
+    Instance instance;
+    const auto claim =
+        instance.claim([&](const QStringList &asked) { return run(delegate, asked); });
+    if (claim == Instance::Claim::taken)
+        return finish(Instance::handOver(arguments).value_or(CommandResult{}));
+    if (claim == Instance::Claim::unavailable)
+        std::fputs(
+            "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
+    delegate.start();
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // GLib's loop would add its own bookkeeping to every key press.
+    if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
+        qputenv("QT_NO_GLIB", "1");
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const auto line = CommandLine::parse(arguments);
+    if (!line)
+        return finish(fail(CommandResult::misused, line.error()));
+    if (line->help)
+        return finish({CommandResult::done, CommandLine::helpText(), {}});
+    if (line->version)
+        return finish({CommandResult::done, CommandLine::versionText(), {}});
+    if (const auto result = Instance::handOver(arguments))
+        return finish(*result);
+    return line->place ? placeOnce(*line) : stay(arguments, *line);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ActivityEntry.h"
+#include "JsonLines.h"
+
+#include <QtCore/QUrl>
+
+namespace corvane {
+
+/// The move history: every window moved, every move that an application refused. Several processes
+/// may share it. A failure is for those who care; nothing stops because of it.
+class ActivityLog final
+{
+public:
+    /// The most entries that outlive a pruning.
+    static constexpr int entryLimit = 100'000;
+
+    /// In the data folder.
+    ActivityLog();
+    explicit ActivityLog(const QString &directory);
+
+    [[nodiscard]] QUrl url() const;
+
+    /// The error is one sentence.
+    expected<void, QString> append(const ActivityEntry &entry) const;
+    /// The newest `limit` entries, the newest last.
+    [[nodiscard]] QList<ActivityEntry> recent(int limit) const;
+    /// Drops what is older, and lines that cannot be read.
+    expected<void, QString> prune(
+        int olderThanDays, const QDateTime &now = QDateTime::currentDateTimeUtc()) const;
+
+private:
+    JsonLines m_lines;
+};
+
+} // namespace corvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "AXError.h"
+
+#include <QtCore/QString>
+
+namespace corvane {
+
+/// What the system's error number means to a user, as one sentence.
+[[nodiscard]] QString fileErrorSentence(int number);
+
+/// The same as a result.
+[[nodiscard]] unexpected<QString> fileError(int number);
+/// The one of the system call that has just failed.
+[[nodiscard]] unexpected<QString> lastFileError();
+
+} // namespace corvane

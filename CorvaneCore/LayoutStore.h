@@ -1,0 +1,35 @@
+#pragma once
+
+#include "StoreProblem.h"
+#include "WindowLayout.h"
+
+#include "AXError.h"
+
+namespace corvane {
+
+/// Keeps the user's layouts in one file, in their order.
+class LayoutStore final
+{
+public:
+    struct Loaded {
+        QList<WindowLayout> layouts;
+        std::optional<StoreProblem> problem;
+    };
+
+    /// In the data folder.
+    LayoutStore();
+    explicit LayoutStore(const QString &directory);
+
+    [[nodiscard]] QUrl url() const;
+
+    /// Leaves a file that cannot be read whole to the other one, which keeps a copy of it.
+    [[nodiscard]] QList<WindowLayout> load() const;
+    [[nodiscard]] Loaded loadKeepingUnreadable() const;
+    /// The error is one sentence.
+    [[nodiscard]] expected<void, QString> save(const QList<WindowLayout> &layouts) const;
+
+private:
+    QString m_path;
+};
+
+} // namespace corvane

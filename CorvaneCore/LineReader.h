@@ -1,0 +1,40 @@
+#pragma once
+
+#include "FileDescriptor.h"
+
+#include <QtCore/QByteArray>
+
+#include <optional>
+
+namespace corvane {
+
+/// Reads a file line by line, from its start.
+class LineReader final
+{
+public:
+    struct Line {
+        QByteArrayView text; ///< without its newline; empty when it is beyond the limit
+        qint64 offset = 0; ///< in the file, where it starts
+    };
+
+    /// `file` is borrowed.
+    LineReader(const FileDescriptor &file, qsizetype lineLimit);
+
+    /// Good until the next call.
+    [[nodiscard]] std::optional<Line> next();
+
+private:
+    [[nodiscard]] QByteArrayView rest() const;
+    bool fill();
+    Line take(qsizetype length, qsizetype newline);
+
+    const FileDescriptor &m_file;
+    qsizetype m_lineLimit;
+    QByteArray m_buffer;
+    qsizetype m_start = 0; ///< in the buffer, of what has not been returned
+    qsizetype m_end = 0; ///< in the buffer, of what has been read
+    qint64 m_lineOffset = 0; ///< in the file, of the line to return next
+    qint64 m_skipped = 0; ///< of that line, since it is too long
+};
+
+} // namespace corvane

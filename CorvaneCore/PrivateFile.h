@@ -1,0 +1,31 @@
+#pragma once
+
+#include "AXError.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <optional>
+
+/// Files that belong to one user and survive a crash at any moment. Errors are one sentence each.
+namespace corvane::PrivateFile {
+
+/// No file that people write by hand comes near it.
+inline constexpr qint64 sizeLimit = 16LL * 1024 * 1024;
+
+/// Nothing when there is no such file. A file above the limit is refused unread.
+[[nodiscard]] expected<std::optional<QByteArray>, QString> read(const QString &path);
+
+/// The new content stands on the disk, whole, or the old content does. Makes the folder when it is
+/// missing; a link stays, and the file that it leads to is replaced.
+[[nodiscard]] expected<void, QString> replace(const QString &path, const QByteArray &content);
+
+/// Whatever the size of `from`, and even where it may not be read, as long as its owner is this user.
+/// Nothing may stand at `to` yet.
+[[nodiscard]] expected<void, QString> keepCopy(const QString &from, const QString &to);
+
+/// Open to this user alone, the folders above it too where they are made. An existing one stays as it
+/// is.
+[[nodiscard]] expected<void, QString> makeFolder(const QString &path);
+
+} // namespace corvane::PrivateFile

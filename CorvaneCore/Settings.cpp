@@ -1,0 +1,101 @@
+#include "Settings.h"
+
+#include "ShortcutMapJson.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList namesWhere(bool (*isWanted)(Placement))
+{
+    QStringList names;
+    for (const Placement placement : allPlacements()) {
+        if (isWanted(placement))
+            names << rawValue(placement);
+    }
+    return names;
+}
+
+/// Missing from both lists of the file, a placement was not there to be left out on purpose.
+void addNewPlacements(Settings &settings, const QStringList &known)
+{
+    const ShortcutMap preset = map(presetOf(settings));
+    for (const auto &[placement, combo] : preset.asKeyValueRange()) {
+        const bool isTaken =
+            std::ranges::find(settings.shortcuts, combo) != settings.shortcuts.end();
+        if (!known.contains(rawValue(placement)) && !settings.shortcuts.contains(placement)
+            && !isTaken)
+            settings.shortcuts.insert(placement, combo);
+    }
+}
+
+} // namespace
+
+const QStringList &placementNames()
+{
+    static const QStringList names = namesWhere([](Placement) { return true; });
+    return names;
+}
+
+const QStringList &placementsBeforeOriginal()
+{
+    static const QStringList names =
+        namesWhere([](Placement placement) { return placement != Placement::original; });
+    return names;
+}
+
+std::optional<Settings> Settings::fromJson(const QJsonValue &json, DecodeProblems &problems)
+{
+    if (!json.isObject())
+        return std::nullopt;
+    const QJsonObject object = json.toObject();
+    LenientReader reader(object, problems);
+    Settings settings;
+    settings.shortcuts = reader.read<ShortcutMap>(u"shortcuts", settings.shortcuts);
+    settings.gap = reader.read<double>(u"gap", settings.gap);
+    settings.cycling = reader.read<bool>(u"cycling", settings.cycling);
+    settings.sizeStep = reader.read<double>(u"sizeStep", settings.sizeStep);
+    settings.launchAtLogin = reader.read<bool>(u"launchAtLogin", settings.launchAtLogin);
+    settings.showMenuBarIcon = reader.read<bool>(u"showMenuBarIcon", settings.showMenuBarIcon);
+    settings.showInDock = reader.read<bool>(u"showInDock", settings.showInDock);
+    settings.appearance = reader.read<Appearance>(u"appearance", settings.appearance);
+    settings.preset = reader.read<QString>(u"preset", settings.preset);
+    settings.onboardingCompleted =
+        reader.read<bool>(u"onboardingCompleted", settings.onboardingCompleted);
+    settings.customShortcuts = reader.readOptional<ShortcutMap>(u"customShortcuts");
+    addNewPlacements(settings,
+        reader.read<LossyArray<QString>>(u"knownPlacements", {placementsBeforeOriginal()})
+            .elements);
+    return settings;
+}
+
+QJsonObject Settings::toJson() const
+{
+    QJsonObject json{
+        {u"shortcuts"_s, encode(shortcuts)},
+        {u"gap"_s, gap},
+        {u"cycling"_s, cycling},
+        {u"sizeStep"_s, sizeStep},
+        {u"launchAtLogin"_s, launchAtLogin},
+        {u"showMenuBarIcon"_s, showMenuBarIcon},
+        {u"showInDock"_s, showInDock},
+        {u"appearance"_s, rawValue(appearance)},
+        {u"preset"_s, preset},
+        {u"onboardingCompleted"_s, onboardingCompleted},
+        {u"knownPlacements"_s, QJsonArray::fromStringList(placementNames())},
+    };
+    if (customShortcuts)
+        json.insert(u"customShortcuts"_s, encode(*customShortcuts));
+    return json;
+}
+
+ShortcutPreset presetOf(const Settings &settings)
+{
+    return shortcutPresetNamed(settings.preset).value_or(ShortcutPreset::sizeUp);
+}
+
+} // namespace corvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Appearance.h"
+#include "ShortcutPreset.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QStringList>
+
+#include <optional>
+
+namespace corvane {
+
+/// The raw names of every placement, in order.
+[[nodiscard]] const QStringList &placementNames();
+/// Those that a file from before there was such a list knows.
+[[nodiscard]] const QStringList &placementsBeforeOriginal();
+
+/// The user's preferences.
+struct Settings {
+    ShortcutMap shortcuts = map(ShortcutPreset::sizeUp); ///< in force
+    double gap = 0; ///< points between windows, and between them and the display's edges
+    bool cycling = true;
+    double sizeStep = 60; ///< points
+    bool launchAtLogin = false;
+    bool showMenuBarIcon = true;
+    bool showInDock = true;
+    Appearance appearance = Appearance::matchMac;
+    /// A preset's raw name, or another that a newer version or the user's own shortcuts gave.
+    QString preset = rawValue(ShortcutPreset::sizeUp);
+    bool onboardingCompleted = false;
+    std::optional<ShortcutMap> customShortcuts; ///< the user's own, kept while a preset is in force
+    /// The placements that have had their chance of a shortcut: every one, once settings are read.
+    QStringList knownPlacements = placementNames();
+
+    /// Lenient, field by field; absent only when `json` is no object. A placement that the file does
+    /// not know yet gains its preset's shortcut, unless another placement has that one.
+    [[nodiscard]] static std::optional<Settings> fromJson(
+        const QJsonValue &json, DecodeProblems &problems);
+    [[nodiscard]] QJsonObject toJson() const;
+
+    bool operator==(const Settings &) const = default;
+};
+
+/// The one that `settings.preset` names, else SizeUp.
+[[nodiscard]] ShortcutPreset presetOf(const Settings &settings);
+
+} // namespace corvane

@@ -1,0 +1,42 @@
+#include "SettingsStore.h"
+
+#include "DataFolder.h"
+#include "StoredJson.h"
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+SettingsStore::SettingsStore() : SettingsStore(dataFolder()) { }
+
+SettingsStore::SettingsStore(QString directory) : m_directory(std::move(directory)) { }
+
+QUrl SettingsStore::url() const
+{
+    return QUrl::fromLocalFile(path());
+}
+
+Settings SettingsStore::load() const
+{
+    return readStored<Settings>(path()).value;
+}
+
+SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
+{
+    const Stored<Settings> stored = readStored<Settings>(path());
+    if (stored.damage.isEmpty())
+        return {stored.value, std::nullopt};
+    return {stored.value, StoreProblem::keep(url(), stored.damage)};
+}
+
+expected<void, QString> SettingsStore::save(const Settings &settings) const
+{
+    return writeJson(path(), QJsonDocument(settings.toJson()));
+}
+
+QString SettingsStore::path() const
+{
+    return m_directory + u"/settings.json"_s;
+}
+
+} // namespace corvane

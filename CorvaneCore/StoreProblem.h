@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+
+#include <optional>
+
+namespace corvane {
+
+/// A file that could not be read, or not whole.
+struct StoreProblem {
+    QString file; ///< its name, without the folder
+    std::optional<QUrl> kept; ///< the copy of it; none when it could not be kept
+    QString reason; ///< one sentence
+
+    /// Keeps the file as it is, beside it, under its name and the time. One kept in the same second is
+    /// kept enough.
+    [[nodiscard]] static StoreProblem keep(const QUrl &url, const QString &reason,
+        const QDateTime &now = QDateTime::currentDateTime());
+
+    bool operator==(const StoreProblem &) const = default;
+};
+
+} // namespace corvane

@@ -1,0 +1,116 @@
+#include "StoredJson.h"
+
+#include "PrivateFile.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QJsonParseError>
+
+namespace corvane {
+
+namespace {
+
+QString translated(const char *sentence)
+{
+    return QCoreApplication::translate("StoredJson", sentence);
+}
+
+bool isWordCharacter(char character)
+{
+    return QByteArrayView("+-._").contains(character) || (character >= '0' && character <= '9')
+        || (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
+
+bool isValue(const QByteArray &word)
+{
+    const bool startsAsNumber = word.front() == '-' || (word.front() >= '0' && word.front() <= '9');
+    bool isNumber = false;
+    static_cast<void>(word.toDouble(&isNumber));
+    return (startsAsNumber && isNumber) || word == "true" || word == "false" || word == "null";
+}
+
+qsizetype endOfString(const QByteArray &text, qsizetype start)
+{
+    qsizetype end = start + 1;
+    while (end < text.size() && text[end] != '"')
+        end += text[end] == '\\' ? 2 : 1;
+    return qMin(end + 1, text.size());
+}
+
+qsizetype endOfWord(const QByteArray &text, qsizetype start)
+{
+    qsizetype end = start;
+    while (end < text.size() && isWordCharacter(text[end]))
+        ++end;
+    return end;
+}
+
+/// The text with an empty object for every word that is no value, such as NaN or 1e999.
+QByteArray withoutBadWords(const QByteArray &text, DecodeProblems &problems)
+{
+    QByteArray result;
+    result.reserve(text.size());
+    for (qsizetype position = 0; position < text.size();) {
+        const bool isWord = isWordCharacter(text[position]);
+        const qsizetype end = text[position] == '"' ? endOfString(text, position)
+            : isWord                                ? endOfWord(text, position)
+                                                    : position + 1;
+        const QByteArray piece = text.sliced(position, end - position);
+        if (isWord && !isValue(piece)) {
+            problems.note();
+            result += "{}";
+        } else {
+            result += piece;
+        }
+        position = end;
+    }
+    return result;
+}
+
+} // namespace
+
+expected<QJsonValue, QString> parseJson(const QByteArray &text, DecodeProblems &problems)
+{
+    QJsonParseError error;
+    QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (error.error == QJsonParseError::IllegalNumber
+        || error.error == QJsonParseError::IllegalValue) {
+        QJsonParseError secondError;
+        document = QJsonDocument::fromJson(withoutBadWords(text, problems), &secondError);
+        if (secondError.error == QJsonParseError::NoError)
+            error = secondError;
+    }
+    if (error.error != QJsonParseError::NoError)
+        return unexpected<QString>(
+            translated(QT_TRANSLATE_NOOP("StoredJson", "It is not JSON from its byte %1 on: %2."))
+                .arg(error.offset)
+                .arg(error.errorString()));
+    return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
+}
+
+expected<QJsonValue, QString> readJson(const QString &path, DecodeProblems &problems)
+{
+    const auto content = PrivateFile::read(path);
+    if (!content)
+        return unexpected<QString>(content.error());
+    return *content ? parseJson(**content, problems)
+                    : expected<QJsonValue, QString>(QJsonValue(QJsonValue::Undefined));
+}
+
+QString wrongTopLevelSentence()
+{
+    return translated(
+        QT_TRANSLATE_NOOP("StoredJson", "Its brackets are not those of what it should hold."));
+}
+
+QString problemsSentence(int count)
+{
+    return translated(QT_TRANSLATE_NOOP("StoredJson", "Values in it that cannot be used: %1."))
+        .arg(count);
+}
+
+expected<void, QString> writeJson(const QString &path, const QJsonDocument &document)
+{
+    return PrivateFile::replace(path, document.toJson(QJsonDocument::Indented));
+}
+
+} // namespace corvane

@@ -1,0 +1,32 @@
+#include "Settings.h"
+#include "StoredJson.h"
+
+#include <cstdlib>
+
+using namespace corvane;
+
+namespace {
+
+void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
+{
+    const QByteArray file(reinterpret_cast<const char *>(bytes), qsizetype(size));
+    DecodeProblems problems;
+    const auto json = parseJson(file, problems);
+    const auto settings = json ? decode<Settings>(*json, problems) : std::nullopt;
+    if (!settings)
+        return 0;
+
+    const auto written = parseJson(QJsonDocument(settings->toJson()).toJson(), problems = {});
+    const auto again = decode<Settings>(written.value(), problems);
+
+    require(again == settings && problems.count == 0);
+    return 0;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <optional>
+#include <sys/types.h>
+
+namespace corvane {
+
+/// A process that has shown a window.
+struct RunningApplication {
+    pid_t pid = 0;
+    QString bundleIdentifier; ///< the desktop entry's id, else the window class
+    QString localizedName;
+    bool isRegular = false; ///< has a window that the task bar lists
+
+    bool operator==(const RunningApplication &) const = default;
+};
+
+class Applications : public QObject
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] virtual QList<RunningApplication> running() = 0;
+    [[nodiscard]] virtual std::optional<RunningApplication> application(pid_t pid) = 0;
+    /// The application that has the focus, if any has.
+    [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
+
+Q_SIGNALS:
+    /// A process became a regular application. Arrives before the notice of its first window.
+    void launched(const corvane::RunningApplication &application);
+    /// The process ended.
+    void terminated(pid_t pid);
+};
+
+} // namespace corvane

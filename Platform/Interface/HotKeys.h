@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+namespace corvane {
+
+/// System-wide hot keys: physical keys with modifiers.
+class HotKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Modifier bits of a registration (the Carbon event manager's).
+    static constexpr quint32 cmdKey = 0x100;
+    static constexpr quint32 shiftKey = 0x200;
+    static constexpr quint32 optionKey = 0x800;
+    static constexpr quint32 controlKey = 0x1000;
+
+    static constexpr qint32 noErr = 0;
+    static constexpr qint32 hotKeyExists = -9878; ///< another program holds the combination
+    static constexpr qint32 hotKeyInvalid = -9879; ///< this keyboard lacks the key or a modifier
+
+    /// Registers the physical key (macOS virtual key code) under `id`, which the caller keeps unique.
+    /// Returns `noErr`, one of the statuses above, or an `AXError` number.
+    [[nodiscard]] virtual qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) = 0;
+    /// Forgets the registration; an unknown `id` is no error.
+    virtual void unregisterHotKey(quint32 id) = 0;
+
+Q_SIGNALS:
+    /// The key went down; repeats of a held key are not reported.
+    void pressed(quint32 id);
+    /// The desktop dropped every registration: register the whole set again.
+    void registrationsLost();
+};
+
+} // namespace corvane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Rect.h"
+
+#include <QtCore/QString>
+
+namespace corvane {
+
+/// One connected display. Both rectangles in accessibility coordinates.
+struct ScreenInfo {
+    Rect frame; ///< the whole display
+    Rect visibleFrame; ///< the display less the panels on it
+    quint32 displayID = 0;
+    QString name;
+
+    bool operator==(const ScreenInfo &) const = default;
+};
+
+} // namespace corvane

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "AXError.h"
+#include "Rect.h"
+#include "WindowElement.h"
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <optional>
+#include <sys/types.h>
+
+namespace corvane {
+
+/// Other applications' windows. Every call is synchronous and bounded by the messaging timeout.
+/// Notices arrive on the main thread, never from inside a call.
+class WindowAccess : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Focused {
+        std::optional<WindowElement> window;
+        pid_t pid = 0;
+        AXError status = AXError::success;
+    };
+
+    /// Whether the desktop lets us move windows now.
+    [[nodiscard]] virtual bool isTrusted() = 0;
+    /// One sentence for the user on why it does not; empty while it does.
+    [[nodiscard]] virtual QString distrustReason() = 0;
+    virtual void setMessagingTimeout(double seconds) = 0;
+
+    /// The focused window of the frontmost application. A focused panel or desktop is no window.
+    [[nodiscard]] virtual Focused focusedWindow() = 0;
+    /// The application's windows on this workspace, front to back, of every kind.
+    [[nodiscard]] virtual QList<WindowElement> windows(pid_t pid) = 0;
+
+    /// What a person sees of the window: decorations included, client-side shadows excluded.
+    [[nodiscard]] virtual expected<Rect, AXError> frame(const WindowElement &window) = 0;
+    [[nodiscard]] virtual expected<QString, AXError> title(const WindowElement &window) = 0;
+    [[nodiscard]] virtual expected<bool, AXError> isFullScreen(const WindowElement &window) = 0;
+    [[nodiscard]] virtual expected<bool, AXError> isMinimized(const WindowElement &window) = 0;
+    [[nodiscard]] virtual expected<bool, AXError> isResizable(const WindowElement &window) = 0;
+    /// A managed top-level window of any kind but panel and desktop.
+    [[nodiscard]] virtual expected<bool, AXError> isWindow(const WindowElement &window) = 0;
+    /// An application's ordinary window: no dialog, utility, splash screen or notification.
+    [[nodiscard]] virtual expected<bool, AXError> isStandard(const WindowElement &window) = 0;
+
+    /// Moves or resizes the visible frame. Inside an operation a size may be held back until the
+    /// position is set, the window is read, or the operation ends. A window may constrain what it is
+    /// given, and may do so later than the call: read the frame to know what it took.
+    [[nodiscard]] virtual AXError setPosition(const WindowElement &window, Point origin) = 0;
+    [[nodiscard]] virtual AXError setSize(const WindowElement &window, Size size) = 0;
+    /// Why the desktop refused the last write to this window, where it can tell; else empty.
+    [[nodiscard]] virtual QString refusalDetail(const WindowElement &window) = 0;
+
+    virtual void raise(const WindowElement &window) = 0;
+    /// Makes the window its application's main and focused one.
+    virtual void makeMain(const WindowElement &window) = 0;
+    /// Brings the application forward, with whatever windows the desktop takes along.
+    virtual void bringForward(pid_t pid) = 0;
+    /// Brings only this window forward and focuses it. False where the desktop has no way to.
+    virtual bool bringToFrontAlone(const WindowElement &window) = 0;
+    [[nodiscard]] virtual std::optional<quint32> windowID(const WindowElement &window) = 0;
+
+    /// Asks for `windowCreated` notices of this process.
+    [[nodiscard]] virtual AXError observe(pid_t pid) = 0;
+    virtual void stopObserving(pid_t pid) = 0;
+
+    /// Between the two, reads may share one look at a window and writes may be merged. They nest.
+    virtual void beginOperation() { }
+    virtual void endOperation() { }
+
+Q_SIGNALS:
+    void windowCreated(const corvane::WindowElement &window, pid_t pid);
+    void windowClosed(const corvane::WindowElement &window);
+    void trustChanged(bool trusted);
+};
+
+/// Everything between construction and destruction belongs to one operation.
+class WindowOperation final
+{
+public:
+    explicit WindowOperation(WindowAccess &windows) : m_windows(windows)
+    {
+        m_windows.beginOperation();
+    }
+    ~WindowOperation() { m_windows.endOperation(); }
+    Q_DISABLE_COPY_MOVE(WindowOperation)
+
+private:
+    WindowAccess &m_windows;
+};
+
+} // namespace corvane

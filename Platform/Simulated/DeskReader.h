@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Clock.h"
+#include "Rect.h"
+
+#include <QtCore/QJsonValue>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace corvane {
+
+/// One value of a desk file and the way to it. An absent value reads as the fallback; one that
+/// cannot be used does too, and is noted as the file's problem unless there is one already.
+class DeskReader
+{
+public:
+    DeskReader(QJsonValue value, QString path, QString &problem);
+
+    [[nodiscard]] bool isPresent() const { return !m_value.isUndefined(); }
+    /// A value inside this object.
+    [[nodiscard]] DeskReader at(const QString &key) const;
+    [[nodiscard]] QList<DeskReader> list() const;
+
+    [[nodiscard]] bool boolean(bool fallback) const;
+    [[nodiscard]] QString text(const QString &fallback = {}) const;
+    [[nodiscard]] double number(double least, double most, double fallback) const;
+    [[nodiscard]] int integer(int least, int most, int fallback) const;
+    [[nodiscard]] Clock::Duration milliseconds(Clock::Duration fallback) const;
+    [[nodiscard]] std::optional<Size> size() const;
+    [[nodiscard]] Rect rect(Rect fallback) const;
+    /// The index of the text among `words`.
+    [[nodiscard]] int oneOf(const QStringList &words, int fallback) const;
+
+    void reject(const QString &expectation) const;
+
+private:
+    [[nodiscard]] QList<double> numbers(int count, const QString &expectation) const;
+
+    QJsonValue m_value;
+    QString m_path;
+    QString *m_problem;
+};
+
+} // namespace corvane

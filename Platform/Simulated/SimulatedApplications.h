@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Applications.h"
+#include "SimulatedDesktop.h"
+
+namespace corvane {
+
+class SimulatedApplications final : public Applications
+{
+    Q_OBJECT
+
+public:
+    explicit SimulatedApplications(SimulatedDesktop &desktop);
+
+    QList<RunningApplication> running() override;
+    std::optional<RunningApplication> application(pid_t pid) override;
+    std::optional<RunningApplication> frontmost() override;
+
+private:
+    SimulatedDesktop &m_desktop;
+};
+
+} // namespace corvane

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "Applications.h"
+#include "NoticeQueue.h"
+#include "SimulatedApplication.h"
+#include "SimulatedDisplay.h"
+
+#include <QtCore/QHash>
+
+#include <map>
+
+namespace corvane {
+
+/// The world behind the simulated back end: what a person, a plug or another program does to a
+/// desk. Its operations take effect at once; its signals wait for `deliver`, the event loop or the
+/// next advance of the manual clock. Naming a window, application or display that is not there is
+/// an error of the caller's.
+class SimulatedDesktop final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Duration = Clock::Duration;
+
+    explicit SimulatedDesktop(Clock &clock);
+
+    bool tiling = false; ///< standard windows refuse every write
+    bool holdsSizes = false; ///< a size waits inside an operation, as the interface allows
+    bool fitsSizesToDisplay = false; ///< a size is cut where the window would leave its display
+    bool bringsOneForward = true; ///< one window can come forward without its application's others
+
+    // Displays. The first one plugged in is the primary one; nothing else moves when they change.
+    quint32 plug(SimulatedDisplay display);
+    void unplug(quint32 displayID);
+    void resizeDisplay(quint32 displayID, Rect frame);
+    void makePrimary(quint32 displayID);
+    void addPanel(quint32 displayID, SimulatedPanel panel);
+    void removePanels(quint32 displayID);
+    [[nodiscard]] QList<ScreenInfo> screens() const;
+
+    // Applications
+    void install(InstalledApplication application);
+    [[nodiscard]] const InstalledApplication *installed(const QString &bundleIdentifier) const;
+    /// Starts an installed application, without taking the focus. Nothing if it is not installed.
+    std::optional<pid_t> launch(const QString &bundleIdentifier);
+    /// A process without a window yet. Its number, unless one is given, is none of this machine's.
+    pid_t start(const QString &bundleIdentifier, const QString &name, pid_t pid = 0);
+    void quit(pid_t pid);
+    [[nodiscard]] SimulatedApplication &application(pid_t pid);
+    [[nodiscard]] SimulatedApplication *findApplication(pid_t pid);
+    /// Those that have shown a window, in the order of their start.
+    [[nodiscard]] QList<RunningApplication> running() const;
+
+    // Windows
+    /// In front of all others (a desktop: behind), with the focus where it takes it.
+    WindowElement openWindow(pid_t pid, const WindowSpec &spec);
+    void closeWindow(const WindowElement &element);
+    [[nodiscard]] SimulatedWindow &window(const WindowElement &element);
+    /// Null once it is closed.
+    [[nodiscard]] SimulatedWindow *findWindow(const WindowElement &element);
+    /// Every window, front to back.
+    [[nodiscard]] QList<WindowElement> stack() const;
+    void raise(const WindowElement &element);
+    void raiseApplication(pid_t pid);
+    void focus(const WindowElement &element);
+    void focusNothing();
+    [[nodiscard]] std::optional<WindowElement> focused() const;
+    /// Hides it in the task bar and passes the focus on.
+    void minimise(const WindowElement &element);
+    void maximise(const WindowElement &element);
+    void moveWindow(SimulatedWindow &window, Point origin);
+    /// Within the window's limits, and as late as it does.
+    void resizeWindow(SimulatedWindow &window, Size size);
+
+    // Trust
+    [[nodiscard]] bool isTrusted() const { return m_distrustReason.isEmpty(); }
+    [[nodiscard]] QString distrustReason() const { return m_distrustReason; }
+    void loseTrust(const QString &reason = QStringLiteral("No window manager is running."));
+    void regainTrust();
+
+    // Time and notices
+    [[nodiscard]] Clock &clock() { return m_clock; }
+    [[nodiscard]] NoticeQueue &notices() { return m_notices; }
+    /// Lets happen what fell due since the last look: late sizes, launches, exits.
+    void catchUp();
+
+Q_SIGNALS:
+    void displaysChanged();
+    void applicationLaunched(const corvane::RunningApplication &application);
+    void applicationTerminated(pid_t pid);
+    void windowOpened(const corvane::WindowElement &window, pid_t pid);
+    void windowClosed(const corvane::WindowElement &window);
+    void trustChanged(bool trusted);
+
+private:
+    SimulatedDisplay &display(quint32 displayID);
+    void noteDisplayChange();
+    void schedule(Duration delay, std::function<void()> event);
+    void noteShown(SimulatedApplication &owner, const SimulatedWindow &window);
+    void endMaximised(SimulatedWindow &window);
+    [[nodiscard]] ScreenInfo screenOf(const Rect &frame) const;
+    void passFocusOn();
+
+    Clock &m_clock;
+    NoticeQueue m_notices;
+    std::multimap<Duration, std::function<void()>> m_timeline;
+    QString m_distrustReason;
+
+    QList<SimulatedDisplay> m_displays; ///< the primary one first
+    quint32 m_lastDisplayID = 0;
+    bool m_displayChangePending = false;
+
+    QList<InstalledApplication> m_installed;
+    std::map<pid_t, SimulatedApplication> m_applications;
+    pid_t m_lastPid = 1 << 22; ///< the kernel's own numbers end there
+
+    std::map<quint64, SimulatedWindow> m_windows; ///< by number
+    QHash<quint64, quint64> m_generations; ///< the last one of each number
+    quint64 m_lastNumber = 0;
+    QList<quint64> m_stack; ///< numbers, front to back
+    std::optional<WindowElement> m_focused;
+};
+
+} // namespace corvane

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "AXError.h"
+#include "Clock.h"
+#include "Rect.h"
+#include "WindowElement.h"
+
+#include <QtCore/QString>
+
+#include <optional>
+#include <sys/types.h>
+
+namespace corvane {
+
+enum class WindowKind { standard, dialog, utility, splash, panel, desktop };
+
+/// How a window looks and behaves. A test fills in what it needs and may change it at any time.
+struct WindowSpec {
+    QString title{};
+    Rect frame{0, 0, 400, 300}; ///< what a person sees of it; unmaximised, if it is maximised
+    WindowKind kind = WindowKind::standard;
+
+    Size minimum{1, 1};
+    std::optional<Size> maximum{};
+    bool fixedSize = false;
+    Size base{}; ///< the size that the increments count from
+    Size increment{1, 1}; ///< 1: any size
+    Clock::Duration resizesAfter{0}; ///< how long after the write it takes a new size
+
+    bool fullScreen = false;
+    bool maximised = false; ///< the first write ends it
+    bool minimised = false;
+    bool onOtherWorkspace = false;
+    bool takesFocus = true; ///< when it opens; panels, desktops and splash screens never do
+
+    std::optional<AXError> refusesPosition{};
+    std::optional<AXError> refusesSize{};
+    QString refusalDetail{}; ///< told after such a refusal
+    std::optional<int> vanishesAfterCalls{}; ///< closes in place of the answer to the next call
+
+    quint64 number = 0; ///< 0: a number never used before; else that number, under a new generation
+};
+
+/// A window that is open on the simulated desktop.
+struct SimulatedWindow : WindowSpec {
+    WindowElement element{};
+    pid_t pid = 0;
+    QString lastRefusal{};
+    Rect unmaximised{}; ///< the frame to go back to when `maximised` ends
+
+    [[nodiscard]] bool isOrdinary() const; ///< neither panel nor desktop
+    [[nodiscard]] bool isListed() const; ///< the task bar shows it
+    [[nodiscard]] bool isResizable() const;
+    /// Without a person's clicking it: on show, and of a kind that asks for it.
+    [[nodiscard]] bool canHaveFocus() const;
+    /// The size it takes when it is given `size`.
+    [[nodiscard]] Size constrained(Size size) const;
+};
+
+} // namespace corvane

@@ -1,0 +1,146 @@
+#include "ClientProperties.h"
+
+#include "Properties.h"
+
+#include <algorithm>
+#include <csignal>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// The process, as the server knows it from the socket of the client that made the window.
+pid_t localClientPid(Connection &connection, xcb_res_query_client_ids_cookie_t cookie)
+{
+    const auto reply = connection.reply<xcb_res_query_client_ids_reply_t>(cookie.sequence);
+    if (!reply)
+        return 0;
+    for (auto ids = xcb_res_query_client_ids_ids_iterator(reply->get()); ids.rem;
+         xcb_res_client_id_value_next(&ids)) {
+        if (ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID
+            && xcb_res_client_id_value_value_length(ids.data) > 0)
+            return static_cast<pid_t>(*xcb_res_client_id_value_value(ids.data));
+    }
+    return 0;
+}
+
+bool isAlive(pid_t pid)
+{
+    return pid > 0 && (kill(pid, 0) == 0 || errno == EPERM);
+}
+
+void readClass(const PropertyReply &reply, KnownWindow &known)
+{
+    if (!reply || (*reply)->format != 8)
+        return;
+    const QByteArray text(static_cast<const char *>(xcb_get_property_value(reply->get())),
+        static_cast<qsizetype>((*reply)->value_len));
+    const QByteArrayList names = text.split('\0');
+    known.instanceName = QString::fromUtf8(names.value(0));
+    known.className = QString::fromUtf8(names.value(1));
+}
+
+xcb_res_query_client_ids_cookie_t requestClientIds(
+    const Connection &connection, xcb_window_t window)
+{
+    const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    return xcb_res_query_client_ids(connection.xcb(), 1, &spec);
+}
+
+} // namespace
+
+StrutRequest requestStruts(const Connection &connection, xcb_window_t window)
+{
+    return {requestProperty(connection, window, Atom::netWmStrutPartial),
+        requestProperty(connection, window, Atom::netWmStrut)};
+}
+
+QList<Strut> readStruts(Connection &connection, const StrutRequest &request)
+{
+    const auto partial = propertyReply(connection, request.partial);
+    const auto whole = propertyReply(connection, request.whole);
+    return strutsFromProperty(values32(partial).size() >= 12 ? values32(partial) : values32(whole));
+}
+
+QList<Strut> strutsFromProperty(std::span<const quint32> values)
+{
+    constexpr double everywhere = 65535;
+    using enum Strut::Edge;
+    QList<Strut> struts;
+    if (values.size() < 4)
+        return struts;
+    for (const auto edge : {left, right, top, bottom}) {
+        const auto index = static_cast<size_t>(edge);
+        if (values[index] == 0 || values[index] > everywhere)
+            continue;
+        Strut strut{edge, double(values[index]), 0, everywhere};
+        if (values.size() >= 12) {
+            strut.start = values[4 + 2 * index];
+            strut.end = values[5 + 2 * index];
+        }
+        struts << strut;
+    }
+    return struts;
+}
+
+KindRequest requestKind(const Connection &connection, xcb_window_t window)
+{
+    return {requestProperty(connection, window, Atom::netWmWindowType),
+        requestProperty(connection, window, XCB_ATOM_WM_TRANSIENT_FOR)};
+}
+
+WindowKind readKind(Connection &connection, const KindRequest &request, xcb_window_t window)
+{
+    const auto type = propertyReply(connection, request.type);
+    const auto transientFor = propertyReply(connection, request.transientFor);
+    const auto types = values32(type);
+    const auto is = [&](Atom atom) { return !types.empty() && types[0] == connection.atom(atom); };
+
+    if (is(Atom::typeDesktop))
+        return WindowKind::desktop;
+    if (is(Atom::typeDock))
+        return WindowKind::panel;
+    const auto owner = values32(transientFor);
+    const bool isTransient = !owner.empty() && owner[0] != window;
+    return isTransient || (!types.empty() && !is(Atom::typeNormal)) ? WindowKind::dialog
+                                                                    : WindowKind::standard;
+}
+
+ClientPropertiesRequest requestClientProperties(const Connection &connection, xcb_window_t window)
+{
+    return {.window = window,
+        .geometry = xcb_get_geometry(connection.xcb(), window),
+        .pid = requestProperty(connection, window, Atom::netWmPid),
+        .clientIds = requestClientIds(connection, window),
+        .windowClass = requestProperty(connection, window, XCB_ATOM_WM_CLASS),
+        .state = requestProperty(connection, window, Atom::netWmState),
+        .kind = requestKind(connection, window),
+        .struts = requestStruts(connection, window)};
+}
+
+std::optional<KnownWindow> clientProperties(
+    Connection &connection, const ClientPropertiesRequest &request)
+{
+    // Every answer is taken, even of a window that is gone, so that none is left waiting.
+    const auto geometry = connection.reply<xcb_get_geometry_reply_t>(request.geometry.sequence);
+    const auto pid = propertyReply(connection, request.pid);
+    const pid_t socketPid = localClientPid(connection, request.clientIds);
+    const auto windowClass = propertyReply(connection, request.windowClass);
+    const auto state = propertyReply(connection, request.state);
+    KnownWindow known;
+    known.kind = readKind(connection, request.kind, request.window);
+    known.struts = readStruts(connection, request.struts);
+    if (!geometry)
+        return std::nullopt;
+
+    const auto stated = values32(pid);
+    const auto statedPid = stated.empty() ? pid_t(0) : static_cast<pid_t>(stated[0]);
+    known.pid = isAlive(statedPid) ? statedPid : socketPid;
+    readClass(windowClass, known);
+    const auto states = values32(state);
+    known.inTaskbar = known.kind == WindowKind::standard
+        && std::ranges::find(states, connection.atom(Atom::stateSkipTaskbar)) == states.end();
+    return known;
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "WindowRegistry.h"
+
+#include <xcb/res.h>
+
+namespace corvane::x11 {
+
+struct StrutRequest {
+    xcb_get_property_cookie_t partial{};
+    xcb_get_property_cookie_t whole{};
+};
+
+[[nodiscard]] StrutRequest requestStruts(const Connection &connection, xcb_window_t window);
+[[nodiscard]] QList<Strut> readStruts(Connection &connection, const StrutRequest &request);
+/// From the twelve values of _NET_WM_STRUT_PARTIAL or the four of _NET_WM_STRUT.
+[[nodiscard]] QList<Strut> strutsFromProperty(std::span<const quint32> values);
+
+struct KindRequest {
+    xcb_get_property_cookie_t type{};
+    xcb_get_property_cookie_t transientFor{};
+};
+
+[[nodiscard]] KindRequest requestKind(const Connection &connection, xcb_window_t window);
+[[nodiscard]] WindowKind readKind(
+    Connection &connection, const KindRequest &request, xcb_window_t window);
+
+struct ClientPropertiesRequest {
+    xcb_window_t window = noWindow;
+    xcb_get_geometry_cookie_t geometry{};
+    xcb_get_property_cookie_t pid{};
+    xcb_res_query_client_ids_cookie_t clientIds{};
+    xcb_get_property_cookie_t windowClass{};
+    xcb_get_property_cookie_t state{};
+    KindRequest kind;
+    StrutRequest struts;
+};
+
+[[nodiscard]] ClientPropertiesRequest requestClientProperties(
+    const Connection &connection, xcb_window_t window);
+/// Nothing when the window is gone. The generation and whether it was listed are the caller's to set.
+[[nodiscard]] std::optional<KnownWindow> clientProperties(
+    Connection &connection, const ClientPropertiesRequest &request);
+
+} // namespace corvane::x11

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "Atoms.h"
+#include "AXError.h"
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+#include <xcb/xcb.h>
+
+class QSocketNotifier;
+
+namespace corvane::x11 {
+
+inline constexpr xcb_window_t noWindow = XCB_WINDOW_NONE;
+inline constexpr xcb_atom_t noAtom = XCB_ATOM_NONE;
+
+struct FreeDeleter {
+    void operator()(void *memory) const { std::free(memory); }
+};
+
+template <typename T>
+using Owned = std::unique_ptr<T, FreeDeleter>;
+
+/// A part of the back end that follows the server's events. It may change its own state at once, but
+/// tells the floors above only through `Connection::defer`.
+class EventSink
+{
+public:
+    virtual void handle(const xcb_generic_event_t &event) = 0;
+
+protected:
+    ~EventSink() = default;
+};
+
+/// The one connection to the X server. Every wait on it ends after the messaging timeout, so that a
+/// server or a window manager that hangs costs no more than that.
+class Connection final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// The error is one sentence.
+    static expected<std::unique_ptr<Connection>, QString> open();
+    ~Connection() override;
+
+    [[nodiscard]] xcb_connection_t *xcb() const { return m_xcb; }
+    [[nodiscard]] xcb_window_t root() const { return m_screen->root; }
+    [[nodiscard]] const xcb_screen_t &screen() const { return *m_screen; }
+    [[nodiscard]] xcb_atom_t atom(Atom atom) const { return m_atoms[static_cast<size_t>(atom)]; }
+    [[nodiscard]] xcb_atom_t intern(const QByteArray &name);
+
+    void setMessagingTimeout(Clock::duration timeout) { m_timeout = timeout; }
+    [[nodiscard]] Clock::duration messagingTimeout() const { return m_timeout; }
+
+    /// Waits for the answer to a request made with a cookie-returning xcb function.
+    template <typename Reply>
+    [[nodiscard]] expected<Owned<Reply>, AXError> reply(unsigned sequence)
+    {
+        auto answer = waitForReply(sequence);
+        if (!answer)
+            return unexpected<AXError>(answer.error());
+        return Owned<Reply>(static_cast<Reply *>(*answer));
+    }
+    /// The outcome of checked requests: 0, or the last one's X error code (-1 when nothing answered).
+    [[nodiscard]] int checkedError(std::span<const xcb_void_cookie_t> cookies);
+    void discard(unsigned sequence) { xcb_discard_reply(m_xcb, sequence); }
+
+    /// Handles events until `condition` holds. False when `deadline` came first.
+    bool waitFor(const std::function<bool()> &condition, Clock::time_point deadline);
+    /// Hands every event that has arrived to the sinks.
+    void drain();
+
+    /// Root events beside the properties and structure, which are always followed.
+    void followRoot(quint32 additionalEvents);
+    /// A client message to the root window, as window managers expect it.
+    void sendToRoot(xcb_window_t window, Atom type, const std::array<quint32, 5> &data);
+
+    void addSink(EventSink *sink) { m_sinks.append(sink); }
+    void removeSink(EventSink *sink) { m_sinks.removeOne(sink); }
+    /// Runs `notice` once no call into the back end is under way.
+    void defer(std::function<void()> notice);
+
+Q_SIGNALS:
+    /// The server is gone; nothing works any more.
+    void broken();
+
+private:
+    Connection(xcb_connection_t *xcb, int screenNumber);
+
+    expected<void *, AXError> waitForReply(unsigned sequence);
+    void drainQueued();
+    bool waitReadable(Clock::time_point deadline);
+    void dispatch(Owned<xcb_generic_event_t> event);
+    void pump();
+    void runDeferred();
+
+    xcb_connection_t *m_xcb;
+    xcb_screen_t *m_screen = nullptr;
+    std::array<xcb_atom_t, static_cast<size_t>(Atom::count)> m_atoms{};
+    Clock::duration m_timeout = std::chrono::seconds(1);
+    QSocketNotifier *m_notifier = nullptr;
+    QList<EventSink *> m_sinks;
+    std::vector<std::function<void()>> m_deferred;
+    bool m_silent = false; ///< the last question went unanswered, and nothing has come since
+    bool m_pumping = false;
+    bool m_pumpScheduled = false;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,178 @@
+#include "WindowRegistry.h"
+
+#include "ClientProperties.h"
+#include "Properties.h"
+
+#include <algorithm>
+
+namespace corvane::x11 {
+
+namespace {
+
+constexpr quint32 followStructure = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr quint32 followPanel = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+
+} // namespace
+
+WindowRegistry::WindowRegistry(Connection &connection) : m_connection(connection)
+{
+    m_connection.addSink(this);
+    refresh();
+}
+
+WindowRegistry::~WindowRegistry()
+{
+    m_connection.removeSink(this);
+}
+
+std::optional<WindowElement> WindowRegistry::element(xcb_window_t window)
+{
+    if (!m_known.contains(window))
+        meet({window});
+    const auto known = m_known.constFind(window);
+    if (known == m_known.cend())
+        return std::nullopt;
+    return WindowElement{window, known->generation};
+}
+
+const KnownWindow *WindowRegistry::find(const WindowElement &element) const
+{
+    const auto known = m_known.constFind(static_cast<xcb_window_t>(element.number));
+    return known != m_known.cend() && known->generation == element.generation ? &*known : nullptr;
+}
+
+QList<xcb_window_t> WindowRegistry::frontToBack()
+{
+    QList<xcb_window_t> windows =
+        readList(m_connection, m_connection.root(), Atom::netClientListStacking);
+    std::ranges::reverse(windows);
+    // Some window managers write this list later than the other one.
+    for (const xcb_window_t window : std::as_const(m_clients)) {
+        if (!windows.contains(window))
+            windows << window;
+    }
+    return windows;
+}
+
+void WindowRegistry::refresh()
+{
+    m_clients = readList(m_connection, m_connection.root(), Atom::netClientList);
+    QList<xcb_window_t> strangers;
+    std::ranges::copy_if(m_clients, std::back_inserter(strangers),
+        [this](xcb_window_t window) { return !m_known.contains(window); });
+    meet(strangers);
+
+    // A window may have been met before it was listed: it had the focus already.
+    QList<WindowElement> newcomers;
+    for (const xcb_window_t window : std::as_const(m_clients)) {
+        if (const auto known = m_known.find(window);
+            known != m_known.end() && !std::exchange(known->wasListed, true))
+            newcomers << WindowElement{window, known->generation};
+    }
+    if (!newcomers.isEmpty())
+        Q_EMIT appeared(newcomers);
+    gatherStruts();
+}
+
+void WindowRegistry::meet(const QList<xcb_window_t> &windows)
+{
+    QList<ClientPropertiesRequest> requests;
+    for (const xcb_window_t window : windows) {
+        xcb_change_window_attributes(
+            m_connection.xcb(), window, XCB_CW_EVENT_MASK, &followStructure);
+        requests << requestClientProperties(m_connection, window);
+        // Known from here on, so that its destruction while we wait is not missed.
+        m_known[window].generation = ++m_lastGeneration;
+    }
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        auto properties = clientProperties(m_connection, requests[i]);
+        const auto known = m_known.find(windows[i]);
+        if (known == m_known.end())
+            continue;
+        if (!properties) {
+            m_known.erase(known);
+            continue;
+        }
+        properties->generation = known->generation;
+        properties->wasListed = known->wasListed;
+        *known = *properties;
+        if (known->kind == WindowKind::panel || !known->struts.isEmpty())
+            xcb_change_window_attributes(
+                m_connection.xcb(), windows[i], XCB_CW_EVENT_MASK, &followPanel);
+    }
+}
+
+void WindowRegistry::handle(const xcb_generic_event_t &event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_PROPERTY_NOTIFY:
+        handleProperty(reinterpret_cast<const xcb_property_notify_event_t &>(event));
+        break;
+    case XCB_DESTROY_NOTIFY: {
+        const auto &gone = reinterpret_cast<const xcb_destroy_notify_event_t &>(event);
+        if (const auto known = m_known.constFind(gone.window);
+            gone.event == gone.window && known != m_known.cend()) {
+            const KnownWindow last = *known;
+            m_known.erase(known);
+            Q_EMIT destroyed({gone.window, last.generation}, last);
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void WindowRegistry::handleProperty(const xcb_property_notify_event_t &event)
+{
+    if (event.window == m_connection.root()) {
+        if (event.atom == m_connection.atom(Atom::netClientList))
+            scheduleRefresh();
+        else if (event.atom == m_connection.atom(Atom::netWorkarea))
+            refreshStruts();
+    } else if (event.atom == m_connection.atom(Atom::netWmStrutPartial)
+        || event.atom == m_connection.atom(Atom::netWmStrut)) {
+        refreshStruts();
+    }
+}
+
+void WindowRegistry::scheduleRefresh()
+{
+    if (std::exchange(m_refreshScheduled, true))
+        return;
+    m_connection.defer([this] {
+        m_refreshScheduled = false;
+        refresh();
+    });
+}
+
+void WindowRegistry::refreshStruts()
+{
+    if (std::exchange(m_strutsScheduled, true))
+        return;
+    m_connection.defer([this] {
+        m_strutsScheduled = false;
+        QList<std::pair<xcb_window_t, StrutRequest>> requests;
+        for (const xcb_window_t window : std::as_const(m_clients))
+            requests.emplace_back(window, requestStruts(m_connection, window));
+        for (const auto &[window, request] : std::as_const(requests)) {
+            const QList<Strut> struts = readStruts(m_connection, request);
+            if (const auto known = m_known.find(window); known != m_known.end())
+                known->struts = struts;
+        }
+        gatherStruts();
+    });
+}
+
+void WindowRegistry::gatherStruts()
+{
+    QList<Strut> struts;
+    for (const xcb_window_t window : std::as_const(m_clients)) {
+        if (const auto known = m_known.constFind(window); known != m_known.cend())
+            struts << known->struts;
+    }
+    if (std::exchange(m_struts, struts) != struts)
+        Q_EMIT strutsChanged();
+}
+
+} // namespace corvane::x11

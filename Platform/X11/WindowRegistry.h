@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Connection.h"
+#include "Rect.h"
+#include "WindowElement.h"
+#include "WindowSnapshot.h"
+
+#include <QtCore/QHash>
+
+#include <optional>
+#include <sys/types.h>
+
+namespace corvane::x11 {
+
+/// Space that a panel reserves along an edge of the whole desk (_NET_WM_STRUT_PARTIAL).
+struct Strut {
+    enum class Edge { left, right, top, bottom };
+
+    Edge edge = Edge::left;
+    double depth = 0; ///< from the edge of the desk
+    double start = 0; ///< along the edge, inclusive
+    double end = 0;
+
+    bool operator==(const Strut &) const = default;
+};
+
+/// What stays true of a window for as long as it lives, and its panel reservation.
+struct KnownWindow {
+    quint64 generation = 0;
+    pid_t pid = 0;
+    QString className;
+    QString instanceName;
+    WindowKind kind = WindowKind::standard;
+    bool inTaskbar = false; ///< when it was first seen
+    bool wasListed = false; ///< by the window manager, at some time
+    QList<Strut> struts;
+};
+
+/// The managed windows that have been seen, each from its first sight to its destruction. Gives a
+/// window number that comes round again a new generation.
+class WindowRegistry final : public QObject, private EventSink
+{
+    Q_OBJECT
+
+public:
+    explicit WindowRegistry(Connection &connection);
+    ~WindowRegistry() override;
+
+    /// The window's identity; makes its acquaintance where it is new. Nothing when it is gone.
+    [[nodiscard]] std::optional<WindowElement> element(xcb_window_t window);
+    /// Null when the window is gone, or its number belongs to another one now.
+    [[nodiscard]] const KnownWindow *find(const WindowElement &element) const;
+    [[nodiscard]] const QHash<xcb_window_t, KnownWindow> &known() const { return m_known; }
+    /// What the managed windows reserve.
+    [[nodiscard]] const QList<Strut> &struts() const { return m_struts; }
+    /// Managed windows, front to back, as they are now.
+    [[nodiscard]] QList<xcb_window_t> frontToBack();
+
+    /// Reads the client list again now, as at start.
+    void refresh();
+
+Q_SIGNALS:
+    /// Windows that are new in the client list; sent from inside the back end.
+    void appeared(const QList<corvane::WindowElement> &windows);
+    void destroyed(const corvane::WindowElement &window, const corvane::x11::KnownWindow &known);
+    void strutsChanged();
+
+private:
+    void handle(const xcb_generic_event_t &event) override;
+    void handleProperty(const xcb_property_notify_event_t &event);
+    void scheduleRefresh();
+    void meet(const QList<xcb_window_t> &windows);
+    void refreshStruts();
+    void gatherStruts();
+
+    Connection &m_connection;
+    QHash<xcb_window_t, KnownWindow> m_known;
+    QList<xcb_window_t> m_clients;
+    QList<Strut> m_struts;
+    quint64 m_lastGeneration = 0;
+    bool m_refreshScheduled = false;
+    bool m_strutsScheduled = false;
+};
+
+} // namespace corvane::x11

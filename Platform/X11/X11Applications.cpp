@@ -1,0 +1,124 @@
+#include "X11Applications.h"
+
+#include "Properties.h"
+
+#include <QtCore/QSocketNotifier>
+
+#include <csignal>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+X11Applications::Process::~Process()
+{
+    notifier.reset();
+    if (pidfd >= 0)
+        close(pidfd);
+}
+
+X11Applications::X11Applications(
+    Connection &connection, WindowRegistry &registry, freedesktop::DesktopEntries &entries)
+    : m_connection(connection), m_registry(registry), m_entries(entries)
+{
+    connect(&registry, &WindowRegistry::appeared, this, &X11Applications::meet);
+    connect(&registry, &WindowRegistry::destroyed, this, &X11Applications::lose);
+    QList<WindowElement> present;
+    for (const auto &[window, known] : registry.known().asKeyValueRange())
+        present << WindowElement{window, known.generation};
+    meet(present);
+}
+
+X11Applications::~X11Applications() = default;
+
+QList<RunningApplication> X11Applications::running()
+{
+    QList<RunningApplication> applications;
+    for (const auto &[pid, process] : m_processes)
+        applications << describe(pid, process);
+    return applications;
+}
+
+std::optional<RunningApplication> X11Applications::application(pid_t pid)
+{
+    const auto process = m_processes.find(pid);
+    if (process == m_processes.end())
+        return std::nullopt;
+    return describe(pid, process->second);
+}
+
+std::optional<RunningApplication> X11Applications::frontmost()
+{
+    const xcb_window_t active =
+        readList(m_connection, m_connection.root(), Atom::netActiveWindow).value(0);
+    const auto known = m_registry.known().constFind(active);
+    return known != m_registry.known().cend() ? application(known->pid) : std::nullopt;
+}
+
+void X11Applications::meet(const QList<WindowElement> &windows)
+{
+    for (const WindowElement &window : windows) {
+        const KnownWindow *known = m_registry.find(window);
+        if (!known || known->pid <= 0)
+            continue;
+        const pid_t pid = known->pid;
+        auto [at, isNew] = m_processes.try_emplace(pid);
+        Process &process = at->second;
+        ++process.windowCount;
+        if (isNew)
+            watchExit(pid, process);
+        // A splash screen or panel does not name the application for good.
+        if (isNew || (known->inTaskbar && !process.isRegular)) {
+            process.className = known->className;
+            process.instanceName = known->instanceName;
+        }
+        if (known->inTaskbar && !std::exchange(process.isRegular, true))
+            m_connection.defer([this, pid] {
+                if (const auto launchedApplication = application(pid))
+                    Q_EMIT launched(*launchedApplication);
+            });
+    }
+}
+
+void X11Applications::lose(const WindowElement &, const KnownWindow &known)
+{
+    const auto process = m_processes.find(known.pid);
+    if (process == m_processes.end())
+        return;
+    --process->second.windowCount;
+    // Without a descriptor to watch, an application ends with its last window.
+    if (process->second.windowCount <= 0 && process->second.pidfd < 0)
+        m_connection.defer([this, pid = known.pid] { end(pid); });
+}
+
+void X11Applications::watchExit(pid_t pid, Process &process)
+{
+    process.pidfd = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
+    if (process.pidfd < 0)
+        return;
+    process.notifier = std::make_unique<QSocketNotifier>(process.pidfd, QSocketNotifier::Read);
+    connect(process.notifier.get(), &QSocketNotifier::activated, this, [this, pid] {
+        // Later, since the notifier that calls us goes with the process.
+        m_processes.at(pid).notifier->setEnabled(false);
+        m_connection.defer([this, pid] { end(pid); });
+    });
+}
+
+void X11Applications::end(pid_t pid)
+{
+    if (m_processes.erase(pid) > 0)
+        Q_EMIT terminated(pid);
+}
+
+RunningApplication X11Applications::describe(pid_t pid, const Process &process)
+{
+    const auto entry = m_entries.find({process.className, process.instanceName});
+    return {.pid = pid,
+        .bundleIdentifier = entry ? entry->id : process.className,
+        .localizedName = entry && !entry->name.isEmpty() ? entry->name
+            : !process.className.isEmpty()               ? process.className
+                                                         : process.instanceName,
+        .isRegular = process.isRegular};
+}
+
+} // namespace corvane::x11

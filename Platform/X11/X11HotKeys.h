@@ -1,0 +1,50 @@
+#pragma once
+
+#include "HotKeys.h"
+#include "KeyMap.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QMap>
+
+namespace corvane::x11 {
+
+/// Passive key grabs on the root window, by keycode, so that they hold on every keyboard layout.
+class X11HotKeys final : public HotKeys, private EventSink
+{
+    Q_OBJECT
+
+public:
+    /// `isUsable`: false in a session where a grab would see no key.
+    X11HotKeys(Connection &connection, bool isUsable);
+    ~X11HotKeys() override;
+
+    qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
+    void unregisterHotKey(quint32 id) override;
+
+private:
+    struct Registration {
+        xcb_keycode_t keycode = 0;
+        quint32 modifiers = 0; ///< as registered
+        quint16 bits = 0; ///< on this keyboard
+
+        bool operator==(const Registration &) const = default;
+    };
+
+    void handle(const xcb_generic_event_t &event) override;
+    void keyWentDown(const xcb_key_press_event_t &event);
+    void reviewModifiers();
+
+    [[nodiscard]] std::optional<quint16> bitsFor(quint32 modifiers) const;
+    [[nodiscard]] QList<quint16> lockVariants(quint16 bits) const;
+    [[nodiscard]] qint32 grab(const Registration &registration);
+    void ungrab(const Registration &registration);
+
+    Connection &m_connection;
+    bool m_isUsable;
+    ModifierBits m_bits;
+    QMap<quint32, Registration> m_registrations;
+    QHash<xcb_keycode_t, xcb_timestamp_t> m_held; ///< keys that are down, when last heard of
+    bool m_reviewScheduled = false;
+};
+
+} // namespace corvane::x11

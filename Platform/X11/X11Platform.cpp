@@ -1,0 +1,97 @@
+#include "X11Platform.h"
+
+#include "FreedesktopSession.h"
+#include "Platform.h"
+#include "SystemClock.h"
+#include "X11Applications.h"
+#include "X11Displays.h"
+#include "X11HotKeys.h"
+#include "X11WindowAccess.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace corvane {
+
+using namespace x11;
+
+namespace {
+
+QString waylandSentence()
+{
+    const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    return QCoreApplication::translate("corvane::X11Platform",
+        "This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts "
+        "yet; it works in an X11 session.")
+        .arg(desktop.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(desktop));
+}
+
+/// An X server inside a Wayland compositor sees only its own programs' windows, and places none.
+bool isInsideWayland(Connection &connection)
+{
+    const auto resources = connection.reply<xcb_randr_get_screen_resources_current_reply_t>(
+        xcb_randr_get_screen_resources_current(connection.xcb(), connection.root()).sequence);
+    if (!resources || xcb_randr_get_screen_resources_current_outputs_length(resources->get()) == 0)
+        return false;
+    const auto output = connection.reply<xcb_randr_get_output_info_reply_t>(
+        xcb_randr_get_output_info(connection.xcb(),
+            *xcb_randr_get_screen_resources_current_outputs(resources->get()), XCB_CURRENT_TIME)
+            .sequence);
+    return output
+        && QByteArrayView(xcb_randr_get_output_info_name(output->get()),
+            xcb_randr_get_output_info_name_length(output->get()))
+               .startsWith("XWAYLAND");
+}
+
+class X11Platform final : public Platform
+{
+public:
+    explicit X11Platform(std::unique_ptr<Connection> connection)
+        : m_connection(std::move(connection))
+        , m_obstacle(isInsideWayland(*m_connection) ? waylandSentence() : QString())
+        , m_windowManager(*m_connection)
+        , m_registry(*m_connection)
+        , m_applications(*m_connection, m_registry, m_entries)
+        , m_windows(*m_connection, m_windowManager, m_registry, m_obstacle)
+        , m_displays(*m_connection, m_windowManager, m_registry)
+        , m_hotKeys(*m_connection, m_obstacle.isEmpty())
+    {
+    }
+
+    WindowAccess &windows() override { return m_windows; }
+    Displays &displays() override { return m_displays; }
+    Applications &applications() override { return m_applications; }
+    HotKeys &hotKeys() override { return m_hotKeys; }
+    Session &session() override { return m_session; }
+    Clock &clock() override { return m_clock; }
+
+private:
+    std::unique_ptr<Connection> m_connection;
+    QString m_obstacle;
+    SystemClock m_clock;
+    freedesktop::DesktopEntries m_entries;
+    freedesktop::FreedesktopSession m_session;
+    WindowManagerLink m_windowManager;
+    WindowRegistry m_registry;
+    // Before the windows, so that an application is announced before its first window.
+    X11Applications m_applications;
+    X11WindowAccess m_windows;
+    X11Displays m_displays;
+    X11HotKeys m_hotKeys;
+};
+
+} // namespace
+
+expected<std::unique_ptr<Platform>, QString> openX11Platform(std::function<void()> onBroken)
+{
+    auto connection = Connection::open();
+    if (!connection) {
+        const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+        return unexpected<QString>(isWayland ? waylandSentence() : connection.error());
+    }
+    QObject::connect(
+        connection->get(), &Connection::broken, connection->get(), std::move(onBroken));
+    (*connection)->followRoot(XCB_EVENT_MASK_NO_EVENT);
+    return std::make_unique<X11Platform>(std::move(*connection));
+}
+
+} // namespace corvane

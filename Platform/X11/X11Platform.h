@@ -1,0 +1,19 @@
+#pragma once
+
+#include "AXError.h"
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+
+namespace corvane {
+
+class Platform;
+
+/// The X11 desktop that $DISPLAY names. The error is one sentence. `onBroken` is called once when
+/// the server goes away: nothing works after that.
+[[nodiscard]] expected<std::unique_ptr<Platform>, QString> openX11Platform(
+    std::function<void()> onBroken);
+
+} // namespace corvane

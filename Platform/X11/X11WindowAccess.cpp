@@ -1,0 +1,374 @@
+#include "X11WindowAccess.h"
+
+#include "Properties.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace corvane::x11 {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 everyDesktop = 0xFFFFFFFF;
+constexpr quint32 fromPager = 2;
+
+bool canBePlaced(const WindowSnapshot &window)
+{
+    return window.kind != WindowKind::panel && window.kind != WindowKind::desktop;
+}
+
+} // namespace
+
+X11WindowAccess::X11WindowAccess(Connection &connection, WindowManagerLink &windowManager,
+    WindowRegistry &registry, const QString &obstacle)
+    : m_connection(connection)
+    , m_windowManager(windowManager)
+    , m_registry(registry)
+    , m_placer(connection, windowManager)
+    , m_obstacle(obstacle)
+    , m_wasTrusted(obstacle.isEmpty() && windowManager.isPresent())
+{
+    connect(&registry, &WindowRegistry::appeared, this, &X11WindowAccess::announce);
+    connect(&registry, &WindowRegistry::destroyed, this, &X11WindowAccess::forget);
+    connect(&windowManager, &WindowManagerLink::changed, this, &X11WindowAccess::reviewTrust);
+}
+
+bool X11WindowAccess::isTrusted()
+{
+    m_connection.drain();
+    return m_obstacle.isEmpty() && m_windowManager.isPresent();
+}
+
+QString X11WindowAccess::distrustReason()
+{
+    if (isTrusted())
+        return {};
+    if (!m_obstacle.isEmpty())
+        return m_obstacle;
+    return tr("No window manager that moves windows for other programs is running.");
+}
+
+void X11WindowAccess::setMessagingTimeout(double seconds)
+{
+    m_connection.setMessagingTimeout(std::chrono::duration_cast<Connection::Clock::duration>(
+        std::chrono::duration<double>(seconds)));
+}
+
+WindowAccess::Focused X11WindowAccess::focusedWindow()
+{
+    if (!isTrusted())
+        return {{}, 0, AXError::apiDisabled};
+    // The window that had the focus last is asked about in the same breath: mostly it still has.
+    const auto activeCookie =
+        requestProperty(m_connection, m_connection.root(), Atom::netActiveWindow);
+    const auto guess = requestSnapshot(m_connection, m_lastFocused);
+    const auto active = propertyReply(m_connection, activeCookie);
+    if (!active) {
+        discardSnapshot(m_connection, guess);
+        return {{}, 0, active.error()};
+    }
+    const auto values = values32(active);
+    const xcb_window_t window = values.empty() ? noWindow : values[0];
+    const auto element = window == noWindow ? std::nullopt : m_registry.element(window);
+    if (!element) {
+        discardSnapshot(m_connection, guess);
+        return {};
+    }
+    const pid_t pid = m_registry.find(*element)->pid;
+    expected<WindowSnapshot, AXError> snapshot;
+    if (window == m_lastFocused) {
+        snapshot = readSnapshot(m_connection, guess, m_windowManager.tilesWindows());
+        std::ignore = keep(*element, snapshot);
+    } else {
+        discardSnapshot(m_connection, guess);
+        snapshot = look(*element);
+    }
+    m_lastFocused = window;
+    if (!snapshot)
+        return {{}, pid, snapshot.error()};
+    if (!canBePlaced(*snapshot) || snapshot->hidden)
+        return {{}, pid};
+    return {element, pid};
+}
+
+QList<WindowElement> X11WindowAccess::windows(pid_t pid)
+{
+    if (!isTrusted())
+        return {};
+    const auto desktopCookie =
+        requestProperty(m_connection, m_connection.root(), Atom::netCurrentDesktop);
+    QList<std::pair<WindowElement, SnapshotRequest>> requests;
+    const auto stack = m_registry.frontToBack();
+    for (const xcb_window_t window : stack) {
+        const auto known = m_registry.known().constFind(window);
+        if (known != m_registry.known().cend() && known->pid == pid)
+            requests.emplace_back(
+                WindowElement{window, known->generation}, requestSnapshot(m_connection, window));
+    }
+    const auto desktopReply = propertyReply(m_connection, desktopCookie);
+    const auto desktops = values32(desktopReply);
+    const quint32 current = desktops.empty() ? 0 : desktops[0];
+
+    QList<WindowElement> elements;
+    for (const auto &[element, request] : std::as_const(requests)) {
+        const auto snapshot =
+            keep(element, readSnapshot(m_connection, request, m_windowManager.tilesWindows()));
+        // A tiling window manager shows a workspace on each display.
+        const bool isHere = snapshot
+            && (snapshot->desktop == current || snapshot->desktop == everyDesktop
+                || (m_windowManager.tilesWindows() && snapshot->viewable));
+        if (isHere)
+            elements << element;
+    }
+    return elements;
+}
+
+template <typename Value, typename Function>
+expected<Value, AXError> X11WindowAccess::read(const WindowElement &window, Function value)
+{
+    const auto snapshot = look(window);
+    if (!snapshot)
+        return unexpected<AXError>(snapshot.error());
+    return value(*snapshot);
+}
+
+expected<Rect, AXError> X11WindowAccess::frame(const WindowElement &window)
+{
+    return read<Rect>(window, [](const WindowSnapshot &snapshot) { return snapshot.frame(); });
+}
+
+expected<QString, AXError> X11WindowAccess::title(const WindowElement &window)
+{
+    if (const AXError error = access(window); error != AXError::success)
+        return unexpected<AXError>(error);
+    const auto number = static_cast<xcb_window_t>(window.number);
+    const auto modern = requestProperty(m_connection, number, Atom::netWmName);
+    const auto old = requestProperty(m_connection, number, XCB_ATOM_WM_NAME);
+    const auto modernReply = propertyReply(m_connection, modern);
+    const auto oldReply = propertyReply(m_connection, old);
+    if (!modernReply)
+        return unexpected<AXError>(modernReply.error());
+    const QString title = textOf(modernReply);
+    return title.isEmpty() ? textOf(oldReply) : title;
+}
+
+expected<bool, AXError> X11WindowAccess::isFullScreen(const WindowElement &window)
+{
+    return read<bool>(window, [&](const WindowSnapshot &snapshot) {
+        if (!snapshot.fullScreen)
+            m_filledByUs.remove(window);
+        return snapshot.fullScreen && !m_filledByUs.contains(window);
+    });
+}
+
+expected<bool, AXError> X11WindowAccess::isMinimized(const WindowElement &window)
+{
+    return read<bool>(window, [](const WindowSnapshot &snapshot) { return snapshot.hidden; });
+}
+
+expected<bool, AXError> X11WindowAccess::isResizable(const WindowElement &window)
+{
+    return read<bool>(
+        window, [](const WindowSnapshot &snapshot) { return snapshot.hints.isResizable(); });
+}
+
+expected<bool, AXError> X11WindowAccess::isWindow(const WindowElement &window)
+{
+    return read<bool>(window, canBePlaced);
+}
+
+expected<bool, AXError> X11WindowAccess::isStandard(const WindowElement &window)
+{
+    return read<bool>(window,
+        [](const WindowSnapshot &snapshot) { return snapshot.kind == WindowKind::standard; });
+}
+
+AXError X11WindowAccess::setPosition(const WindowElement &window, Point origin)
+{
+    if (const AXError error = access(window); error != AXError::success)
+        return error;
+    // The held size goes out with the position, in one request.
+    std::optional<Size> size;
+    if (m_pendingSize && m_pendingSize->window == window) {
+        size = m_pendingSize->size;
+        m_pendingSize.reset();
+    }
+    const auto before = look(window);
+    if (!before)
+        return before.error();
+    const Size wanted = size.value_or(before->frame().size());
+    return place(window, *before, {origin.x, origin.y, wanted.width, wanted.height});
+}
+
+AXError X11WindowAccess::setSize(const WindowElement &window, Size size)
+{
+    if (const AXError error = access(window); error != AXError::success)
+        return error;
+    if (m_pendingSize && m_pendingSize->window != window)
+        std::ignore = flushSize();
+    m_pendingSize = PendingSize{window, size};
+    return m_operations > 0 ? AXError::success : flushSize();
+}
+
+QString X11WindowAccess::refusalDetail(const WindowElement &)
+{
+    return m_refusalDetail;
+}
+
+void X11WindowAccess::raise(const WindowElement &window)
+{
+    if (access(window) != AXError::success)
+        return;
+    constexpr quint32 above = XCB_STACK_MODE_ABOVE;
+    const auto number = static_cast<xcb_window_t>(window.number);
+    if (m_windowManager.supports(Atom::netRestackWindow))
+        m_connection.sendToRoot(number, Atom::netRestackWindow, {fromPager, noWindow, above, 0, 0});
+    else
+        xcb_configure_window(m_connection.xcb(), number, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_flush(m_connection.xcb());
+}
+
+void X11WindowAccess::makeMain(const WindowElement &window)
+{
+    bringToFrontAlone(window);
+}
+
+void X11WindowAccess::bringForward(pid_t pid)
+{
+    const auto stack = m_registry.frontToBack();
+    const auto frontmost = std::ranges::find_if(stack, [&](xcb_window_t window) {
+        const auto known = m_registry.known().constFind(window);
+        return known != m_registry.known().cend() && known->pid == pid;
+    });
+    if (frontmost == stack.end())
+        return;
+    if (const auto element = m_registry.element(*frontmost))
+        bringToFrontAlone(*element);
+}
+
+bool X11WindowAccess::bringToFrontAlone(const WindowElement &window)
+{
+    if (!isTrusted() || !m_registry.find(window))
+        return false;
+    m_connection.sendToRoot(static_cast<xcb_window_t>(window.number), Atom::netActiveWindow,
+        {fromPager, XCB_CURRENT_TIME, noWindow, 0, 0});
+    xcb_flush(m_connection.xcb());
+    return true;
+}
+
+std::optional<quint32> X11WindowAccess::windowID(const WindowElement &window)
+{
+    return m_registry.find(window) ? std::optional(static_cast<quint32>(window.number))
+                                   : std::nullopt;
+}
+
+AXError X11WindowAccess::observe(pid_t pid)
+{
+    if (!isTrusted())
+        return AXError::apiDisabled;
+    m_observed.insert(pid);
+    return AXError::success;
+}
+
+void X11WindowAccess::stopObserving(pid_t pid)
+{
+    m_observed.remove(pid);
+}
+
+void X11WindowAccess::endOperation()
+{
+    if (--m_operations > 0)
+        return;
+    std::ignore = flushSize();
+    m_snapshots.clear();
+}
+
+void X11WindowAccess::announce(const QList<WindowElement> &windows)
+{
+    for (const WindowElement &window : windows) {
+        const pid_t pid = m_registry.find(window)->pid;
+        m_connection.defer([this, window, pid] {
+            if (m_observed.contains(pid))
+                Q_EMIT windowCreated(window, pid);
+        });
+    }
+}
+
+void X11WindowAccess::forget(const WindowElement &window)
+{
+    m_snapshots.remove(window);
+    m_filledByUs.remove(window);
+    if (m_pendingSize && m_pendingSize->window == window)
+        m_pendingSize.reset();
+    m_connection.defer([this, window] { Q_EMIT windowClosed(window); });
+}
+
+void X11WindowAccess::reviewTrust()
+{
+    const bool trusted = m_obstacle.isEmpty() && m_windowManager.isPresent();
+    if (std::exchange(m_wasTrusted, trusted) != trusted)
+        m_connection.defer([this, trusted] { Q_EMIT trustChanged(trusted); });
+}
+
+expected<WindowSnapshot, AXError> X11WindowAccess::look(const WindowElement &window)
+{
+    if (m_pendingSize && m_pendingSize->window == window)
+        std::ignore = flushSize();
+    if (const AXError error = access(window); error != AXError::success)
+        return unexpected<AXError>(error);
+    if (const auto known = m_snapshots.constFind(window); known != m_snapshots.cend())
+        return *known;
+    const auto number = static_cast<xcb_window_t>(window.number);
+    return keep(window,
+        readSnapshot(
+            m_connection, requestSnapshot(m_connection, number), m_windowManager.tilesWindows()));
+}
+
+expected<WindowSnapshot, AXError> X11WindowAccess::keep(
+    const WindowElement &window, expected<WindowSnapshot, AXError> snapshot)
+{
+    if (snapshot && m_operations > 0)
+        m_snapshots.insert(window, *snapshot);
+    return snapshot;
+}
+
+AXError X11WindowAccess::access(const WindowElement &window) const
+{
+    if (!m_obstacle.isEmpty() || !m_windowManager.isPresent())
+        return AXError::apiDisabled;
+    return m_registry.find(window) ? AXError::success : AXError::invalidUIElement;
+}
+
+AXError X11WindowAccess::flushSize()
+{
+    const auto pending = std::exchange(m_pendingSize, std::nullopt);
+    if (!pending)
+        return AXError::success;
+    const auto before = look(pending->window);
+    if (!before)
+        return before.error();
+    const Rect current = before->frame();
+    return place(pending->window, *before,
+        {current.x, current.y, pending->size.width, pending->size.height});
+}
+
+AXError X11WindowAccess::place(
+    const WindowElement &window, const WindowSnapshot &before, const Rect &frame)
+{
+    m_snapshots.remove(window);
+    m_refusalDetail.clear();
+    const auto after = m_placer.place(static_cast<xcb_window_t>(window.number), before, frame);
+    if (!after) {
+        m_refusalDetail = m_placer.refusalDetail();
+        return after.error();
+    }
+    // Some window managers make an undecorated window that fills a display full screen by themselves.
+    if (after->fullScreen)
+        m_filledByUs.insert(window);
+    std::ignore = keep(window, after);
+    return AXError::success;
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "WindowAccess.h"
+#include "WindowPlacer.h"
+#include "WindowRegistry.h"
+
+#include <QtCore/QSet>
+
+namespace corvane::x11 {
+
+/// Windows as an EWMH pager reads and moves them.
+class X11WindowAccess final : public WindowAccess
+{
+    Q_OBJECT
+
+public:
+    /// `obstacle`: why nothing can be moved in this session at all; empty where it can.
+    X11WindowAccess(Connection &connection, WindowManagerLink &windowManager,
+        WindowRegistry &registry, const QString &obstacle);
+
+    bool isTrusted() override;
+    QString distrustReason() override;
+    void setMessagingTimeout(double seconds) override;
+
+    Focused focusedWindow() override;
+    QList<WindowElement> windows(pid_t pid) override;
+
+    expected<Rect, AXError> frame(const WindowElement &window) override;
+    expected<QString, AXError> title(const WindowElement &window) override;
+    expected<bool, AXError> isFullScreen(const WindowElement &window) override;
+    expected<bool, AXError> isMinimized(const WindowElement &window) override;
+    expected<bool, AXError> isResizable(const WindowElement &window) override;
+    expected<bool, AXError> isWindow(const WindowElement &window) override;
+    expected<bool, AXError> isStandard(const WindowElement &window) override;
+
+    AXError setPosition(const WindowElement &window, Point origin) override;
+    AXError setSize(const WindowElement &window, Size size) override;
+    QString refusalDetail(const WindowElement &window) override;
+
+    void raise(const WindowElement &window) override;
+    void makeMain(const WindowElement &window) override;
+    void bringForward(pid_t pid) override;
+    bool bringToFrontAlone(const WindowElement &window) override;
+    std::optional<quint32> windowID(const WindowElement &window) override;
+
+    AXError observe(pid_t pid) override;
+    void stopObserving(pid_t pid) override;
+
+    void beginOperation() override { ++m_operations; }
+    void endOperation() override;
+
+private:
+    struct PendingSize {
+        WindowElement window;
+        Size size;
+    };
+
+    void announce(const QList<WindowElement> &windows);
+    void forget(const WindowElement &window);
+    void reviewTrust();
+
+    /// The window as it is now, once what was asked of it has happened.
+    [[nodiscard]] expected<WindowSnapshot, AXError> look(const WindowElement &window);
+    [[nodiscard]] expected<WindowSnapshot, AXError> keep(
+        const WindowElement &window, expected<WindowSnapshot, AXError> snapshot);
+    template <typename Value, typename Function>
+    [[nodiscard]] expected<Value, AXError> read(const WindowElement &window, Function value);
+
+    /// Whether the window is there and may be read and written.
+    [[nodiscard]] AXError access(const WindowElement &window) const;
+    [[nodiscard]] AXError flushSize();
+    [[nodiscard]] AXError place(
+        const WindowElement &window, const WindowSnapshot &before, const Rect &frame);
+
+    Connection &m_connection;
+    WindowManagerLink &m_windowManager;
+    WindowRegistry &m_registry;
+    WindowPlacer m_placer;
+    QString m_obstacle;
+    bool m_wasTrusted;
+
+    xcb_window_t m_lastFocused = noWindow; ///< what to ask about before it is known to be right
+    int m_operations = 0;
+    QHash<WindowElement, WindowSnapshot> m_snapshots; ///< within one operation
+    std::optional<PendingSize> m_pendingSize;
+    QString m_refusalDetail;
+    QSet<WindowElement>
+        m_filledByUs; ///< full screen only because our move made them fill a display
+    QSet<pid_t> m_observed;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,98 @@
+#include "HotKey.h"
+
+#include "KeyCombo.h"
+#include "SimulatedPlatform.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <optional>
+
+namespace corvane {
+
+namespace {
+
+constexpr quint16 leftArrow = 123;
+constexpr quint64 controlOption = KeyCombo::control | KeyCombo::option;
+constexpr quint32 registeredControlOption = HotKeys::controlKey | HotKeys::optionKey;
+
+class HotKeyTests : public testing::Test
+{
+protected:
+    void press(quint16 keyCode, quint32 modifiers)
+    {
+        platform.hotKeys().press(keyCode, modifiers);
+        platform.deliver();
+    }
+
+    SimulatedPlatform platform;
+    int presses = 0;
+};
+
+} // namespace
+
+TEST_F(HotKeyTests, runsItsActionOnEachPress)
+{
+    const HotKey hotKey(leftArrow, controlOption, [this] { ++presses; });
+
+    press(leftArrow, registeredControlOption);
+    press(leftArrow, registeredControlOption);
+    press(leftArrow, registeredControlOption | HotKeys::shiftKey);
+
+    EXPECT_TRUE(hotKey.isRegistered());
+    EXPECT_EQ(presses, 2);
+}
+
+TEST_F(HotKeyTests, everyModifierIsPartOfTheCombination)
+{
+    const HotKey bare(122, 0, [this] { presses += 1; });
+    const HotKey full(122, KeyCombo::modifierMask, [this] { presses += 10; });
+
+    press(122, 0);
+    press(122, HotKeys::controlKey | HotKeys::optionKey | HotKeys::shiftKey | HotKeys::cmdKey);
+
+    EXPECT_EQ(presses, 11);
+}
+
+TEST_F(HotKeyTests, oneThatAnotherProgramHoldsSaysSo)
+{
+    platform.hotKeys().takeByRival(leftArrow, registeredControlOption);
+
+    const HotKey taken(leftArrow, controlOption, [] {});
+    platform.hotKeys().removeKey(2);
+    const HotKey missing(2, controlOption, [] {});
+
+    EXPECT_FALSE(taken.isRegistered());
+    EXPECT_EQ(taken.status(), HotKeys::hotKeyExists);
+    EXPECT_EQ(missing.status(), HotKeys::hotKeyInvalid);
+}
+
+TEST_F(HotKeyTests, givesItsCombinationBack)
+{
+    auto first = std::make_unique<HotKey>(leftArrow, controlOption, [] {});
+    const quint32 firstId = first->id();
+    first.reset();
+
+    const HotKey second(leftArrow, controlOption, [this] { ++presses; });
+    press(leftArrow, registeredControlOption);
+
+    EXPECT_TRUE(second.isRegistered());
+    EXPECT_EQ(second.id(), firstId + 1);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(HotKeyTests, anActionMayReplaceTheHotKeyThatRunsIt)
+{
+    std::optional<HotKey> hotKey;
+    hotKey.emplace(leftArrow, controlOption, [&] {
+        hotKey.reset();
+        hotKey.emplace(leftArrow, controlOption, [this] { ++presses; });
+    });
+
+    press(leftArrow, registeredControlOption);
+    press(leftArrow, registeredControlOption);
+
+    EXPECT_EQ(presses, 1);
+}
+
+} // namespace corvane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
+
+#include <functional>
+#include <optional>
+#include <sys/resource.h>
+#include <sys/types.h>
+
+namespace corvane {
+
+/// A folder of a test's own, with what a user or a crash may have left in it.
+class StoreFolder final
+{
+public:
+    [[nodiscard]] QString path() const { return m_folder.path(); }
+    [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
+    [[nodiscard]] QByteArray encoded(const QString &name) const;
+
+    void write(const QString &name, const QByteArray &content) const;
+    /// Nothing when there is no such file.
+    [[nodiscard]] std::optional<QByteArray> read(const QString &name) const;
+    /// Every name, hidden ones too.
+    [[nodiscard]] QStringList names() const;
+    [[nodiscard]] mode_t mode(const QString &name) const;
+    void clear() const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// The files that this process writes may not grow beyond so many bytes, while it lives.
+class FileSizeLimit final
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes);
+    ~FileSizeLimit();
+    Q_DISABLE_COPY_MOVE(FileSizeLimit)
+};
+
+/// Takes root's rights from this process, while it lives; `folder` is the user's who is left.
+class WithoutPrivileges final
+{
+public:
+    explicit WithoutPrivileges(const StoreFolder &folder);
+    ~WithoutPrivileges();
+    Q_DISABLE_COPY_MOVE(WithoutPrivileges)
+};
+
+/// Runs `action` in a process of its own.
+[[nodiscard]] pid_t startProcess(const std::function<void()> &action);
+/// Whether it came to its end.
+[[nodiscard]] bool waitFor(pid_t process);
+/// Runs `action` in a process of its own, and kills it where it enters or leaves the kernel for the
+/// `boundary`th time. Absent when this system lets no process watch another one; false when the
+/// action has fewer boundaries.
+[[nodiscard]] std::optional<bool> killAtBoundary(int boundary, const std::function<void()> &action);
+
+} // namespace corvane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "AXError.h"
+
+#include <QtCore/QStringList>
+
+namespace corvane::demo {
+
+struct DemoOptions {
+    QString windowManager = QStringLiteral("openbox");
+    QString pictureFolder = QStringLiteral("build/demo");
+    QString reducedPicture; ///< where a picture for a page goes; empty for none
+    bool help = false;
+
+    /// The error is a sentence.
+    [[nodiscard]] static expected<DemoOptions, QString> parse(const QStringList &arguments);
+    [[nodiscard]] static QString helpText();
+};
+
+} // namespace corvane::demo

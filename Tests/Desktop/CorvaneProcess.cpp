@@ -1,0 +1,128 @@
+#include "CorvaneProcess.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Rect toRect(const QJsonValue &value)
+{
+    return {value[0].toDouble(), value[1].toDouble(), value[2].toDouble(), value[3].toDouble()};
+}
+
+} // namespace
+
+QString CorvaneProcess::Answer::name() const
+{
+    return outcome["outcome"_L1].toString();
+}
+
+QString CorvaneProcess::Answer::reason() const
+{
+    return outcome["reason"_L1].toString();
+}
+
+Rect CorvaneProcess::Answer::to() const
+{
+    return toRect(outcome["to"_L1]);
+}
+
+Rect CorvaneProcess::Answer::from() const
+{
+    return toRect(outcome["from"_L1]);
+}
+
+CorvaneProcess::CorvaneProcess(PrivateSession &session, QString program)
+    : m_session(session), m_program(std::move(program))
+{
+}
+
+bool CorvaneProcess::start()
+{
+    if (m_process)
+        m_logStart = m_process->log().size();
+    m_process = m_session.launch(m_program, {u"--verbose"_s});
+    return waitUntil([this] { return !readyLine().isEmpty() || !isRunning(); }, Milliseconds{30000})
+        && isRunning();
+}
+
+void CorvaneProcess::stop()
+{
+    if (m_process)
+        m_process->stop();
+}
+
+CorvaneProcess::Answer CorvaneProcess::place(const QString &placement)
+{
+    Answer answer = ask({u"--place"_s, placement, u"--json"_s});
+    answer.outcome = QJsonDocument::fromJson(answer.output).object();
+    return answer;
+}
+
+CorvaneProcess::Answer CorvaneProcess::ask(const QStringList &arguments)
+{
+    const QString logPath = m_session.folder() + u"/caller.log"_s;
+    const qint64 logStart = QFileInfo(logPath).size();
+    const auto start = std::chrono::steady_clock::now();
+    ChildProcess caller(
+        {m_program, arguments, m_session.environment(), logPath, ChildProcess::Channel::pipes});
+    Answer answer;
+    answer.exitStatus = caller.waitForExit();
+    answer.duration =
+        std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
+    while (const auto line = caller.readLine(Milliseconds{0}))
+        answer.output += *line + '\n';
+    answer.errors = caller.log().mid(logStart);
+    return answer;
+}
+
+QStringList CorvaneProcess::log() const
+{
+    const QByteArray text = m_process ? m_process->log().mid(m_logStart) : QByteArray();
+    return QString::fromUtf8(text.left(text.lastIndexOf('\n') + 1))
+        .split(u'\n', Qt::SkipEmptyParts);
+}
+
+QString CorvaneProcess::readyLine() const
+{
+    const QStringList lines = log();
+    const auto line = std::ranges::find_if(
+        lines, [](const QString &each) { return each.startsWith(u"ready"_s); });
+    return line == lines.end() ? QString() : *line;
+}
+
+bool CorvaneProcess::waitForLog(const QString &text, qsizetype seen, Milliseconds deadline) const
+{
+    return waitUntil(
+        [&] {
+            const QStringList lines = log().mid(seen);
+            return std::ranges::any_of(
+                lines, [&](const QString &line) { return line.contains(text); });
+        },
+        deadline);
+}
+
+qint64 CorvaneProcess::residentKilobytes() const
+{
+    QFile file(u"/proc/%1/status"_s.arg(pid()));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = file.readAll();
+    const qsizetype at = text.indexOf("VmRSS:");
+    return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLongLong();
+}
+
+qsizetype CorvaneProcess::openFiles() const
+{
+    return QDir(u"/proc/%1/fd"_s.arg(pid())).entryList(QDir::AllEntries | QDir::System).size();
+}
+
+} // namespace corvane::desktop

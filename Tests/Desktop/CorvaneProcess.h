@@ -1,0 +1,59 @@
+#pragma once
+
+#include "PrivateSession.h"
+#include "Rect.h"
+
+#include <QtCore/QJsonObject>
+
+namespace corvane::desktop {
+
+/// The program itself, resident in a session and asked over the session bus.
+class CorvaneProcess
+{
+public:
+    /// What one `--place` came to.
+    struct Answer {
+        std::optional<int> exitStatus; ///< nothing when it did not end in time, or crashed
+        QJsonObject outcome;
+        QByteArray output;
+        QByteArray errors;
+        Milliseconds duration{0};
+
+        [[nodiscard]] QString name() const; ///< such as "moved"
+        [[nodiscard]] QString reason() const; ///< empty when the window moved
+        [[nodiscard]] Rect to() const;
+        [[nodiscard]] Rect from() const;
+    };
+
+    CorvaneProcess(PrivateSession &session, QString program);
+
+    /// Starts the resident process; true once its hot keys are live.
+    [[nodiscard]] bool start();
+    void stop();
+    [[nodiscard]] bool isRunning() { return m_process && m_process->isRunning(); }
+    [[nodiscard]] pid_t pid() const { return m_process->pid(); }
+    [[nodiscard]] ChildProcess &process() { return *m_process; }
+
+    /// Runs `corvane --place <placement> --json` to its end.
+    [[nodiscard]] Answer place(const QString &placement);
+    /// Runs the program with these arguments to its end; the outcome is empty.
+    [[nodiscard]] Answer ask(const QStringList &arguments);
+
+    /// What the resident process has written, whole lines only.
+    [[nodiscard]] QStringList log() const;
+    [[nodiscard]] QString readyLine() const;
+    /// Waits for a line after the first `seen` ones that contains the text.
+    [[nodiscard]] bool waitForLog(
+        const QString &text, qsizetype seen = 0, Milliseconds deadline = patience) const;
+
+    [[nodiscard]] qint64 residentKilobytes() const;
+    [[nodiscard]] qsizetype openFiles() const;
+
+private:
+    PrivateSession &m_session;
+    QString m_program;
+    std::unique_ptr<ChildProcess> m_process;
+    qsizetype m_logStart = 0; ///< the log is shared by every run on the desktop
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,123 @@
+#include "PrivateSession.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView markerName{"CORVANE_DESKTOP"};
+
+QProcessEnvironment withoutRealSession()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const auto &name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"XAUTHORITY"_s, u"SWAYSOCK"_s,
+             u"I3SOCK"_s, u"DESKTOP_SESSION"_s, u"XDG_CURRENT_DESKTOP"_s, u"SESSION_MANAGER"_s})
+        environment.remove(name);
+    return environment;
+}
+
+} // namespace
+
+PrivateSession::PrivateSession()
+    : m_folder(QDir::tempPath() + u"/corvane-desktop-XXXXXX"_s), m_environment(withoutRealSession())
+{
+    const QString home = folder() + u"/home"_s;
+    const QString runtime = folder() + u"/run"_s;
+    for (const QString &path : {home + u"/.config"_s, home + u"/.local/share"_s, runtime})
+        QDir().mkpath(path);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const std::initializer_list<std::pair<QString, QString>> values{
+        {markerName, folder()},
+        {u"HOME"_s, home},
+        {u"XDG_CONFIG_HOME"_s, home + u"/.config"_s},
+        {u"XDG_DATA_HOME"_s, home + u"/.local/share"_s},
+        {u"XDG_CACHE_HOME"_s, home + u"/.cache"_s},
+        {u"XDG_RUNTIME_DIR"_s, runtime},
+        {u"XDG_SESSION_TYPE"_s, u"x11"_s},
+        {u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=%1/bus"_s.arg(runtime)},
+        {u"QT_QPA_PLATFORM"_s, u"xcb"_s},
+        {u"GSETTINGS_BACKEND"_s, u"keyfile"_s},
+        {u"GDK_BACKEND"_s, u"x11"_s},
+        {u"NO_AT_BRIDGE"_s, u"1"_s},
+        {u"LIBGL_ALWAYS_SOFTWARE"_s, u"1"_s},
+        {u"KWIN_COMPOSE"_s, u"N"_s},
+        {u"LC_ALL"_s, u"C.UTF-8"_s},
+    };
+    for (const auto &[name, value] : values)
+        m_environment.insert(name, value);
+}
+
+PrivateSession::~PrivateSession()
+{
+    m_bus.reset();
+    endStrays();
+}
+
+QString PrivateSession::startBus()
+{
+    m_bus = launch(u"dbus-daemon"_s,
+        {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s,
+            u"--address=%1"_s.arg(m_environment.value(u"DBUS_SESSION_BUS_ADDRESS"_s))},
+        ChildProcess::Channel::pipes);
+    return m_bus->readLine() ? QString() : u"the session bus did not start:\n%1"_s.arg(logs());
+}
+
+void PrivateSession::setVariable(const QString &name, const QString &value)
+{
+    m_environment.insert(name, value);
+}
+
+QString PrivateSession::configFolder() const
+{
+    return folder() + u"/home/.config"_s;
+}
+
+std::unique_ptr<ChildProcess> PrivateSession::launch(
+    const QString &program, const QStringList &arguments, ChildProcess::Channel channel)
+{
+    const QString log = u"%1/%2.log"_s.arg(folder(), QFileInfo(program).fileName());
+    return std::make_unique<ChildProcess>(
+        ChildProcess::Command{program, arguments, m_environment, log, channel});
+}
+
+bool PrivateSession::run(const QString &program, const QStringList &arguments)
+{
+    return launch(program, arguments)->waitForExit() == 0;
+}
+
+QString PrivateSession::logs(qsizetype bytesEach) const
+{
+    QString text;
+    const QFileInfoList files = QDir(folder()).entryInfoList({u"*.log"_s}, QDir::Files);
+    for (const QFileInfo &info : files) {
+        QFile file(info.filePath());
+        if (file.open(QIODevice::ReadOnly) && file.size() > 0)
+            text += u"--- %1\n%2\n"_s.arg(
+                info.fileName(), QString::fromUtf8(file.readAll().right(bytesEach)));
+    }
+    return text;
+}
+
+// Services that the bus started are no children of ours; the variable in their environment tells
+// them from everybody else's.
+void PrivateSession::endStrays() const
+{
+    const QByteArray marker = (markerName + u'=' + folder()).toLocal8Bit();
+    const QStringList entries = QDir(u"/proc"_s).entryList(QDir::Dirs);
+    for (const QString &entry : entries) {
+        QFile file(u"/proc/%1/environ"_s.arg(entry));
+        const pid_t pid = entry.toInt();
+        if (pid > 0 && pid != ::getpid() && file.open(QIODevice::ReadOnly)
+            && file.readAll().split('\0').contains(marker))
+            ::kill(pid, SIGKILL);
+    }
+}
+
+} // namespace corvane::desktop

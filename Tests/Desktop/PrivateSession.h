@@ -1,0 +1,48 @@
+#pragma once
+
+#include "AXError.h"
+#include "ChildProcess.h"
+
+#include <QtCore/QTemporaryDir>
+
+#include <memory>
+
+namespace corvane::desktop {
+
+/// A user's session apart from the real one: a home and a session bus of its own, no display yet.
+/// Everything that was started in it ends with it.
+class PrivateSession
+{
+public:
+    PrivateSession();
+    ~PrivateSession();
+    Q_DISABLE_COPY_MOVE(PrivateSession)
+
+    /// Empty when the bus runs, else a sentence.
+    [[nodiscard]] QString startBus();
+
+    /// For programs in this session: bus, display, private folders, quiet toolkits.
+    [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
+    /// Sets one variable for the programs that are started from now on.
+    void setVariable(const QString &name, const QString &value);
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+    [[nodiscard]] QString configFolder() const;
+
+    /// Starts a program; its output goes to "<program>.log" in the session's folder.
+    [[nodiscard]] std::unique_ptr<ChildProcess> launch(const QString &program,
+        const QStringList &arguments = {},
+        ChildProcess::Channel channel = ChildProcess::Channel::log);
+    /// Runs a program to its end. Whether it exited with 0.
+    [[nodiscard]] bool run(const QString &program, const QStringList &arguments);
+    /// The end of every log, for a failed test's message.
+    [[nodiscard]] QString logs(qsizetype bytesEach = 2000) const;
+
+private:
+    void endStrays() const;
+
+    QTemporaryDir m_folder;
+    QProcessEnvironment m_environment;
+    std::unique_ptr<ChildProcess> m_bus;
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "DisplayArranger.h"
+#include "DisplayServer.h"
+#include "PrivateSession.h"
+#include "WindowProbe.h"
+#include "XConnection.h"
+
+namespace corvane::desktop {
+
+/// A private session on an X server with displays.
+class VirtualDesktop : public PrivateSession
+{
+public:
+    struct Options {
+        DisplayServer::Kind server = DisplayServer::Kind::hotplug;
+        QList<Rect> displays{{0, 0, 1920, 1080}};
+    };
+
+    /// The error is a sentence.
+    [[nodiscard]] static expected<std::unique_ptr<VirtualDesktop>, QString> start(
+        const Options &options);
+
+    [[nodiscard]] QString displayName() const { return m_server->displayName(); }
+    [[nodiscard]] XConnection &connection() { return *m_connection; }
+    [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
+
+    /// Starts a small program with a window of Qt's, titled as given.
+    [[nodiscard]] std::unique_ptr<ChildProcess> launchQtClient(const QString &title);
+
+    /// The physical keyboard stays; what its keys mean becomes that of "us", "de", "us,fr" ... The
+    /// Menu key switches between several.
+    [[nodiscard]] bool setKeyboardLayouts(const QString &layouts);
+
+private:
+    VirtualDesktop() = default;
+    [[nodiscard]] QString startServer(const Options &options);
+
+    std::unique_ptr<DisplayServer> m_server;
+    std::unique_ptr<XConnection> m_connection;
+    std::unique_ptr<DisplayArranger> m_displays;
+};
+
+} // namespace corvane::desktop

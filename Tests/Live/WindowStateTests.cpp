@@ -1,0 +1,160 @@
+#include "LiveDesk.h"
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class WindowStateTests : public LiveTests
+{
+protected:
+    bool waitForState(xcb_window_t window, const char *state)
+    {
+        return waitUntil([&] { return probe().hasState(window, state); }, Milliseconds{2000});
+    }
+
+    /// By the window manager's own shortcut. KWin's keys come late, through a service of their own,
+    /// so it is asked for the action behind the key.
+    void tileLeft()
+    {
+        if (!isManager({"kwin_x11"})) {
+            press({KeyStroke::super, Key::left});
+            return;
+        }
+        EXPECT_TRUE(desktop().run(u"dbus-send"_s,
+            {u"--session"_s, u"--print-reply"_s, u"--dest=org.kde.kglobalaccel"_s,
+                u"/component/kwin"_s, u"org.kde.kglobalaccel.Component.invokeShortcut"_s,
+                u"string:Window Quick Tile Left"_s}));
+    }
+
+    void expectToLandAfter(xcb_window_t window, const QString &placement)
+    {
+        const Rect expected = frameOf(region(placement), standardDisplay);
+        press(region(placement).stroke);
+
+        EXPECT_EQ(reached(window, expected), expected) << qPrintable(placement);
+        EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+        EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_MAXIMIZED_HORZ"));
+    }
+};
+
+const WindowRequest shadowed{
+    .geometry = {200, 150, 700, 500}, .decorated = false, .shadow = {26, 26, 23, 29}};
+const WindowRequest slowShadowed{.geometry = {200, 150, 700, 500},
+    .decorated = false,
+    .shadow = {26, 26, 23, 29},
+    .shadowDelay = 110};
+
+} // namespace
+
+TEST_F(WindowStateTests, maximisedWindowsLeaveThatStateAndLandExactly)
+{
+    if (isManager({"i3"}))
+        GTEST_SKIP() << "i3 has no maximised windows";
+    for (const WindowRequest &request : {WindowRequest{}, shadowed, slowShadowed}) {
+        const xcb_window_t window = showFocused(request);
+        for (const auto &placement : {u"leftHalf"_s, u"bottomRight"_s, u"maximize"_s}) {
+            pager().setMaximized(window, Pager::Change::add);
+            ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+            static_cast<void>(frame(window));
+
+            expectToLandAfter(window, placement);
+        }
+        client().close(window);
+    }
+}
+
+TEST_F(WindowStateTests, halfMaximisedWindowsLeaveThatStateAndLandExactly)
+{
+    if (isManager({"i3"}))
+        GTEST_SKIP() << "i3 has no maximised windows";
+    const xcb_window_t window = showFocused();
+    pager().setMaximizedVertically(window, Pager::Change::add);
+    ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+
+    expectToLandAfter(window, u"topRight"_s);
+}
+
+TEST_F(WindowStateTests, maximisedGtkWindowsLandExactly)
+{
+    if (isManager({"i3"}))
+        GTEST_SKIP() << "i3 has no maximised windows";
+    const auto application = desktop().launch(u"gtk3-demo"_s);
+    const xcb_window_t window = probe().waitForWindow(
+        [&](xcb_window_t each) { return probe().hasClass(each, "Gtk3-demo"); });
+    ASSERT_TRUE(focus(window));
+    for (const auto &placement : {u"leftHalf"_s, u"bottomRight"_s}) {
+        pager().setMaximized(window, Pager::Change::add);
+        ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+        static_cast<void>(frame(window));
+
+        expectToLandAfter(window, placement);
+    }
+}
+
+TEST_F(WindowStateTests, windowsThatTheWindowManagerTiledLandExactly)
+{
+    if (isManager({"openbox", "icewm", "fluxbox", "i3"}))
+        GTEST_SKIP() << "this window manager tiles no windows that float";
+    const Rect tile = frameOf(region(u"leftHalf"), standardDisplay);
+    for (const auto &placement : {u"topRight"_s, u"bottomRight"_s}) {
+        const xcb_window_t window = showFocused();
+        press({KeyStroke::super, Key::left});
+        ASSERT_EQ(reached(window, tile), tile) << "it was not tiled";
+
+        // metacity tiles a window again whenever it leaves the maximised state, and ignores moves.
+        if (isManager({"metacity"})) {
+            EXPECT_TRUE(refused(corvane().place(placement), u"could not set position"_s));
+            EXPECT_EQ(frame(window), tile);
+        } else {
+            expectToLandAfter(window, placement);
+        }
+        client().close(window);
+    }
+}
+
+TEST_F(WindowStateTests, fullScreenIsRefusedWithItsSentenceAndNothingIsWritten)
+{
+    const xcb_window_t window = showFocused();
+    pager().setFullScreen(window, Pager::Change::add);
+    ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_FULLSCREEN"));
+    const Rect before = frame(window);
+
+    const auto answer = corvane().place(u"leftHalf"_s);
+
+    EXPECT_TRUE(refused(answer, u"window is in native full screen"_s));
+    EXPECT_TRUE(probe().hasState(window, "_NET_WM_STATE_FULLSCREEN"));
+    EXPECT_EQ(frame(window), before);
+    EXPECT_EQ(before, standardDisplay);
+}
+
+TEST_F(WindowStateTests, anUndecoratedWindowThatFillsTheDisplayCanBePlacedAgain)
+{
+    const xcb_window_t window = showFocused({.decorated = false});
+    press(strokes::maximize);
+    ASSERT_EQ(reached(window, standardDisplay), standardDisplay);
+
+    expectToLandAfter(window, u"leftHalf"_s);
+}
+
+TEST_F(WindowStateTests, aMinimisedWindowIsNoFocusedWindow)
+{
+    if (isManager({"i3"}))
+        GTEST_SKIP() << "i3 minimises no windows";
+    const xcb_window_t window = showFocused();
+    const Rect before = frame(window);
+    pager().minimize(window);
+    ASSERT_TRUE(waitUntil([&] { return probe().isMinimized(window); }));
+    ASSERT_TRUE(waitUntil([&] { return probe().activeWindow() != window; }));
+
+    const auto answer = corvane().place(u"leftHalf"_s);
+
+    EXPECT_TRUE(refused(answer, u"no focused window"_s));
+    EXPECT_TRUE(probe().isMinimized(window));
+    pager().activate(window);
+    ASSERT_TRUE(waitUntil([&] { return probe().isViewable(window); }));
+    EXPECT_EQ(reached(window, before), before);
+}
+
+} // namespace corvane::desktop

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "Platform.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace corvane {
+
+struct ContractWindow {
+    enum class Kind { standard, dialog, panel, desktop };
+
+    Kind kind = Kind::standard;
+    Rect frame{120, 110, 500, 400}; ///< what a person sees of it
+    QString title = QStringLiteral("Contract");
+    std::optional<Size> minimum{}; ///< of what a person sees
+    bool fixedSize = false;
+    bool fullScreen = false;
+    bool maximised = false;
+    bool minimised = false;
+    bool onOtherWorkspace = false;
+};
+
+/// A desktop with a back end on it, and the hand of a person who uses that desktop. It starts with
+/// one display of at least 1280 by 900 points, no panel and no window, trusted.
+class ContractWorld
+{
+public:
+    /// What a world may be unable to arrange. Tests that need it are skipped there.
+    enum class Ability { reusedNumbers, otherWorkspaces, panels, displays, trust, keyRepeat };
+    enum class Edge { top, bottom, left, right };
+
+    virtual ~ContractWorld() = default;
+
+    virtual Platform &platform() = 0;
+    [[nodiscard]] virtual bool can(Ability ability) const = 0;
+
+    /// A process without a window.
+    virtual pid_t startApplication() = 0;
+    virtual void quitApplication(pid_t pid) = 0;
+    /// Returns once the desktop shows the window. A standard window or dialog takes the focus
+    /// unless it is minimised or elsewhere.
+    virtual WindowElement openWindow(pid_t pid, const ContractWindow &window = {}) = 0;
+    /// A window with the number of one that is gone.
+    virtual WindowElement openWindowNumbered(pid_t pid, quint64 number) = 0;
+    virtual void closeWindow(const WindowElement &window) = 0;
+    virtual void focus(const WindowElement &window) = 0;
+
+    /// A second display, and away again.
+    virtual void plugDisplay() = 0;
+    virtual void unplugDisplay() = 0;
+    /// Reserves the edge of the only display for a panel.
+    virtual void addPanel(Edge edge, double thickness) = 0;
+
+    // Keys: macOS virtual key codes and `HotKeys` modifier bits.
+    virtual void pressKey(quint16 keyCode, quint32 modifiers) = 0;
+    /// Until it has repeated.
+    virtual void holdKey(quint16 keyCode, quint32 modifiers) = 0;
+    virtual void takeKeyByRival(quint16 keyCode, quint32 modifiers) = 0;
+    /// A key that this keyboard lacks.
+    virtual quint16 missingKey() = 0;
+
+    virtual void loseTrust() = 0;
+    virtual void regainTrust() = 0;
+
+    /// Lets what is under way go on for a moment.
+    virtual void pump() = 0;
+    /// Pumps until nothing is under way any more.
+    virtual void settle() = 0;
+    /// Pumps until the condition holds; false when it does not within five seconds.
+    [[nodiscard]] bool waitUntil(const std::function<bool()> &condition);
+};
+
+/// The parameter of the contract: a name for the test's name, and how to make a fresh world.
+struct ContractWorldFactory {
+    std::string name;
+    std::function<std::unique_ptr<ContractWorld>()> make;
+};
+
+void PrintTo(const ContractWorldFactory &factory, std::ostream *stream);
+
+} // namespace corvane

@@ -1,0 +1,296 @@
+#include "SimulatedPlatform.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <gmock/gmock.h>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class SimulatedDesktopTests : public testing::Test
+{
+protected:
+    SimulatedDesktopTests()
+    {
+        desktop.plug({.frame = {0, 0, 1000, 800}});
+        pid = desktop.start(u"org.example.Editor"_s, u"Editor"_s);
+        platform.deliver();
+    }
+
+    Rect frameOf(const WindowElement &window) { return windows.frame(window).value_or(Rect{}); }
+
+    SimulatedPlatform platform;
+    SimulatedDesktop &desktop = platform.desktop();
+    SimulatedWindows &windows = platform.windows();
+    ManualClock &clock = platform.manualClock();
+    pid_t pid = 0;
+};
+
+TEST_F(SimulatedDesktopTests, aLateWindowTakesItsSizeOnTimeEvenWhileTheCallerSleeps)
+{
+    const auto window = desktop.openWindow(pid, {.frame = {0, 0, 400, 300}, .resizesAfter = 100ms});
+
+    EXPECT_EQ(windows.setSize(window, {600, 500}), AXError::success);
+    clock.sleep(60ms);
+    EXPECT_EQ(windows.setSize(window, {620, 520}), AXError::success);
+    EXPECT_EQ(frameOf(window).size(), (Size{400, 300}));
+    clock.sleep(40ms);
+    EXPECT_EQ(frameOf(window).size(), (Size{600, 500}));
+    clock.sleep(60ms);
+    EXPECT_EQ(frameOf(window).size(), (Size{620, 520}));
+}
+
+TEST_F(SimulatedDesktopTests, aWindowTakesTheNearestSizeThatItsLimitsAllow)
+{
+    struct Case {
+        WindowSpec spec;
+        Size asked;
+        Size taken;
+    };
+    for (const Case &each : {
+             Case{{.minimum = {300, 200}}, {100, 250}, {300, 250}},
+             Case{{.maximum = Size{500, 450}}, {600, 600}, {500, 450}},
+             Case{{.base = {4, 2}, .increment = {10, 20}}, {128, 81}, {124, 62}},
+             Case{{.minimum = {130, 1}, .increment = {100, 1}}, {199, 55.5}, {130, 55.5}},
+             Case{{.frame = {0, 0, 220, 110}, .fixedSize = true}, {300, 300}, {220, 110}},
+         }) {
+        const auto window = desktop.openWindow(pid, each.spec);
+
+        EXPECT_EQ(windows.setSize(window, each.asked), AXError::success);
+
+        EXPECT_EQ(frameOf(window).size(), each.taken);
+    }
+}
+
+TEST_F(SimulatedDesktopTests, aRefusedWriteChangesNothingAndSaysWhy)
+{
+    struct Case {
+        const char *name;
+        WindowSpec spec;
+        bool tiling;
+        AXError position;
+        AXError size;
+        QString detail;
+    };
+    const auto failure = AXError::failure;
+    const auto success = AXError::success;
+    for (const Case &each :
+        {
+            Case{"position", {.refusesPosition = failure, .refusalDetail = u"pinned"_s}, false,
+                failure, success, u"pinned"_s},
+            Case{"size", {.refusesSize = AXError::cannotComplete}, false, success,
+                AXError::cannotComplete, {}},
+            Case{"full screen", {.fullScreen = true}, false, failure, failure, u"in full screen"_s},
+            Case{"tiled", {}, true, failure, failure, u"tiled by the window manager"_s},
+            Case{"floating dialog", {.kind = WindowKind::dialog}, true, success, success, {}},
+        }) {
+        SCOPED_TRACE(each.name);
+        desktop.tiling = each.tiling;
+        const auto window = desktop.openWindow(pid, each.spec);
+        Rect expected = frameOf(window);
+        if (each.size == success)
+            expected = {expected.x, expected.y, 600, 500};
+        if (each.position == success)
+            expected = {50, 40, expected.width, expected.height};
+        windows.clearWrites();
+
+        EXPECT_EQ(windows.setSize(window, {600, 500}), each.size);
+        EXPECT_EQ(windows.setPosition(window, {50, 40}), each.position);
+
+        EXPECT_EQ(frameOf(window), expected);
+        EXPECT_EQ(windows.refusalDetail(window), each.detail);
+        EXPECT_THAT(windows.writes(),
+            ElementsAre(WindowWrite{window, Size{600, 500}, each.size},
+                WindowWrite{window, Point{50, 40}, each.position}));
+    }
+}
+
+TEST_F(SimulatedDesktopTests, aHungApplicationCostsOneMessagingTimeoutPerCall)
+{
+    const auto window = desktop.openWindow(pid, {});
+    desktop.application(pid).hung = true;
+    windows.setMessagingTimeout(0.25);
+
+    EXPECT_EQ(windows.frame(window), unexpected(AXError::cannotComplete));
+    EXPECT_EQ(windows.setPosition(window, {1, 1}), AXError::cannotComplete);
+    EXPECT_EQ(windows.focusedWindow().status, AXError::cannotComplete);
+    EXPECT_THAT(windows.windows(pid), IsEmpty());
+
+    EXPECT_EQ(clock.now(), 1s);
+}
+
+TEST_F(SimulatedDesktopTests, aVanishingWindowAnswersSoManyCallsAndIsGone)
+{
+    const auto window = desktop.openWindow(pid, {.vanishesAfterCalls = 2});
+
+    EXPECT_EQ(windows.setSize(window, {500, 500}), AXError::success);
+    EXPECT_TRUE(windows.frame(window));
+    EXPECT_EQ(windows.setPosition(window, {1, 1}), AXError::invalidUIElement);
+    EXPECT_EQ(desktop.findWindow(window), nullptr);
+}
+
+TEST_F(SimulatedDesktopTests, aDesktopThatFitsSizesCutsThemWhereTheWindowStands)
+{
+    desktop.fitsSizesToDisplay = true;
+    const auto window = desktop.openWindow(pid, {.frame = {700, 500, 200, 200}});
+
+    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
+    EXPECT_EQ(frameOf(window), (Rect{700, 500, 300, 300}));
+    EXPECT_EQ(windows.setPosition(window, {100, 100}), AXError::success);
+    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
+    EXPECT_EQ(frameOf(window), (Rect{100, 100, 600, 600}));
+}
+
+TEST_F(SimulatedDesktopTests, aHeldSizeIsAskedForAtTheNewPlace)
+{
+    desktop.fitsSizesToDisplay = true;
+    desktop.holdsSizes = true;
+    const auto window = desktop.openWindow(pid, {.frame = {700, 500, 200, 200}});
+    const WindowOperation operation(windows);
+
+    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
+    EXPECT_EQ(desktop.window(window).frame, (Rect{700, 500, 200, 200}));
+    EXPECT_EQ(windows.setPosition(window, {100, 100}), AXError::success);
+
+    EXPECT_EQ(desktop.window(window).frame, (Rect{100, 100, 600, 600}));
+}
+
+TEST_F(SimulatedDesktopTests, theFirstWriteEndsMaximisedAndOnlyTheWrittenPartIsNew)
+{
+    const WindowSpec spec{.frame = {30, 20, 400, 300}, .maximised = true};
+    const auto moved = desktop.openWindow(pid, spec);
+    const auto resized = desktop.openWindow(pid, spec);
+    EXPECT_EQ(frameOf(moved), (Rect{0, 0, 1000, 800}));
+
+    EXPECT_EQ(windows.setPosition(moved, {70, 60}), AXError::success);
+    EXPECT_EQ(windows.setSize(resized, {500, 350}), AXError::success);
+
+    EXPECT_EQ(frameOf(moved), (Rect{70, 60, 400, 300}));
+    EXPECT_EQ(frameOf(resized), (Rect{30, 20, 500, 350}));
+    EXPECT_FALSE(desktop.window(moved).maximised);
+
+    desktop.maximise(moved);
+    EXPECT_EQ(windows.setSize(moved, {500, 350}), AXError::success);
+    EXPECT_EQ(frameOf(moved), (Rect{70, 60, 500, 350}));
+}
+
+TEST_F(SimulatedDesktopTests, theFocusPassesToTheNextWindowThatCanHaveIt)
+{
+    const auto back = desktop.openWindow(pid, {});
+    desktop.openWindow(pid, {.minimised = true});
+    desktop.openWindow(pid, {.onOtherWorkspace = true});
+    desktop.openWindow(pid, {.kind = WindowKind::panel});
+    const auto front = desktop.openWindow(pid, {});
+    EXPECT_EQ(desktop.focused(), front);
+
+    desktop.minimise(front);
+    EXPECT_EQ(desktop.focused(), back);
+
+    desktop.quit(pid);
+    EXPECT_EQ(desktop.focused(), std::nullopt);
+    EXPECT_EQ(windows.focusedWindow().window, std::nullopt);
+}
+
+TEST_F(SimulatedDesktopTests, launchedApplicationsOpenTheirWindowsTheirOwnWay)
+{
+    struct Case {
+        const char *name;
+        InstalledApplication application;
+        int windowsAtOnce;
+        int windowsLater;
+        bool runsLater;
+    };
+    const WindowSpec main{.title = u"Main"_s};
+    const WindowSpec splash{.kind = WindowKind::splash};
+    for (const Case &each : {
+             Case{"at once", {.windows = {main, main}}, 2, 2, true},
+             Case{"slowly", {.windows = {main}, .opensAfter = 3s}, 0, 1, true},
+             Case{"never", {.windows = {main}, .opensAfter = std::nullopt}, 0, 0, true},
+             Case{"splash", {.windows = {main, main}, .opensAfter = 3s, .splash = splash}, 1, 2,
+                 true},
+             Case{"exits at once", {.opensAfter = 3s, .exitsAfter = 0s}, 0, 0, false},
+             Case{"exits early", {.windows = {main}, .opensAfter = 3s, .exitsAfter = 1s}, 0, 0,
+                 false},
+         }) {
+        SCOPED_TRACE(each.name);
+        InstalledApplication application = each.application;
+        application.bundleIdentifier = QString::fromLatin1(each.name);
+        desktop.install(application);
+
+        const pid_t launched = desktop.launch(application.bundleIdentifier).value_or(0);
+
+        EXPECT_THAT(windows.windows(launched), SizeIs(each.windowsAtOnce));
+        clock.advance(4s);
+        EXPECT_THAT(windows.windows(launched), SizeIs(each.windowsLater));
+        EXPECT_EQ(desktop.findApplication(launched) != nullptr, each.runsLater);
+        EXPECT_EQ(desktop.focused(), std::nullopt);
+    }
+    EXPECT_EQ(desktop.launch(u"not installed"_s), std::nullopt);
+}
+
+TEST_F(SimulatedDesktopTests, oneNoticeTellsOfAWholeBurstOfDisplayChanges)
+{
+    int changes = 0;
+    QObject::connect(&platform.displays(), &Displays::changed, [&] { ++changes; });
+
+    const quint32 second = desktop.plug({.frame = {1000, 0, 500, 500}});
+    desktop.addPanel(second, {SimulatedPanel::Edge::left, 20});
+    desktop.makePrimary(second);
+    desktop.resizeDisplay(second, {-500, 0, 500, 600});
+    EXPECT_EQ(changes, 0);
+    platform.deliver();
+    platform.deliver();
+
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(platform.displays().all().first().visibleFrame, (Rect{-480, 0, 480, 600}));
+    desktop.unplug(second);
+    platform.deliver();
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(SimulatedDesktopTests, noticesComeAtTheirTimeOnTheManualClock)
+{
+    QList<Clock::Duration> times;
+    desktop.install({.bundleIdentifier = u"slow"_s, .windows = {{}}, .opensAfter = 3s});
+    QObject::connect(
+        &platform.applications(), &Applications::launched, [&] { times << clock.now(); });
+
+    desktop.launch(u"slow"_s);
+    clock.advance(10s);
+
+    EXPECT_THAT(times, ElementsAre(3s));
+}
+
+TEST_F(SimulatedDesktopTests, noticesAlsoComeByTheEventLoop)
+{
+    bool wasTold = false;
+    QObject::connect(&windows, &WindowAccess::trustChanged, [&] { wasTold = true; });
+
+    desktop.loseTrust();
+    EXPECT_FALSE(wasTold);
+    QCoreApplication::processEvents();
+
+    EXPECT_TRUE(wasTold);
+}
+
+TEST_F(SimulatedDesktopTests, droppedHotKeysAreToldAndCanBeRegisteredAgain)
+{
+    SimulatedHotKeys &hotKeys = platform.hotKeys();
+    int losses = 0;
+    QObject::connect(&hotKeys, &HotKeys::registrationsLost, [&] { ++losses; });
+    EXPECT_EQ(hotKeys.registerHotKey(1, 0, HotKeys::cmdKey), HotKeys::noErr);
+
+    hotKeys.dropRegistrations();
+    EXPECT_FALSE(hotKeys.isRegistered(0, HotKeys::cmdKey));
+    platform.deliver();
+
+    EXPECT_EQ(losses, 1);
+    EXPECT_EQ(hotKeys.registerHotKey(1, 0, HotKeys::cmdKey), HotKeys::noErr);
+}
+
+} // namespace corvane

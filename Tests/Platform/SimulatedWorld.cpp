@@ -1,0 +1,118 @@
+#include "PlatformContract.h"
+#include "SimulatedPlatform.h"
+
+#include <utility>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The ways in which the simulated desktop may keep the contract.
+enum class Manner { immediate, holdingSizes, resizingLate };
+
+class SimulatedWorld final : public ContractWorld
+{
+public:
+    explicit SimulatedWorld(Manner manner) : m_manner(manner)
+    {
+        m_desktop.holdsSizes = manner == Manner::holdingSizes;
+        m_primary = m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
+    }
+
+    Platform &platform() override { return m_platform; }
+    bool can(Ability) const override { return true; }
+
+    pid_t startApplication() override
+    {
+        return m_desktop.start(u"org.example.Contract"_s, u"Contract"_s);
+    }
+    void quitApplication(pid_t pid) override { m_desktop.quit(pid); }
+    WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
+    WindowElement openWindowNumbered(pid_t pid, quint64 number) override
+    {
+        return m_desktop.openWindow(pid, {.number = number});
+    }
+    void closeWindow(const WindowElement &window) override { m_desktop.closeWindow(window); }
+    void focus(const WindowElement &window) override { m_desktop.focus(window); }
+
+    void plugDisplay() override
+    {
+        m_second = m_desktop.plug({.frame = {1440, -100, 1920, 1080}, .name = u"Desk"_s});
+    }
+    void unplugDisplay() override { m_desktop.unplug(m_second); }
+    void addPanel(Edge edge, double thickness) override
+    {
+        using enum SimulatedPanel::Edge;
+        constexpr std::array edges{top, bottom, left, right};
+        m_desktop.addPanel(m_primary, {edges[int(edge)], thickness});
+    }
+
+    void pressKey(quint16 keyCode, quint32 modifiers) override
+    {
+        m_platform.hotKeys().press(keyCode, modifiers);
+    }
+    void holdKey(quint16 keyCode, quint32 modifiers) override
+    {
+        for (int repeat = 0; repeat < 3; ++repeat)
+            m_platform.hotKeys().keyDown(keyCode, modifiers);
+        m_platform.hotKeys().keyUp(keyCode);
+    }
+    void takeKeyByRival(quint16 keyCode, quint32 modifiers) override
+    {
+        m_platform.hotKeys().takeByRival(keyCode, modifiers);
+    }
+    quint16 missingKey() override
+    {
+        m_platform.hotKeys().removeKey(105);
+        return 105;
+    }
+
+    void loseTrust() override { m_desktop.loseTrust(); }
+    void regainTrust() override { m_desktop.regainTrust(); }
+
+    void pump() override { m_platform.manualClock().advance(10ms); }
+    void settle() override { m_platform.manualClock().advance(1s); }
+
+private:
+    Manner m_manner;
+    SimulatedPlatform m_platform;
+    SimulatedDesktop &m_desktop = m_platform.desktop();
+    quint32 m_primary = 0;
+    quint32 m_second = 0;
+};
+
+WindowElement SimulatedWorld::openWindow(pid_t pid, const ContractWindow &window)
+{
+    using enum WindowKind;
+    constexpr std::array kinds{standard, dialog, panel, desktop};
+    WindowSpec spec;
+    spec.title = window.title;
+    spec.frame = window.frame;
+    spec.kind = kinds[int(window.kind)];
+    spec.minimum = window.minimum.value_or(spec.minimum);
+    spec.fixedSize = window.fixedSize;
+    spec.fullScreen = window.fullScreen;
+    spec.maximised = window.maximised;
+    spec.minimised = window.minimised;
+    spec.onOtherWorkspace = window.onOtherWorkspace;
+    spec.resizesAfter = m_manner == Manner::resizingLate ? 120ms : 0ms;
+    return m_desktop.openWindow(pid, spec);
+}
+
+ContractWorldFactory factory(const char *name, Manner manner)
+{
+    return {name, [manner] { return std::make_unique<SimulatedWorld>(manner); }};
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Simulated, PlatformContract,
+    testing::Values(factory("immediate", Manner::immediate),
+        factory("holdingSizes", Manner::holdingSizes),
+        factory("resizingLate", Manner::resizingLate)),
+    PlatformContract::nameOf);
+
+} // namespace corvane

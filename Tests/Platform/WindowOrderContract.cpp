@@ -1,0 +1,99 @@
+#include "PlatformContract.h"
+
+namespace corvane {
+
+TEST_P(PlatformContract, theFocusedWindowComesWithItsProcess)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement first = world().openWindow(pid);
+    const WindowElement second = world().openWindow(world().startApplication());
+
+    EXPECT_TRUE(takesFocus(second));
+    world().focus(first);
+
+    EXPECT_TRUE(takesFocus(first));
+    const auto focused = windows().focusedWindow();
+    EXPECT_EQ(focused.pid, pid);
+    EXPECT_EQ(focused.status, AXError::success);
+    EXPECT_EQ(applications().frontmost().value_or(RunningApplication{}).pid, pid);
+}
+
+TEST_P(PlatformContract, aFocusedPanelOrDesktopIsNoWindow)
+{
+    CORVANE_NEEDS(panels);
+    for (const Kind kind : {Kind::panel, Kind::desktop}) {
+        SCOPED_TRACE(int(kind));
+        const WindowElement ordinary = world().openWindow(world().startApplication());
+        EXPECT_TRUE(takesFocus(ordinary));
+
+        world().focus(world().openWindow(world().startApplication(), {.kind = kind}));
+
+        EXPECT_TRUE(world().waitUntil([&] { return !windows().focusedWindow().window; }));
+    }
+}
+
+TEST_P(PlatformContract, windowsOfAProcessAreListedFrontToBack)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement first = world().openWindow(pid);
+    const WindowElement second = world().openWindow(pid);
+    world().openWindow(world().startApplication());
+    const WindowElement third = world().openWindow(pid);
+    EXPECT_TRUE(world().waitUntil([&] {
+        return windows().windows(pid) == QList{third, second, first};
+    }));
+
+    windows().raise(first);
+
+    EXPECT_TRUE(world().waitUntil([&] {
+        return windows().windows(pid) == QList{first, third, second};
+    }));
+}
+
+TEST_P(PlatformContract, windowsElsewhereAreNotListed)
+{
+    CORVANE_NEEDS(otherWorkspaces);
+    const pid_t pid = world().startApplication();
+    const WindowElement here = world().openWindow(pid);
+
+    world().openWindow(pid, {.onOtherWorkspace = true});
+    world().settle();
+
+    EXPECT_EQ(windows().windows(pid), QList{here});
+}
+
+TEST_P(PlatformContract, anApplicationComesForwardWithItsMainWindow)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement wanted = world().openWindow(pid);
+    world().openWindow(pid);
+    const WindowElement covering = world().openWindow(world().startApplication());
+    EXPECT_TRUE(takesFocus(covering));
+
+    windows().raise(wanted);
+    windows().bringForward(pid);
+    windows().makeMain(wanted);
+
+    EXPECT_TRUE(takesFocus(wanted));
+    EXPECT_EQ(windows().windows(pid).first(), wanted);
+}
+
+TEST_P(PlatformContract, oneWindowComesForwardAloneWhereTheDesktopCan)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement wanted = world().openWindow(pid);
+    const WindowElement sibling = world().openWindow(pid);
+    const WindowElement covering = world().openWindow(world().startApplication());
+    EXPECT_TRUE(takesFocus(covering));
+
+    if (!windows().bringToFrontAlone(wanted)) {
+        world().settle();
+        EXPECT_EQ(windows().focusedWindow().window, covering);
+        return;
+    }
+
+    EXPECT_TRUE(takesFocus(wanted));
+    EXPECT_EQ(windows().windows(pid), (QList{wanted, sibling}));
+}
+
+} // namespace corvane

@@ -1,0 +1,189 @@
+#include "AXWindow.h"
+
+#include "Geometry.h"
+#include "Platform.h"
+
+#include <cmath>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr double onTarget = 4;
+constexpr double larger = 2;
+constexpr double inPlace = 1;
+constexpr int settleRounds = 3;
+constexpr Clock::Duration settlePause = 60ms;
+
+WindowAccess &access()
+{
+    return Platform::current().windows();
+}
+
+bool isFinite(const Rect &rect)
+{
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width)
+        && std::isfinite(rect.height);
+}
+
+template <typename Refusal>
+unexpected<MoveError> refused(const AXWindow &window, AXError code)
+{
+    return unexpected<MoveError>({Refusal{code, access().refusalDetail(window.element)}});
+}
+
+/// The window may have constrained the first size because of where it stood, so it is written once
+/// more at the new place; only a window that refused both has refused.
+expected<void, MoveError> writeFrame(const AXWindow &window, const Rect &target)
+{
+    const AXError firstSize = access().setSize(window.element, target.size());
+    const AXError position = access().setPosition(window.element, target.origin());
+    if (position != AXError::success)
+        return refused<MoveError::Position>(window, position);
+    const AXError secondSize = access().setSize(window.element, target.size());
+    if (firstSize != AXError::success && secondSize != AXError::success)
+        return refused<MoveError::Size>(window, secondSize);
+    return {};
+}
+
+/// From here on a refusal no longer matters: the caller reads what the window took.
+void nudge(const AXWindow &window, const Rect &target)
+{
+    const std::optional<Rect> reached = window.frame();
+    if (reached && !Geometry::approximatelyEqual(*reached, target, onTarget))
+        (void)access().setPosition(window.element, target.origin());
+}
+
+void settle(const AXWindow &window, const Rect &target)
+{
+    for (int round = 0; round < settleRounds; ++round) {
+        const std::optional<Rect> reached = window.frame();
+        if (!reached || !Geometry::fallsShort(*reached, target))
+            return;
+        Platform::current().clock().sleep(settlePause);
+        (void)access().setPosition(window.element, target.origin());
+        (void)access().setSize(window.element, target.size());
+    }
+}
+
+void keepToEdges(const AXWindow &window, const Rect &target, const Rect &bounds, double slack)
+{
+    const std::optional<Rect> reached = window.frame();
+    if (!reached
+        || (reached->width <= target.width + larger && reached->height <= target.height + larger))
+        return;
+    const Rect anchored = Geometry::anchored(target, reached->size(), bounds, slack);
+    if (!Geometry::approximatelyEqual(anchored, *reached, inPlace))
+        (void)access().setPosition(window.element, anchored.origin());
+}
+
+} // namespace
+
+AXWindow::Focused AXWindow::focused()
+{
+    const WindowAccess::Focused focused = access().focusedWindow();
+    if (focused.status != AXError::success || !focused.window)
+        return {std::nullopt, focused.status};
+    return {AXWindow{*focused.window, focused.pid}, focused.status};
+}
+
+QList<AXWindow> AXWindow::windows(pid_t pid)
+{
+    QList<AXWindow> standard;
+    for (const WindowElement &element : access().windows(pid)) {
+        const AXWindow window{element, pid};
+        if (window.isWindow() && window.isStandard() && !window.isMinimized())
+            standard << window;
+    }
+    return standard;
+}
+
+void AXWindow::bringForward(pid_t pid)
+{
+    access().bringForward(pid);
+}
+
+std::optional<Rect> AXWindow::frame() const
+{
+    const auto frame = access().frame(element);
+    return frame ? std::optional(*frame) : std::nullopt;
+}
+
+QString AXWindow::title() const
+{
+    return access().title(element).value_or(QString());
+}
+
+QString AXWindow::appName() const
+{
+    const auto application = Platform::current().applications().application(pid);
+    return application ? application->localizedName : u"pid %1"_s.arg(pid);
+}
+
+bool AXWindow::isFullScreen() const
+{
+    return access().isFullScreen(element).value_or(false);
+}
+
+bool AXWindow::isResizable() const
+{
+    return access().isResizable(element).value_or(false);
+}
+
+bool AXWindow::isWindow() const
+{
+    return access().isWindow(element).value_or(false);
+}
+
+bool AXWindow::isStandard() const
+{
+    return access().isStandard(element).value_or(false);
+}
+
+bool AXWindow::isMinimized() const
+{
+    return access().isMinimized(element).value_or(false);
+}
+
+std::optional<quint32> AXWindow::windowID() const
+{
+    return access().windowID(element);
+}
+
+void AXWindow::raise() const
+{
+    access().raise(element);
+}
+
+void AXWindow::makeMain() const
+{
+    access().makeMain(element);
+}
+
+bool AXWindow::bringToFrontAlone() const
+{
+    return access().bringToFrontAlone(element);
+}
+
+expected<void, MoveError> AXWindow::setFrame(
+    const Rect &target, const std::optional<Rect> &bounds, double slack) const
+{
+    const WindowOperation operation(access());
+    if (isFullScreen())
+        return unexpected<MoveError>({MoveError::FullScreen{}});
+    if (!isFinite(target))
+        return unexpected<MoveError>({MoveError::Position{AXError::failure}});
+
+    if (auto written = writeFrame(*this, target); !written)
+        return written;
+    nudge(*this, target);
+    settle(*this, target);
+    if (bounds)
+        keepToEdges(*this, target, *bounds, slack);
+    return {};
+}
+
+} // namespace corvane

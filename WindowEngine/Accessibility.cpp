@@ -1,0 +1,63 @@
+#include "Accessibility.h"
+
+#include "Identity.h"
+#include "Platform.h"
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString clearingReport(std::optional<int> exitStatus)
+{
+    if (!exitStatus) {
+        return u"own row not cleared before asking (%1): could not run tccutil"_s.arg(
+            Identity::bundleIdentifier);
+    }
+    return u"own row %1 before asking (%2, tccutil exit %3)"_s
+        .arg(*exitStatus == 0 ? u"cleared"_s : u"not cleared"_s, Identity::bundleIdentifier)
+        .arg(*exitStatus);
+}
+
+} // namespace
+
+bool Accessibility::isTrusted()
+{
+    return Platform::current().windows().isTrusted();
+}
+
+void Accessibility::setMessagingTimeout(double seconds)
+{
+    Platform::current().windows().setMessagingTimeout(seconds);
+}
+
+bool Accessibility::requestTrust(StaleRow staleRow)
+{
+    if (staleRow == StaleRow::clear)
+        clearStaleRow();
+    return isTrusted();
+}
+
+void Accessibility::clearStaleRow()
+{
+    const auto status = Platform::current().session().clearTrustRow(Identity::bundleIdentifier);
+    if (onDiagnostic)
+        onDiagnostic(clearingReport(status));
+}
+
+void Accessibility::openSettings()
+{
+    Session &session = Platform::current().session();
+    session.openAddress(session.trustSettingsAddress());
+}
+
+QString Accessibility::paneName()
+{
+    constexpr int lastWithAccessibilityPane = 26;
+    return Platform::current().session().systemMajorVersion() > lastWithAccessibilityPane
+        ? u"Device Control and Data Access"_s
+        : u"Accessibility"_s;
+}
+
+} // namespace corvane

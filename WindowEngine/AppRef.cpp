@@ -1,0 +1,23 @@
+#include "AppRef.h"
+
+#include "Decoding.h"
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+QJsonObject AppRef::toJson() const
+{
+    return {{u"bundleID"_s, bundleID}, {u"name"_s, name}};
+}
+
+std::optional<AppRef> AppRef::fromJson(const QJsonValue &json, DecodeProblems &problems)
+{
+    StrictReader fields(json, problems);
+    return fields.result(AppRef{
+        .bundleID = fields.require<QString>(u"bundleID"),
+        .name = fields.require<QString>(u"name"),
+    });
+}
+
+} // namespace corvane

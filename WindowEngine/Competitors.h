@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Applications.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <array>
+
+namespace corvane {
+
+/// Another application that moves windows by shortcuts.
+struct Competitor {
+    struct Running;
+
+    QString bundleID;
+    QString name; ///< as users know it
+
+    [[nodiscard]] static const std::array<Competitor, 12> &known();
+    /// In the order of `known`, each with the first of its processes. Main thread only.
+    [[nodiscard]] static QList<Running> running();
+
+    bool operator==(const Competitor &) const = default;
+};
+
+struct Competitor::Running {
+    Competitor competitor;
+    RunningApplication application;
+
+    bool operator==(const Running &) const = default;
+};
+
+} // namespace corvane

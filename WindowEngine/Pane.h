@@ -1,0 +1,30 @@
+#pragma once
+
+#include "AppRef.h"
+#include "UnitRect.h"
+
+#include <QtCore/QUuid>
+
+namespace corvane {
+
+/// One region of one display, and what belongs there. A pane made here has an id of its own.
+struct Pane {
+    QUuid id = QUuid::createUuid();
+    int display = 0; ///< index into the layout's displays
+    UnitRect rect = {};
+    std::optional<AppRef> app = {}; ///< none in an empty pane
+    std::optional<QString> titleContains = {}; ///< only windows so titled, in whatever case
+    bool launch = true; ///< whether an app that is not running is opened
+    std::optional<int> stack = {}; ///< among the app's windows when captured; 0 is the frontmost
+
+    [[nodiscard]] QJsonObject toJson() const;
+    /// Absent fields take their defaults; a field of the wrong type costs the pane.
+    [[nodiscard]] static std::optional<Pane> fromJson(
+        const QJsonValue &json, DecodeProblems &problems);
+
+    bool operator==(const Pane &) const = default;
+};
+
+size_t qHash(const Pane &pane, size_t seed = 0) noexcept;
+
+} // namespace corvane

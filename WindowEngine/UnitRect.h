@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QHashFunctions>
+
+#include <optional>
+
+class QJsonObject;
+class QJsonValue;
+
+namespace corvane {
+
+struct DecodeProblems;
+
+/// Fractions of a display's visible frame, x and y measured from its top left corner.
+struct UnitRect {
+    double x = 0;
+    double y = 0;
+    double w = 1;
+    double h = 1;
+
+    [[nodiscard]] QJsonObject toJson() const;
+    /// All four fields are required.
+    [[nodiscard]] static std::optional<UnitRect> fromJson(
+        const QJsonValue &json, DecodeProblems &problems);
+
+    constexpr bool operator==(const UnitRect &) const = default;
+};
+
+inline size_t qHash(const UnitRect &rect, size_t seed = 0) noexcept
+{
+    return qHashMulti(seed, rect.x, rect.y, rect.w, rect.h);
+}
+
+} // namespace corvane

@@ -1,0 +1,119 @@
+#include "WindowLayout.h"
+
+#include "Decoding.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+double thousandths(double value)
+{
+    return std::round(value * 1000) / 1000;
+}
+
+bool isFinite(const Rect &rect)
+{
+    return std::isfinite(rect.minX()) && std::isfinite(rect.minY()) && std::isfinite(rect.maxX())
+        && std::isfinite(rect.maxY());
+}
+
+QSet<DisplayKey> asSet(const QList<DisplayKey> &keys)
+{
+    return {keys.begin(), keys.end()};
+}
+
+} // namespace
+
+UnitRect WindowLayout::unitRect(const Rect &frame, const Rect &visibleFrame)
+{
+    const double left = std::max(frame.minX(), visibleFrame.minX());
+    const double top = std::max(frame.minY(), visibleFrame.minY());
+    const double width = std::min(frame.maxX(), visibleFrame.maxX()) - left;
+    const double height = std::min(frame.maxY(), visibleFrame.maxY()) - top;
+    if (!isFinite(frame) || !isFinite(visibleFrame) || width <= 0 || height <= 0)
+        return {0, 0, 1, 1};
+    return {thousandths((left - visibleFrame.minX()) / visibleFrame.width),
+        thousandths((top - visibleFrame.minY()) / visibleFrame.height),
+        thousandths(width / visibleFrame.width), thousandths(height / visibleFrame.height)};
+}
+
+QList<Pane> WindowLayout::panesOn(int display) const
+{
+    QList<Pane> found;
+    std::ranges::copy_if(panes, std::back_inserter(found),
+        [display](const Pane &pane) { return pane.display == display; });
+    return found;
+}
+
+bool WindowLayout::matches(const QList<DisplayKey> &connected) const
+{
+    return connected.size() == displays.size() && asSet(connected) == asSet(displays);
+}
+
+QString WindowLayout::displaySummary() const
+{
+    if (displays.isEmpty())
+        return QCoreApplication::translate("WindowLayout", "No displays");
+    QStringList labels;
+    for (const DisplayKey &display : displays)
+        labels << display.label();
+    return labels.join(u", "_s);
+}
+
+QJsonObject WindowLayout::toJson() const
+{
+    QJsonObject json{
+        {u"id"_s, encode(id)},
+        {u"name"_s, name},
+        {u"displays"_s, encode(displays)},
+        {u"panes"_s, encode(panes)},
+        {u"applyOnConnect"_s, applyOnConnect},
+        {u"created"_s, encode(created)},
+    };
+    if (shortcut)
+        json.insert(u"shortcut"_s, shortcut->toJson());
+    return json;
+}
+
+std::optional<WindowLayout> WindowLayout::fromJson(const QJsonValue &json, DecodeProblems &problems)
+{
+    if (!json.isObject())
+        return std::nullopt;
+    LenientReader fields(json.toObject(), problems);
+    return WindowLayout{
+        .id = fields.read<QUuid>(u"id", QUuid::createUuid()),
+        .name = fields.read<QString>(u"name", u"Layout"_s),
+        .displays = fields.read<LossyArray<DisplayKey>>(u"displays", {}).elements,
+        .panes = fields.read<LossyArray<Pane>>(u"panes", {}).elements,
+        .applyOnConnect = fields.read<bool>(u"applyOnConnect", false),
+        .shortcut = fields.readOptional<KeyCombo>(u"shortcut"),
+        .created = fields.read<QDateTime>(u"created", QDateTime::currentDateTimeUtc()),
+    };
+}
+
+size_t qHash(const WindowLayout &layout, size_t seed) noexcept
+{
+    return qHashMulti(seed, layout.id, layout.name, layout.displays, layout.panes,
+        layout.applyOnConnect, layout.shortcut.value_or(KeyCombo{}), layout.created);
+}
+
+QString uniqueName(const QString &base, const QList<WindowLayout> &layouts)
+{
+    QSet<QString> taken;
+    for (const WindowLayout &layout : layouts)
+        taken.insert(layout.name);
+    QString name = base;
+    for (int number = 2; taken.contains(name); ++number)
+        name = base + u' ' + QString::number(number);
+    return name;
+}
+
+} // namespace corvane

@@ -1,0 +1,36 @@
+# Sourced by the other scripts: installs the Debian packages that a task needs and that are missing.
+
+packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xkb-dev libexpected-dev"
+
+packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11-utils x11-xkb-utils
+    x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core
+    gtk-3-examples librsvg2-common"
+
+packages_test="git clang clang-format clang-tidy libgtest-dev libgmock-dev librapidcheck-dev xvfb xwayland
+    fluxbox i3-wm icewm kwin-x11 marco metacity mutter sway xfwm4"
+
+packages_bench="libbenchmark-dev libgtest-dev sxhkd wmctrl"
+
+# install_packages NAME...: does nothing when all are there.
+install_packages() {
+    local missing=()
+    local name
+    for name in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null || ! sudo -v; then
+            echo "These packages are missing, and installing them takes root or sudo: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y --no-install-recommends -qq "${missing[@]}" >/dev/null
+}
