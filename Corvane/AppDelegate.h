@@ -1,9 +1,8 @@
 #pragma once
 
 #include "HotKey.h"
-#include "OutcomeReport.h"
-#include "ShortcutPreset.h"
-#include "WindowManager.h"
+#include "Mover.h"
+#include "SettingsStore.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -21,6 +20,7 @@ class AppDelegate final : public QObject
 public:
     enum class Log { quiet, verbose };
 
+    /// Reads what the user's files say.
     explicit AppDelegate(Log log);
 
     void start();
@@ -29,16 +29,14 @@ public:
 private:
     void watchTrust();
     void registerHotKeys();
+    void recordLaunch() const;
     void log(const QString &line) const;
 
     Log m_log;
-    WindowManager m_windowManager;
-    ShortcutMap m_shortcuts;
+    SettingsStore::Loaded m_settings;
+    Mover m_mover;
     std::vector<std::unique_ptr<HotKey>> m_hotKeys;
     QTimer m_pruning;
 };
-
-/// Performs one placement and gathers what there is to say of it.
-[[nodiscard]] OutcomeReport report(WindowManager &windowManager, Placement placement);
 
 } // namespace corvane

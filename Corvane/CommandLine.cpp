@@ -17,10 +17,21 @@ struct FlagRow {
 
 constexpr std::array flagTable{
     FlagRow{"--place"_L1, "PLACEMENT"_L1, "place the focused window and say what happened"_L1},
-    FlagRow{"--json"_L1, ""_L1, "with --place: say it as one JSON object"_L1},
+    FlagRow{"--history"_L1, "[N]"_L1, "show the newest moves, 20 unless told"_L1},
+    FlagRow{"--print-settings"_L1, ""_L1, "show the settings in force, as JSON"_L1},
+    FlagRow{"--json"_L1, ""_L1, "with --place or --history: say it as JSON in one line"_L1},
     FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1},
     FlagRow{"--help"_L1, ""_L1, "show this text"_L1},
     FlagRow{"--version"_L1, ""_L1, "show the version"_L1},
+};
+
+/// The flags that are on or off.
+constexpr std::array switchTable{
+    std::pair{"--print-settings"_L1, &CommandLine::printSettings},
+    std::pair{"--json"_L1, &CommandLine::json},
+    std::pair{"--verbose"_L1, &CommandLine::verbose},
+    std::pair{"--help"_L1, &CommandLine::help},
+    std::pair{"--version"_L1, &CommandLine::version},
 };
 
 QString placementNames()
@@ -39,20 +50,29 @@ QString flagNames()
     return names.join(u", "_s);
 }
 
+unexpected<QString> noSuchFlag(const QString &argument)
+{
+    return unexpected<QString>(
+        u"There is no flag \"%1\"; the flags are: %2."_s.arg(argument, flagNames()));
+}
+
+std::optional<int> count(const QString &argument)
+{
+    bool isNumber = false;
+    const int number = argument.toInt(&isNumber);
+    return isNumber && number > 0 ? std::optional(number) : std::nullopt;
+}
+
 } // namespace
 
 expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
 {
     CommandLine line;
     for (auto at = arguments.cbegin(); at != arguments.cend(); ++at) {
-        if (*at == "--json"_L1) {
-            line.json = true;
-        } else if (*at == "--verbose"_L1) {
-            line.verbose = true;
-        } else if (*at == "--help"_L1) {
-            line.help = true;
-        } else if (*at == "--version"_L1) {
-            line.version = true;
+        const auto onOff =
+            std::ranges::find(switchTable, *at, [](const auto &row) { return QString(row.first); });
+        if (onOff != switchTable.end()) {
+            line.*onOff->second = true;
         } else if (*at == "--place"_L1) {
             const QString name = std::next(at) == arguments.cend() ? QString() : *++at;
             line.place = placementNamed(name);
@@ -60,9 +80,12 @@ expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
                 return unexpected<QString>(
                     u"There is no placement \"%1\"; the placements are: %2."_s.arg(
                         name, placementNames()));
+        } else if (*at == "--history"_L1) {
+            line.history = line.history.value_or(usualHistory);
+        } else if (const auto number = count(*at); number && line.history) {
+            line.history = number;
         } else {
-            return unexpected<QString>(
-                u"There is no flag \"%1\"; the flags are: %2."_s.arg(*at, flagNames()));
+            return noSuchFlag(*at);
         }
     }
     return line;
@@ -71,10 +94,11 @@ expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
 QString CommandLine::helpText()
 {
     QString text = u"Usage: corvane [flags]\n\n"
-                   "Puts the focused window exactly where you want it, on a key press. Without\n"
-                   "--place it stays, unless it runs already, and listens for its shortcuts.\n\n"_s;
+                   "Puts the focused window exactly where you want it, on a key press. Started\n"
+                   "with no flag but --verbose it stays, unless it runs already, and listens for\n"
+                   "its shortcuts.\n\n"_s;
     for (const FlagRow &row : flagTable)
-        text += u"  %1  %2\n"_s.arg(row.name + u' ' + row.value, -18).arg(row.help);
+        text += u"  %1  %2\n"_s.arg(row.name + u' ' + row.value, -20).arg(row.help);
     text += u"\nPlacements:\n"_s;
     for (const PlacementGroup group : placementGroups()) {
         QStringList names;

@@ -11,7 +11,11 @@ namespace corvane {
 
 /// What the user asked for on the command line.
 struct CommandLine {
+    static constexpr int usualHistory = 20;
+
     std::optional<Placement> place;
+    std::optional<int> history; ///< how many of the newest moves to show
+    bool printSettings = false;
     bool json = false;
     bool verbose = false;
     bool help = false;

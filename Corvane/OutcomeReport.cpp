@@ -1,5 +1,7 @@
 #include "OutcomeReport.h"
 
+#include "Wording.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
@@ -14,19 +16,6 @@ QJsonArray jsonRect(const Rect &rect)
     return {rect.x, rect.y, rect.width, rect.height};
 }
 
-QString rectText(const Rect &rect)
-{
-    return u"%1,%2 %3×%4"_s.arg(rect.x).arg(rect.y).arg(rect.width).arg(rect.height);
-}
-
-/// Titles may hold line breaks and be of any length.
-QString shortened(const QString &title)
-{
-    constexpr qsizetype longest = 60;
-    const QString simple = title.simplified();
-    return simple.size() > longest ? simple.left(longest - 1) + u'…' : simple;
-}
-
 } // namespace
 
 QString OutcomeReport::line() const
@@ -39,9 +28,9 @@ QString OutcomeReport::line() const
     }
     const MoveRecord &record = moved->record;
     const QString recorded = rawValue(record.placement);
-    return u"%1: %2 \"%3\" moved from %4 to %5 on %6%7"_s.arg(name, record.appName,
-        shortened(record.windowTitle), rectText(record.from), rectText(record.to),
-        record.displayName, recorded == name ? QString() : u" (%1)"_s.arg(recorded));
+    return u"%1: %2 \"%3\" moved from %4 to %5 on %6%7"_s.arg(name, oneLine(record.appName),
+        oneLine(record.windowTitle), rectText(record.from), rectText(record.to), record.displayName,
+        recorded == name ? QString() : u" (%1)"_s.arg(recorded));
 }
 
 QJsonObject OutcomeReport::json() const

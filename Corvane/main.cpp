@@ -1,9 +1,12 @@
 #include "AppDelegate.h"
 #include "CommandLine.h"
 #include "DesktopChoice.h"
+#include "FlightRecorder.h"
+#include "HistoryReport.h"
 #include "Instance.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QJsonDocument>
 
 #include <cstdio>
 
@@ -40,8 +43,29 @@ int placeOnce(const CommandLine &line)
     const auto desktop = openDesktop([] {});
     if (!desktop)
         return finish(fail(CommandResult::refused, desktop.error()));
-    WindowManager windowManager({});
-    return finish(report(windowManager, *line.place).result(line.json));
+    Mover mover(SettingsStore().load());
+    const CommandResult result = mover.perform(*line.place).result(line.json);
+    FlightRecorder::shared().flush();
+    return finish(result);
+}
+
+/// What the files alone can answer.
+std::optional<CommandResult> answerFromFiles(const CommandLine &line)
+{
+    if (line.help)
+        return CommandResult{CommandResult::done, CommandLine::helpText(), {}};
+    if (line.version)
+        return CommandResult{CommandResult::done, CommandLine::versionText(), {}};
+    if (line.history) {
+        const QList<ActivityEntry> entries = ActivityLog().recent(*line.history);
+        return CommandResult{
+            CommandResult::done, line.json ? historyJson(entries) : historyTable(entries), {}};
+    }
+    if (line.printSettings) {
+        const QJsonDocument document(SettingsStore().load().toJson());
+        return CommandResult{CommandResult::done, QString::fromUtf8(document.toJson()), {}};
+    }
+    return std::nullopt;
 }
 
 int stay(const QStringList &arguments, const CommandLine &line)
@@ -77,10 +101,8 @@ int main(int argc, char **argv)
     const auto line = CommandLine::parse(arguments);
     if (!line)
         return finish(fail(CommandResult::misused, line.error()));
-    if (line->help)
-        return finish({CommandResult::done, CommandLine::helpText(), {}});
-    if (line->version)
-        return finish({CommandResult::done, CommandLine::versionText(), {}});
+    if (const auto result = answerFromFiles(*line))
+        return finish(*result);
     if (const auto result = Instance::handOver(arguments))
         return finish(*result);
     return line->place ? placeOnce(*line) : stay(arguments, *line);

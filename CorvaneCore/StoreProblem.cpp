@@ -2,12 +2,23 @@
 
 #include "PrivateFile.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString abbreviated(const QString &path)
+{
+    const QString home = QDir::homePath();
+    return path == home || path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
+}
+
+} // namespace
 
 StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QDateTime &now)
 {
@@ -18,6 +29,24 @@ StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QD
     const bool isKept = QFileInfo::exists(copy) || PrivateFile::keepCopy(path, copy);
     return {QFileInfo(path).fileName(),
         isKept ? std::optional(QUrl::fromLocalFile(copy)) : std::nullopt, reason};
+}
+
+QString sentence(const StoreProblem &problem)
+{
+    const QString subject =
+        problem.file == "layouts.json"_L1 ? u"some of your layouts"_s : u"some of your settings"_s;
+    const QString text = u"Corvane could not read "_s + subject + u" in "_s + problem.file
+        + u", so it used defaults for them."_s;
+    if (!problem.kept)
+        return text;
+    const QFileInfo copy(problem.kept->toLocalFile());
+    return text + u" The old file is kept in "_s + abbreviated(copy.path()) + u" as "_s
+        + copy.fileName() + u'.';
+}
+
+QString detail(const StoreProblem &problem)
+{
+    return problem.file + u" kept as "_s + (problem.kept ? problem.kept->fileName() : u"nothing"_s);
 }
 
 } // namespace corvane

@@ -22,4 +22,9 @@ struct StoreProblem {
     bool operator==(const StoreProblem &) const = default;
 };
 
+/// For the user, in one or two sentences.
+[[nodiscard]] QString sentence(const StoreProblem &problem);
+/// For the diagnostics.
+[[nodiscard]] QString detail(const StoreProblem &problem);
+
 } // namespace corvane

@@ -17,6 +17,16 @@ TEST(CommandLineTests, flagsAreReadInAnyOrder)
     EXPECT_FALSE(line->verbose);
 }
 
+TEST(CommandLineTests, theHistoryTakesANumber)
+{
+    EXPECT_EQ(CommandLine::parse({u"--history"_s})->history, CommandLine::usualHistory);
+    EXPECT_EQ(CommandLine::parse({u"--history"_s, u"3"_s})->history, 3);
+    EXPECT_EQ(CommandLine::parse({u"--history"_s, u"--json"_s, u"3"_s})->history, 3);
+    for (const QString &wrong : {u"0"_s, u"-1"_s, u"x"_s, u"99999999999"_s})
+        EXPECT_FALSE(CommandLine::parse({u"--history"_s, wrong}));
+    EXPECT_FALSE(CommandLine::parse({u"3"_s}));
+}
+
 TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
 {
     const struct {
@@ -27,7 +37,7 @@ TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
         {{u"--place"_s, u"LeftHalf"_s}, "\"LeftHalf\"", "leftHalf, rightHalf"},
         {{u"--place"_s}, "\"\"", "snapBack, original."},
         {{u"--place"_s, u"--json"_s}, "\"--json\"", "leftHalf"},
-        {{u"--plaec"_s, u"leftHalf"_s}, "\"--plaec\"", "--place, --json"},
+        {{u"--plaec"_s, u"leftHalf"_s}, "\"--plaec\"", "--place, --history"},
         {{u"leftHalf"_s}, "\"leftHalf\"", "--place"},
     };
     for (const auto &mistake : mistakes) {

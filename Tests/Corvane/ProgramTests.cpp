@@ -1,9 +1,12 @@
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
 
 #include <gmock/gmock.h>
 
@@ -13,6 +16,7 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -43,6 +47,7 @@ protected:
         environment.insert(u"CORVANE_BACKEND"_s, u"simulated"_s);
         environment.insert(
             u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + folder.filePath(u"none"_s));
+        environment.insert(u"XDG_DATA_HOME"_s, folder.filePath(u"data"_s));
         environment.remove(u"DISPLAY"_s);
         describe(desk);
     }
@@ -53,6 +58,17 @@ protected:
         ASSERT_TRUE(file.open(QFile::WriteOnly));
         file.write(text);
         environment.insert(u"CORVANE_DESK"_s, file.fileName());
+    }
+
+    /// A file of the program's own.
+    QString kept(const QString &name) const { return folder.filePath(u"data/Corvane/"_s + name); }
+
+    void keep(const QString &name, const char *text) const
+    {
+        ASSERT_TRUE(QDir().mkpath(folder.filePath(u"data/Corvane"_s)));
+        QFile file(kept(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(text);
     }
 
     void startBus()
@@ -207,6 +223,101 @@ TEST_F(ProgramTests, withoutASessionBusItStaysAndSaysWhatIsMissing)
 
     EXPECT_THAT(log, HasSubstr("no session bus"));
     EXPECT_THAT(log, HasSubstr("21 of 21"));
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+}
+
+TEST_F(ProgramTests, obeysTheSettingsFile)
+{
+    keep(u"settings.json"_s, R"({"gap": 10, "cycling": false,
+        "shortcuts": ["leftHalf", {"keyCode": 123, "modifiers": 786432}],
+        "knownPlacements": ["leftHalf"]})");
+
+    const Result first = run({u"--place"_s, u"leftHalf"_s, u"--json"_s});
+    const auto resident = startProgram({u"--verbose"_s});
+    const std::string log = readUntil(*resident, "ready").toStdString();
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+
+    EXPECT_EQ(first.json()[u"to"_s], (QJsonArray{10, 10, 705, 880}));
+    // The other placements have gained their preset's shortcuts, save the one whose keys are taken.
+    EXPECT_THAT(log, HasSubstr("20 of 20"));
+    const Result settings = run({u"--print-settings"_s});
+    EXPECT_EQ(settings.status, 0);
+    EXPECT_EQ(settings.json()[u"gap"_s], 10);
+    EXPECT_EQ(settings.json()[u"cycling"_s], false);
+    EXPECT_EQ(settings.json()[u"sizeStep"_s], 60);
+}
+
+TEST_F(ProgramTests, aDamagedSettingsFileIsKeptAndTold)
+{
+    keep(u"settings.json"_s, R"({"gap": "wide", "sizeStep": 40})");
+
+    const auto resident = startProgram({u"--verbose"_s});
+    const std::string log = readUntil(*resident, "ready").toStdString();
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+
+    EXPECT_THAT(log, HasSubstr("Corvane could not read some of your settings in settings.json"));
+    const QStringList copies =
+        QDir(kept({})).entryList({u"settings.json.unreadable-*"_s}, QDir::Files);
+    ASSERT_EQ(copies.size(), 1);
+    EXPECT_THAT(log, HasSubstr(copies.first().toStdString()));
+    EXPECT_EQ(run({u"--print-settings"_s}).json()[u"sizeStep"_s], 40);
+}
+
+TEST_F(ProgramTests, everyMoveAndRefusalIsWrittenDown)
+{
+    describe(R"({
+        "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
+        "applications": [{"id": "org.example.Editor", "name": "Editor",
+            "windows": [{"title": "Le\u001b[31mtter", "frame": [40, 60, 700, 600]}]}]})");
+    EXPECT_EQ(run({u"--history"_s}).output, "No moves have been written down yet.\n");
+    EXPECT_EQ(run({u"--history"_s, u"--json"_s}).output, "[]\n");
+
+    run({u"--place"_s, u"leftHalf"_s});
+    run({u"--place"_s, u"topRight"_s});
+    describe(R"({
+        "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
+        "applications": [{"id": "org.example.Player", "name": "Player",
+            "windows": [{"title": "Film", "frame": [0, 0, 1440, 900], "fullScreen": true}]}]})");
+    run({u"--place"_s, u"leftHalf"_s});
+
+    const Result all = run({u"--history"_s});
+    EXPECT_EQ(all.status, 0);
+    EXPECT_THAT(all.output, HasSubstr("Top Right Quarter  "));
+    EXPECT_THAT(all.output, HasSubstr("40,60 700×600 → 0,0 720×900\n"));
+    EXPECT_THAT(all.output, HasSubstr("Player       is in full screen  Built-in  refused\n"));
+    EXPECT_THAT(all.output, Not(HasSubstr("\x1b")));
+    const QJsonArray newest = QJsonDocument::fromJson(
+        QByteArray::fromStdString(run({u"--history"_s, u"--json"_s, u"2"_s}).output))
+                                  .array();
+    ASSERT_EQ(newest.size(), 2);
+    EXPECT_EQ(newest[0][u"action"_s], u"topRight"_s);
+    EXPECT_EQ(newest[1][u"action"_s], u"refused"_s);
+}
+
+TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
+{
+    keep(u"activity.jsonl"_s,
+        R"({"date":"2001-01-01T00:00:00Z","action":"center","title":"Center","app":"Old",)"
+        R"("window":"","display":"","from":[],"to":[]})"
+        "\n");
+    const auto resident = startProgram({u"--verbose"_s});
+    readUntil(*resident, "ready");
+    QFile history(kept(u"activity.jsonl"_s));
+    QFile snapshot(kept(u"snapshot.json"_s));
+
+    const QDeadlineTimer patience(30000);
+    while ((history.size() > 0 || !snapshot.exists()) && !patience.hasExpired())
+        QThread::msleep(5);
+
+    EXPECT_EQ(history.size(), 0);
+    ASSERT_TRUE(snapshot.open(QFile::ReadOnly));
+    const QJsonObject values = QJsonDocument::fromJson(snapshot.readAll()).object();
+    EXPECT_EQ(values[u"accessibilityTrusted"_s], true);
+    EXPECT_EQ(values[u"displays"_s][0][u"name"_s], u"Built-in"_s);
+    EXPECT_EQ(values[u"recentEvents"_s][0][u"kind"_s], u"hotkeys"_s);
     resident->terminate();
     EXPECT_TRUE(resident->waitForFinished());
 }

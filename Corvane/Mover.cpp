@@ -1,0 +1,65 @@
+#include "Mover.h"
+
+#include "FlightRecorder.h"
+#include "Platform.h"
+#include "Screens.h"
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString displayOfFocusedWindow()
+{
+    const auto focused = AXWindow::focused();
+    const auto frame = focused.window ? focused.window->frame() : std::nullopt;
+    const auto screen = frame ? Screens::screenContaining(*frame) : std::nullopt;
+    return screen ? screen->name : QString();
+}
+
+/// The outcome with what the desktop knows beside it.
+OutcomeReport report(Placement placement, MoveOutcome outcome)
+{
+    OutcomeReport report{placement, std::move(outcome), {}, {}};
+    const auto &value = report.outcome.value;
+    if (std::holds_alternative<MoveOutcome::NoWindow>(value)
+        || std::holds_alternative<MoveOutcome::Refused>(value)) {
+        if (const auto frontmost = Platform::current().applications().frontmost())
+            report.frontmostName = frontmost->localizedName;
+    }
+    if (std::holds_alternative<MoveOutcome::NotTrusted>(value))
+        report.distrustReason = Platform::current().windows().distrustReason();
+    return report;
+}
+
+} // namespace
+
+Mover::Mover(const Settings &settings)
+    : m_windowManager({settings.gap, settings.cycling, settings.sizeStep})
+{
+}
+
+OutcomeReport Mover::perform(Placement placement)
+{
+    OutcomeReport result = report(placement, m_windowManager.perform(placement));
+    writeDown(result);
+    return result;
+}
+
+void Mover::writeDown(const OutcomeReport &report) const
+{
+    const MoveOutcome &outcome = report.outcome;
+    if (const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value)) {
+        m_activity.append(ActivityEntry::moved(moved->record));
+        FlightRecorder::shared().record(u"move"_s, report.line());
+        return;
+    }
+    if (const auto *refused = std::get_if<MoveOutcome::Refused>(&outcome.value))
+        m_activity.append(ActivityEntry::refused(report.pressed,
+            report.frontmostName.value_or(u"An app"_s), activityText(refused->reason),
+            displayOfFocusedWindow(), Platform::current().clock().date()));
+    FlightRecorder::shared().record(u"refusal"_s, report.line());
+}
+
+} // namespace corvane
