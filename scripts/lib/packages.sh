@@ -8,7 +8,7 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11
     gtk-3-examples librsvg2-common"
 
 packages_test="git clang clang-format clang-tidy libgtest-dev libgmock-dev librapidcheck-dev xvfb xwayland
-    fluxbox i3-wm icewm kwin-x11 marco metacity mutter sway xfwm4"
+    fluxbox i3-wm icewm kwin-x11 marco mate-settings-daemon-common metacity mutter sway xfwm4"
 
 packages_bench="libbenchmark-dev libgtest-dev sxhkd wmctrl"
 
