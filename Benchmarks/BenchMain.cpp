@@ -2,6 +2,7 @@
 #include "IdleBenchmark.h"
 #include "KeyBenchmark.h"
 #include "StartBenchmark.h"
+#include "StoreBenchmark.h"
 
 #include "Pager.h"
 #include "TestClient.h"
@@ -69,6 +70,7 @@ int measure(const Effort &effort)
         return fail(failed, u"the test window did not get the focus"_s);
 
     bool holds = report(u"A placement's frame"_s, measureGeometry());
+    holds = report(u"Files"_s, measureStores()) && holds;
     holds = report(u"Start, %1 times"_s.arg(effort.starts), measureStart(desktop, effort.starts))
         && holds;
     holds = report(u"Idle, hot keys registered"_s, measureIdle(desktop, effort.idle)) && holds;

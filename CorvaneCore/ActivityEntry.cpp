@@ -83,14 +83,14 @@ std::optional<ActivityEntry> ActivityEntry::fromJson(const QJsonValue &json)
     DecodeProblems problems;
     StrictReader reader(json, problems);
     ActivityEntry entry;
-    entry.date = reader.require<QDateTime>(u"date");
-    entry.action = reader.require<QString>(u"action");
-    entry.title = reader.require<QString>(u"title");
-    entry.app = reader.require<QString>(u"app");
-    entry.window = reader.require<QString>(u"window");
-    entry.display = reader.require<QString>(u"display");
-    entry.from = reader.require<StoredFrame>(u"from").numbers;
-    entry.to = reader.require<StoredFrame>(u"to").numbers;
+    entry.date = reader.require<QDateTime>("date"_L1);
+    entry.action = reader.require<QString>("action"_L1);
+    entry.title = reader.require<QString>("title"_L1);
+    entry.app = reader.require<QString>("app"_L1);
+    entry.window = reader.require<QString>("window"_L1);
+    entry.display = reader.require<QString>("display"_L1);
+    entry.from = reader.require<StoredFrame>("from"_L1).numbers;
+    entry.to = reader.require<StoredFrame>("to"_L1).numbers;
     return reader.result(std::move(entry));
 }
 

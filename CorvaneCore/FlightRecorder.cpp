@@ -40,9 +40,9 @@ std::optional<FlightRecorder::Event> FlightRecorder::Event::fromJson(const QJson
     DecodeProblems problems;
     StrictReader reader(json, problems);
     Event event;
-    event.date = reader.require<QDateTime>(u"date");
-    event.kind = reader.require<QString>(u"kind");
-    event.detail = reader.require<QString>(u"detail");
+    event.date = reader.require<QDateTime>("date"_L1);
+    event.kind = reader.require<QString>("kind"_L1);
+    event.detail = reader.require<QString>("detail"_L1);
     return reader.result(std::move(event));
 }
 

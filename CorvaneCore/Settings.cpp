@@ -55,20 +55,20 @@ std::optional<Settings> Settings::fromJson(const QJsonValue &json, DecodeProblem
     const QJsonObject object = json.toObject();
     LenientReader reader(object, problems);
     Settings settings;
-    settings.shortcuts = reader.read<ShortcutMap>(u"shortcuts", settings.shortcuts);
-    settings.gap = reader.read<double>(u"gap", settings.gap);
-    settings.cycling = reader.read<bool>(u"cycling", settings.cycling);
-    settings.sizeStep = reader.read<double>(u"sizeStep", settings.sizeStep);
-    settings.launchAtLogin = reader.read<bool>(u"launchAtLogin", settings.launchAtLogin);
-    settings.showMenuBarIcon = reader.read<bool>(u"showMenuBarIcon", settings.showMenuBarIcon);
-    settings.showInDock = reader.read<bool>(u"showInDock", settings.showInDock);
-    settings.appearance = reader.read<Appearance>(u"appearance", settings.appearance);
-    settings.preset = reader.read<QString>(u"preset", settings.preset);
+    settings.shortcuts = reader.read<ShortcutMap>("shortcuts"_L1, settings.shortcuts);
+    settings.gap = reader.read<double>("gap"_L1, settings.gap);
+    settings.cycling = reader.read<bool>("cycling"_L1, settings.cycling);
+    settings.sizeStep = reader.read<double>("sizeStep"_L1, settings.sizeStep);
+    settings.launchAtLogin = reader.read<bool>("launchAtLogin"_L1, settings.launchAtLogin);
+    settings.showMenuBarIcon = reader.read<bool>("showMenuBarIcon"_L1, settings.showMenuBarIcon);
+    settings.showInDock = reader.read<bool>("showInDock"_L1, settings.showInDock);
+    settings.appearance = reader.read<Appearance>("appearance"_L1, settings.appearance);
+    settings.preset = reader.read<QString>("preset"_L1, settings.preset);
     settings.onboardingCompleted =
-        reader.read<bool>(u"onboardingCompleted", settings.onboardingCompleted);
-    settings.customShortcuts = reader.readOptional<ShortcutMap>(u"customShortcuts");
+        reader.read<bool>("onboardingCompleted"_L1, settings.onboardingCompleted);
+    settings.customShortcuts = reader.readOptional<ShortcutMap>("customShortcuts"_L1);
     addNewPlacements(settings,
-        reader.read<LossyArray<QString>>(u"knownPlacements", {placementsBeforeOriginal()})
+        reader.read<LossyArray<QString>>("knownPlacements"_L1, {placementsBeforeOriginal()})
             .elements);
     return settings;
 }

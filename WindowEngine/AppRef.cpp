@@ -15,8 +15,8 @@ std::optional<AppRef> AppRef::fromJson(const QJsonValue &json, DecodeProblems &p
 {
     StrictReader fields(json, problems);
     return fields.result(AppRef{
-        .bundleID = fields.require<QString>(u"bundleID"),
-        .name = fields.require<QString>(u"name"),
+        .bundleID = fields.require<QString>("bundleID"_L1),
+        .name = fields.require<QString>("name"_L1),
     });
 }
 

@@ -107,7 +107,7 @@ public:
     }
 
     template <typename T>
-    [[nodiscard]] std::optional<T> readOptional(QStringView key)
+    [[nodiscard]] std::optional<T> readOptional(QLatin1StringView key)
     {
         const QJsonValue json = m_object.value(key);
         if (isAbsent(json))
@@ -119,7 +119,7 @@ public:
     }
 
     template <typename T>
-    [[nodiscard]] T read(QStringView key, std::type_identity_t<T> fallback)
+    [[nodiscard]] T read(QLatin1StringView key, std::type_identity_t<T> fallback)
     {
         return readOptional<T>(key).value_or(std::move(fallback));
     }
@@ -142,7 +142,7 @@ public:
 
     /// Absent or null is none.
     template <typename T>
-    [[nodiscard]] std::optional<T> readOptional(QStringView key)
+    [[nodiscard]] std::optional<T> readOptional(QLatin1StringView key)
     {
         const QJsonValue json = m_object.value(key);
         return isAbsent(json) ? std::nullopt : decoded<T>(json);
@@ -150,13 +150,13 @@ public:
 
     /// Absent or null takes the fallback.
     template <typename T>
-    [[nodiscard]] T read(QStringView key, std::type_identity_t<T> fallback)
+    [[nodiscard]] T read(QLatin1StringView key, std::type_identity_t<T> fallback)
     {
         return readOptional<T>(key).value_or(std::move(fallback));
     }
 
     template <typename T>
-    [[nodiscard]] T require(QStringView key)
+    [[nodiscard]] T require(QLatin1StringView key)
     {
         return decoded<T>(m_object.value(key)).value_or(T{});
     }

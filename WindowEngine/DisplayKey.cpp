@@ -26,9 +26,9 @@ std::optional<DisplayKey> DisplayKey::fromJson(const QJsonValue &json, DecodePro
 {
     StrictReader fields(json, problems);
     return fields.result(DisplayKey{
-        .name = fields.require<QString>(u"name"),
-        .width = fields.require<int>(u"width"),
-        .height = fields.require<int>(u"height"),
+        .name = fields.require<QString>("name"_L1),
+        .width = fields.require<int>("width"_L1),
+        .height = fields.require<int>("height"_L1),
     });
 }
 

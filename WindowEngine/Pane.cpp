@@ -26,15 +26,15 @@ QJsonObject Pane::toJson() const
 std::optional<Pane> Pane::fromJson(const QJsonValue &json, DecodeProblems &problems)
 {
     StrictReader fields(json, problems);
-    const std::optional<QUuid> id = fields.readOptional<QUuid>(u"id");
+    const std::optional<QUuid> id = fields.readOptional<QUuid>("id"_L1);
     return fields.result(Pane{
         .id = id ? *id : QUuid::createUuid(),
-        .display = fields.read<int>(u"display", 0),
-        .rect = fields.read<UnitRect>(u"rect", {0, 0, 1, 1}),
-        .app = fields.readOptional<AppRef>(u"app"),
-        .titleContains = fields.readOptional<QString>(u"titleContains"),
-        .launch = fields.read<bool>(u"launch", true),
-        .stack = fields.readOptional<int>(u"stack"),
+        .display = fields.read<int>("display"_L1, 0),
+        .rect = fields.read<UnitRect>("rect"_L1, {0, 0, 1, 1}),
+        .app = fields.readOptional<AppRef>("app"_L1),
+        .titleContains = fields.readOptional<QString>("titleContains"_L1),
+        .launch = fields.read<bool>("launch"_L1, true),
+        .stack = fields.readOptional<int>("stack"_L1),
     });
 }
 

@@ -32,10 +32,10 @@ std::optional<UnitRect> UnitRect::fromJson(const QJsonValue &json, DecodeProblem
 {
     StrictReader fields(json, problems);
     const std::optional<UnitRect> rect = fields.result(UnitRect{
-        .x = fields.require<double>(u"x"),
-        .y = fields.require<double>(u"y"),
-        .w = fields.require<double>(u"w"),
-        .h = fields.require<double>(u"h"),
+        .x = fields.require<double>("x"_L1),
+        .y = fields.require<double>("y"_L1),
+        .w = fields.require<double>("w"_L1),
+        .h = fields.require<double>("h"_L1),
     });
     return rect && isPlausible(*rect) ? rect : std::nullopt;
 }

@@ -89,13 +89,13 @@ std::optional<WindowLayout> WindowLayout::fromJson(const QJsonValue &json, Decod
         return std::nullopt;
     LenientReader fields(json.toObject(), problems);
     return WindowLayout{
-        .id = fields.read<QUuid>(u"id", QUuid::createUuid()),
-        .name = fields.read<QString>(u"name", u"Layout"_s),
-        .displays = fields.read<LossyArray<DisplayKey>>(u"displays", {}).elements,
-        .panes = fields.read<LossyArray<Pane>>(u"panes", {}).elements,
-        .applyOnConnect = fields.read<bool>(u"applyOnConnect", false),
-        .shortcut = fields.readOptional<KeyCombo>(u"shortcut"),
-        .created = fields.read<QDateTime>(u"created", QDateTime::currentDateTimeUtc()),
+        .id = fields.read<QUuid>("id"_L1, QUuid::createUuid()),
+        .name = fields.read<QString>("name"_L1, u"Layout"_s),
+        .displays = fields.read<LossyArray<DisplayKey>>("displays"_L1, {}).elements,
+        .panes = fields.read<LossyArray<Pane>>("panes"_L1, {}).elements,
+        .applyOnConnect = fields.read<bool>("applyOnConnect"_L1, false),
+        .shortcut = fields.readOptional<KeyCombo>("shortcut"_L1),
+        .created = fields.read<QDateTime>("created"_L1, QDateTime::currentDateTimeUtc()),
     };
 }
 

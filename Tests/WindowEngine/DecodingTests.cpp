@@ -69,11 +69,11 @@ TEST(DecodingTests, aLenientFieldIsCountedOnlyWhenItIsThereAndBad)
     DecodeProblems problems;
     LenientReader fields(parsed(R"({"good": 2, "bad": "2", "null": null})").toObject(), problems);
 
-    EXPECT_EQ(fields.read<int>(u"good", 9), 2);
-    EXPECT_EQ(fields.read<int>(u"absent", 9), 9);
-    EXPECT_EQ(fields.read<int>(u"null", 9), 9);
+    EXPECT_EQ(fields.read<int>("good"_L1, 9), 2);
+    EXPECT_EQ(fields.read<int>("absent"_L1, 9), 9);
+    EXPECT_EQ(fields.read<int>("null"_L1, 9), 9);
     EXPECT_EQ(problems.count, 0);
-    EXPECT_EQ(fields.read<int>(u"bad", 9), 9);
+    EXPECT_EQ(fields.read<int>("bad"_L1, 9), 9);
     EXPECT_EQ(problems.count, 1);
 }
 

@@ -1,0 +1,129 @@
+#include "StoreBenchmark.h"
+
+#include "ActivityLog.h"
+#include "LayoutStore.h"
+#include "Samples.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QTemporaryDir>
+
+#include <chrono>
+#include <functional>
+
+namespace corvane::bench {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int historyLines = 100'000;
+constexpr int layoutCount = 500;
+constexpr int panesPerLayout = 12;
+
+/// In milliseconds.
+double duration(const std::function<void()> &action)
+{
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+double medianDuration(int repetitions, const std::function<void()> &action)
+{
+    QList<double> samples;
+    for (int repetition = 0; repetition < repetitions; ++repetition)
+        samples << duration(action);
+    return median(samples);
+}
+
+ActivityEntry entry(int number, const QDateTime &date)
+{
+    return ActivityEntry::moved({date, Placement::leftHalf, u"Text Editor"_s,
+        u"Report for the quarter, chapter %1"_s.arg(number), {120, 80, 900, 700},
+        {0, 25, 960, 1055}, u"Built-in"_s});
+}
+
+/// Half of it old enough to be pruned.
+bool writeHistory(const QString &path)
+{
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    QByteArray text;
+    for (int number = 0; number < historyLines; ++number) {
+        const bool isOld = number < historyLines / 2;
+        text += QJsonDocument(entry(number, now.addDays(isOld ? -40 : -1)).toJson())
+                    .toJson(QJsonDocument::Compact)
+            + '\n';
+    }
+    QFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(text) == text.size();
+}
+
+QList<WindowLayout> manyLayouts()
+{
+    QList<WindowLayout> layouts;
+    for (int number = 0; number < layoutCount; ++number) {
+        WindowLayout layout{.name = u"Layout %1"_s.arg(number)};
+        layout.displays = {{u"Built-in"_s, 1920, 1080}, {u"Desk"_s, 2560, 1440}};
+        for (int pane = 0; pane < panesPerLayout; ++pane)
+            layout.panes << Pane{.display = pane % 2,
+                .rect = {pane / 12.0, 0, 1 / 12.0, 1},
+                .app = AppRef{u"org.example.App%1"_s.arg(pane), u"App %1"_s.arg(pane)},
+                .titleContains = u"Window %1"_s.arg(pane),
+                .stack = pane};
+        layouts << layout;
+    }
+    return layouts;
+}
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+Limit atMost(double value)
+{
+    return {Limit::Kind::atMost, value};
+}
+
+} // namespace
+
+Measurements measureStores()
+{
+    const QTemporaryDir folder;
+    const ActivityLog log(folder.path());
+    const LayoutStore layouts(folder.path());
+    if (!writeHistory(log.url().toLocalFile()) || !layouts.save(manyLayouts()))
+        return unexpected<QString>(u"the files could not be written"_s);
+
+    qsizetype found = 0;
+    const double recent = medianDuration(21, [&] { found += log.recent(300).size(); });
+    const double append = medianDuration(
+        501, [&] { log.append(entry(historyLines, QDateTime::currentDateTimeUtc())); });
+    const double read =
+        medianDuration(5, [&] { found += contents(log.url().toLocalFile()).size() > 0; });
+    const double prune = duration([&] { log.prune(30); });
+    if (log.recent(historyLines).size() < historyLines / 2)
+        return unexpected<QString>(u"pruning lost moves"_s);
+
+    const double load = medianDuration(11, [&] { found += layouts.load().size(); });
+    const double parse = medianDuration(11, [&] {
+        found += QJsonDocument::fromJson(contents(layouts.url().toLocalFile())).array().size();
+    });
+    if (found != 21 * 300 + 5 + 2 * 11 * layoutCount)
+        return unexpected<QString>(u"the files did not hold what was written"_s);
+    return QList<Measurement>{
+        {u"newest 300 of 100,000 moves"_s, recent, u"ms"_s, atMost(5)},
+        {u"append a move"_s, append * 1000, u"µs"_s, atMost(100)},
+        {u"floor: read the 100,000 moves' bytes"_s, read, u"ms"_s},
+        {u"prune 100,000 moves"_s, prune, u"ms"_s, atMost(500)},
+        {u"floor: parse the layouts' JSON"_s, parse, u"ms"_s},
+        {u"load 500 layouts of 12 panes"_s, load, u"ms"_s, atMost(20)},
+        {u"load / floor"_s, load / parse, {}},
+    };
+}
+
+} // namespace corvane::bench
