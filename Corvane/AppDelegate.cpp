@@ -3,6 +3,7 @@
 #include "Accessibility.h"
 #include "Competitors.h"
 #include "FlightRecorder.h"
+#include "LayoutReport.h"
 #include "Platform.h"
 #include "Screens.h"
 #include "WindowWatcher.h"
@@ -39,8 +40,21 @@ void pruneFiles()
 } // namespace
 
 AppDelegate::AppDelegate(Log log)
-    : m_log(log), m_settings(SettingsStore().loadKeepingUnreadable()), m_mover(m_settings.settings)
+    : m_log(log)
+    , m_model(SettingsStore(), LayoutStore(), ActivityLog())
+    , m_mover(m_model.settings())
+    , m_commands(m_model, m_mover)
 {
+    m_mover.onPerformed = [this](const OutcomeReport &report) {
+        keepHistoryPruned();
+        if (m_log == Log::verbose)
+            this->log(report.line());
+    };
+    connect(&m_model, &AppModel::layoutsChanged, this, &AppDelegate::registerHotKeys);
+    connect(&m_model, &AppModel::layoutApplied, this, [this](const AppModel::LastApply &apply) {
+        if (m_log == Log::verbose)
+            this->log(u"layout applied\n"_s + applyLines(apply.results));
+    });
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_pruning, &QTimer::timeout, this, [this] {
@@ -53,10 +67,8 @@ AppDelegate::AppDelegate(Log log)
 void AppDelegate::start()
 {
     Accessibility::setMessagingTimeout(messagingTimeout);
-    if (const auto &problem = m_settings.problem) {
-        FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
-        std::fprintf(stderr, "%s\n", qUtf8Printable(sentence(*problem)));
-    }
+    for (const StoreProblem &problem : m_model.problems())
+        std::fprintf(stderr, "%s\n", qUtf8Printable(sentence(problem)));
     WindowWatcher::shared().onDiagnostic = [this](const QString &line) {
         FlightRecorder::shared().record(u"window-watcher"_s, line);
         log(line);
@@ -65,20 +77,17 @@ void AppDelegate::start()
     connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,
         &AppDelegate::registerHotKeys);
     registerHotKeys();
+    m_model.applyOnConnect();
     watchTrust();
     recordLaunch();
     pruneFiles();
 }
 
-OutcomeReport AppDelegate::perform(Placement placement)
+void AppDelegate::keepHistoryPruned()
 {
-    const OutcomeReport outcome = m_mover.perform(placement);
     // Only while there is something to prune, so that an idle program never wakes up.
     if (!m_mover.windowManager().history().isEmpty() && !m_pruning.isActive())
         m_pruning.start();
-    if (m_log == Log::verbose)
-        log(outcome.line());
-    return outcome;
 }
 
 void AppDelegate::watchTrust()
@@ -99,23 +108,38 @@ void AppDelegate::registerHotKeys()
 {
     m_hotKeys.clear();
     QStringList refused;
-    const ShortcutMap &shortcuts = m_settings.settings.shortcuts;
-    for (const auto &[placement, combo] : shortcuts.asKeyValueRange()) {
-        auto hotKey = std::make_unique<HotKey>(
-            combo.keyCode, combo.modifiers, [this, pressed = placement] { perform(pressed); });
-        if (hotKey->isRegistered())
-            m_hotKeys.push_back(std::move(hotKey));
-        else
+    for (const auto &[placement, combo] : m_model.settings().shortcuts.asKeyValueRange()) {
+        const Placement pressed = placement;
+        if (!registerHotKey(combo, [this, pressed] { m_mover.perform(pressed); }))
             refused << rawValue(placement);
     }
-    const QString registered =
-        u"%1 of %2 hot keys registered"_s.arg(m_hotKeys.size()).arg(shortcuts.size());
+    for (const WindowLayout &layout : m_model.layouts()) {
+        if (!layout.shortcut)
+            continue;
+        const auto apply = [this, id = layout.id] {
+            if (const auto current = m_model.layout(id.toString()))
+                m_model.apply(*current);
+        };
+        if (!registerHotKey(*layout.shortcut, apply))
+            refused << u"layout "_s + layout.name;
+    }
+    const QString registered = u"%1 of %2 hot keys registered"_s.arg(m_hotKeys.size())
+                                   .arg(m_hotKeys.size() + refused.size());
     const QString names = refused.join(u", "_s);
     log(u"ready: "_s + registered
         + (names.isEmpty() ? QString() : u"; refused by the desktop or another app: "_s + names));
     FlightRecorder::shared().record(u"hotkeys"_s,
         registered
             + (names.isEmpty() ? QString() : u"; refused by macOS or another app: "_s + names));
+}
+
+bool AppDelegate::registerHotKey(const KeyCombo &combo, std::function<void()> action)
+{
+    auto hotKey = std::make_unique<HotKey>(combo.keyCode, combo.modifiers, std::move(action));
+    if (!hotKey->isRegistered())
+        return false;
+    m_hotKeys.push_back(std::move(hotKey));
+    return true;
 }
 
 void AppDelegate::recordLaunch() const
@@ -133,7 +157,7 @@ void AppDelegate::recordLaunch() const
     recorder.snapshot(
         {{u"version"_s, QStringLiteral(CORVANE_VERSION)}, {u"accessibilityTrusted"_s, isTrusted},
             {u"competitors"_s, QJsonArray::fromStringList(competitors)}, {u"displays"_s, displays},
-            {u"settings"_s, m_settings.settings.toJson()}});
+            {u"settings"_s, m_model.settings().toJson()}});
 }
 
 void AppDelegate::log(const QString &line) const

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "Commands.h"
 #include "HotKey.h"
-#include "Mover.h"
-#include "SettingsStore.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -24,17 +23,21 @@ public:
     explicit AppDelegate(Log log);
 
     void start();
-    OutcomeReport perform(Placement placement);
+    [[nodiscard]] Commands &commands() { return m_commands; }
 
 private:
     void watchTrust();
     void registerHotKeys();
+    /// Whether the system took it.
+    bool registerHotKey(const KeyCombo &combo, std::function<void()> action);
+    void keepHistoryPruned();
     void recordLaunch() const;
     void log(const QString &line) const;
 
     Log m_log;
-    SettingsStore::Loaded m_settings;
+    AppModel m_model;
     Mover m_mover;
+    Commands m_commands;
     std::vector<std::unique_ptr<HotKey>> m_hotKeys;
     QTimer m_pruning;
 };

@@ -17,9 +17,12 @@ struct FlagRow {
 
 constexpr std::array flagTable{
     FlagRow{"--place"_L1, "PLACEMENT"_L1, "place the focused window and say what happened"_L1},
+    FlagRow{"--capture"_L1, "[NAME]"_L1, "save the windows as they stand as a new layout"_L1},
+    FlagRow{"--apply-layout"_L1, "NAME"_L1, "put the windows back into a layout, by name or id"_L1},
+    FlagRow{"--layouts"_L1, ""_L1, "list the layouts; * marks those for these displays"_L1},
     FlagRow{"--history"_L1, "[N]"_L1, "show the newest moves, 20 unless told"_L1},
+    FlagRow{"--json"_L1, ""_L1, "with all of the above: answer in JSON, in one line"_L1},
     FlagRow{"--print-settings"_L1, ""_L1, "show the settings in force, as JSON"_L1},
-    FlagRow{"--json"_L1, ""_L1, "with --place or --history: say it as JSON in one line"_L1},
     FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1},
     FlagRow{"--help"_L1, ""_L1, "show this text"_L1},
     FlagRow{"--version"_L1, ""_L1, "show the version"_L1},
@@ -27,6 +30,7 @@ constexpr std::array flagTable{
 
 /// The flags that are on or off.
 constexpr std::array switchTable{
+    std::pair{"--layouts"_L1, &CommandLine::layouts},
     std::pair{"--print-settings"_L1, &CommandLine::printSettings},
     std::pair{"--json"_L1, &CommandLine::json},
     std::pair{"--verbose"_L1, &CommandLine::verbose},
@@ -56,6 +60,11 @@ unexpected<QString> noSuchFlag(const QString &argument)
         u"There is no flag \"%1\"; the flags are: %2."_s.arg(argument, flagNames()));
 }
 
+QString usualLayoutName()
+{
+    return u"Layout"_s;
+}
+
 std::optional<int> count(const QString &argument)
 {
     bool isNumber = false;
@@ -80,6 +89,15 @@ expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
                 return unexpected<QString>(
                     u"There is no placement \"%1\"; the placements are: %2."_s.arg(
                         name, placementNames()));
+        } else if (*at == "--capture"_L1) {
+            const bool isNamed =
+                std::next(at) != arguments.cend() && !std::next(at)->startsWith(u"--");
+            line.capture = isNamed ? *++at : usualLayoutName();
+        } else if (*at == "--apply-layout"_L1) {
+            if (std::next(at) == arguments.cend())
+                return unexpected<QString>(
+                    u"--apply-layout needs a layout's name; corvane --layouts lists them."_s);
+            line.applyLayout = *++at;
         } else if (*at == "--history"_L1) {
             line.history = line.history.value_or(usualHistory);
         } else if (const auto number = count(*at); number && line.history) {

@@ -14,6 +14,9 @@ struct CommandLine {
     static constexpr int usualHistory = 20;
 
     std::optional<Placement> place;
+    std::optional<QString> capture; ///< the new layout's name
+    std::optional<QString> applyLayout; ///< a layout's name or id
+    bool layouts = false;
     std::optional<int> history; ///< how many of the newest moves to show
     bool printSettings = false;
     bool json = false;

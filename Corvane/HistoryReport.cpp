@@ -6,7 +6,6 @@
 #include <QtCore/QJsonDocument>
 
 #include <algorithm>
-#include <array>
 
 namespace corvane {
 
@@ -14,15 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int columnCount = 6;
-using Row = std::array<QString, columnCount>;
-
 QString frameText(const QList<double> &frame)
 {
     return frame.size() == 4 ? rectText({frame[0], frame[1], frame[2], frame[3]}) : QString();
 }
 
-Row row(const ActivityEntry &entry)
+QStringList row(const ActivityEntry &entry)
 {
     return {entry.date.toLocalTime().toString(u"yyyy-MM-dd HH:mm:ss"), oneLine(entry.title, 24),
         oneLine(entry.app, 24), oneLine(entry.window, 40), oneLine(entry.display, 24),
@@ -35,22 +31,10 @@ QString historyTable(const QList<ActivityEntry> &entries)
 {
     if (entries.isEmpty())
         return u"No moves have been written down yet.\n"_s;
-    QList<Row> rows{
+    QList<QStringList> rows{
         {u"When"_s, u"What"_s, u"Application"_s, u"Window"_s, u"Display"_s, u"From → to"_s}};
     std::ranges::transform(entries, std::back_inserter(rows), row);
-
-    std::array<qsizetype, columnCount> widths{};
-    for (const Row &each : rows)
-        for (std::size_t column = 0; column < columnCount; ++column)
-            widths[column] = std::max(widths[column], each[column].size());
-    QString table;
-    for (const Row &each : rows) {
-        QString line;
-        for (std::size_t column = 0; column < columnCount; ++column)
-            line += each[column].leftJustified(widths[column] + 2);
-        table += line.trimmed() + u'\n';
-    }
-    return table;
+    return textTable(rows);
 }
 
 QString historyJson(const QList<ActivityEntry> &entries)

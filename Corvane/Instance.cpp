@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr auto objectPath = "/app/corvane/Corvane"_L1;
 constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
-constexpr int answerTimeout = 5000; // milliseconds; a placement takes at most about one second
+constexpr int answerTimeout = 120000; // milliseconds; layouts wait half a minute for their apps
 } // namespace
 
 std::optional<CommandResult> Instance::handOver(const QStringList &arguments)

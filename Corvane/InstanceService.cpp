@@ -1,5 +1,7 @@
 #include "InstanceService.h"
 
+#include <QtDBus/QDBusConnection>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -9,12 +11,19 @@ InstanceService::InstanceService(QObject *parent, Runner run)
 {
 }
 
-int InstanceService::Run(const QStringList &arguments, QString &output, QString &error)
+int InstanceService::Run(
+    const QStringList &arguments, const QDBusMessage &call, QString &, QString &)
 {
-    const CommandResult result = m_run(arguments);
-    output = result.output;
-    error = result.error;
-    return result.status;
+    call.setDelayedReply(true);
+    answer(arguments, call);
+    return CommandResult::done;
+}
+
+QCoro::Task<> InstanceService::answer(QStringList arguments, QDBusMessage call)
+{
+    const CommandResult result = co_await m_run(arguments);
+    QDBusConnection::sessionBus().send(
+        call.createReply({result.status, result.output, result.error}));
 }
 
 ApplicationService::ApplicationService(QObject *parent, InstanceService::Runner run)

@@ -5,8 +5,10 @@
 #include <QtCore/QObject>
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusAbstractAdaptor>
+#include <QtDBus/QDBusMessage>
 
 #include <functional>
+#include <qcorotask.h>
 
 namespace corvane {
 
@@ -17,15 +19,19 @@ class InstanceService final : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "app.corvane.Corvane.Instance")
 
 public:
-    using Runner = std::function<CommandResult(const QStringList &arguments)>;
+    using Runner = std::function<QCoro::Task<CommandResult>(const QStringList &arguments)>;
 
     InstanceService(QObject *parent, Runner run);
 
 public Q_SLOTS:
-    /// Takes a command line without the program's name; returns the exit status and what to print.
-    int Run(const QStringList &arguments, QString &output, QString &error);
+    /// Takes a command line without the program's name; returns the exit status and what to print,
+    /// once it is done.
+    int Run(
+        const QStringList &arguments, const QDBusMessage &call, QString &output, QString &error);
 
 private:
+    QCoro::Task<> answer(QStringList arguments, QDBusMessage call);
+
     Runner m_run;
 };
 

@@ -44,6 +44,8 @@ OutcomeReport Mover::perform(Placement placement)
 {
     OutcomeReport result = report(placement, m_windowManager.perform(placement));
     writeDown(result);
+    if (onPerformed)
+        onPerformed(result);
     return result;
 }
 

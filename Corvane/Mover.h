@@ -5,6 +5,8 @@
 #include "Settings.h"
 #include "WindowManager.h"
 
+#include <functional>
+
 namespace corvane {
 
 /// Performs placements as the settings want them, and writes down what became of each.
@@ -12,6 +14,9 @@ class Mover final
 {
 public:
     explicit Mover(const Settings &settings);
+
+    /// Told of each placement, once it is written down.
+    std::function<void(const OutcomeReport &)> onPerformed;
 
     [[nodiscard]] WindowManager &windowManager() { return m_windowManager; }
 

@@ -2,21 +2,11 @@
 
 #include "Wording.h"
 
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QJsonArray jsonRect(const Rect &rect)
-{
-    return {rect.x, rect.y, rect.width, rect.height};
-}
-
-} // namespace
 
 QString OutcomeReport::line() const
 {

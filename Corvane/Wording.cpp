@@ -19,9 +19,35 @@ QString oneLine(const QString &text, qsizetype longest)
     return line.left(longest - (cutsPair ? 2 : 1)) + u'…';
 }
 
+QString textTable(const QList<QStringList> &rows)
+{
+    QList<qsizetype> widths;
+    for (const QStringList &row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (qsizetype column = 0; column < row.size(); ++column)
+            widths[column] = std::max(widths[column], row[column].size());
+    }
+    constexpr qsizetype space = 2;
+    QString table;
+    for (const QStringList &row : rows) {
+        QString line;
+        for (qsizetype column = 0; column < row.size(); ++column)
+            line += row[column].leftJustified(widths[column] + space);
+        while (line.endsWith(u' '))
+            line.chop(1);
+        table += line + u'\n';
+    }
+    return table;
+}
+
 QString rectText(const Rect &rect)
 {
     return u"%1,%2 %3×%4"_s.arg(rect.x).arg(rect.y).arg(rect.width).arg(rect.height);
+}
+
+QJsonArray jsonRect(const Rect &rect)
+{
+    return {rect.x, rect.y, rect.width, rect.height};
 }
 
 } // namespace corvane

@@ -2,7 +2,8 @@
 
 #include "Rect.h"
 
-#include <QtCore/QString>
+#include <QtCore/QJsonArray>
+#include <QtCore/QStringList>
 
 /// How values read on a terminal.
 namespace corvane {
@@ -11,7 +12,12 @@ namespace corvane {
 /// that no terminal takes for a command.
 [[nodiscard]] QString oneLine(const QString &text, qsizetype longest = 60);
 
+/// Columns as wide as their widest cell, a row a line, with nothing behind the last cell.
+[[nodiscard]] QString textTable(const QList<QStringList> &rows);
+
 /// "x,y width×height"
 [[nodiscard]] QString rectText(const Rect &rect);
+/// [x, y, width, height]
+[[nodiscard]] QJsonArray jsonRect(const Rect &rect);
 
 } // namespace corvane

@@ -5,6 +5,7 @@
 #include "HistoryReport.h"
 #include "Instance.h"
 
+#include <qcorotask.h>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonDocument>
 
@@ -22,29 +23,25 @@ int finish(const CommandResult &result)
     return result.status;
 }
 
-CommandResult fail(int status, const QString &sentence)
-{
-    return {status, {}, u"corvane: "_s + sentence + u'\n'};
-}
-
 /// What a command line means to the running program.
-CommandResult run(AppDelegate &delegate, const QStringList &arguments)
+QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments)
 {
     const auto line = CommandLine::parse(arguments);
     if (!line)
-        return fail(CommandResult::misused, line.error());
-    if (!line->place)
-        return {CommandResult::done, u"Corvane is running already.\n"_s, {}};
-    return delegate.perform(*line->place).result(line->json);
+        co_return failure(CommandResult::misused, line.error());
+    const CommandResult result = co_await commands.run(*line);
+    co_return result;
 }
 
-int placeOnce(const CommandLine &line)
+int runOnce(const CommandLine &line)
 {
     const auto desktop = openDesktop([] {});
     if (!desktop)
-        return finish(fail(CommandResult::refused, desktop.error()));
-    Mover mover(SettingsStore().load());
-    const CommandResult result = mover.perform(*line.place).result(line.json);
+        return finish(failure(CommandResult::refused, desktop.error()));
+    AppModel model(SettingsStore(), LayoutStore(), ActivityLog());
+    Mover mover(model.settings());
+    Commands commands(model, mover);
+    const CommandResult result = QCoro::waitFor(commands.run(line));
     FlightRecorder::shared().flush();
     return finish(result);
 }
@@ -75,11 +72,11 @@ int stay(const QStringList &arguments, const CommandLine &line)
         QCoreApplication::exit(1);
     });
     if (!desktop)
-        return finish(fail(CommandResult::refused, desktop.error()));
+        return finish(failure(CommandResult::refused, desktop.error()));
     AppDelegate delegate(line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet);
     Instance instance;
     const auto claim =
-        instance.claim([&](const QStringList &asked) { return run(delegate, asked); });
+        instance.claim([&](const QStringList &asked) { return run(delegate.commands(), asked); });
     if (claim == Instance::Claim::taken)
         return finish(Instance::handOver(arguments).value_or(CommandResult{}));
     if (claim == Instance::Claim::unavailable)
@@ -100,10 +97,11 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const auto line = CommandLine::parse(arguments);
     if (!line)
-        return finish(fail(CommandResult::misused, line.error()));
+        return finish(failure(CommandResult::misused, line.error()));
     if (const auto result = answerFromFiles(*line))
         return finish(*result);
     if (const auto result = Instance::handOver(arguments))
         return finish(*result);
-    return line->place ? placeOnce(*line) : stay(arguments, *line);
+    const bool isCommand = line->place || line->capture || line->applyLayout || line->layouts;
+    return isCommand ? runOnce(*line) : stay(arguments, *line);
 }

@@ -17,6 +17,13 @@ TEST(CommandLineTests, flagsAreReadInAnyOrder)
     EXPECT_FALSE(line->verbose);
 }
 
+TEST(CommandLineTests, aCaptureMayBeNamed)
+{
+    EXPECT_EQ(CommandLine::parse({u"--capture"_s, u"My desk"_s})->capture, u"My desk"_s);
+    EXPECT_EQ(CommandLine::parse({u"--capture"_s, u"--json"_s})->capture, u"Layout"_s);
+    EXPECT_EQ(CommandLine::parse({u"--capture"_s})->capture, u"Layout"_s);
+}
+
 TEST(CommandLineTests, theHistoryTakesANumber)
 {
     EXPECT_EQ(CommandLine::parse({u"--history"_s})->history, CommandLine::usualHistory);

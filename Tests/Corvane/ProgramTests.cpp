@@ -322,4 +322,55 @@ TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
     EXPECT_TRUE(resident->waitForFinished());
 }
 
+TEST_F(ProgramTests, capturesListsAndAppliesALayoutWithoutARunningInstance)
+{
+    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("--capture NAME"));
+
+    const Result captured = run({u"--capture"_s, u"Work"_s});
+    EXPECT_EQ(captured.status, 0) << captured.error;
+    EXPECT_EQ(captured.output, "Captured 1 window on 1 display as \"Work\".\n");
+    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("*  Work"));
+
+    const Result applied = run({u"--apply-layout"_s, u"Work"_s, u"--json"_s});
+    EXPECT_EQ(applied.status, 0) << applied.error;
+    EXPECT_EQ(applied.json()[u"layout"_s], u"Work"_s);
+    const QJsonValue pane = applied.json()[u"panes"_s][0];
+    EXPECT_EQ(pane[u"status"_s], u"placed"_s);
+    EXPECT_EQ(pane[u"windowTitle"_s], u"Letter"_s);
+    EXPECT_EQ(pane[u"previous"_s], (QJsonArray{40, 60, 700, 600}));
+
+    const Result unknown = run({u"--apply-layout"_s, u"Play"_s});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_THAT(unknown.error, HasSubstr("the layouts are: Work"));
+    EXPECT_EQ(run({u"--apply-layout"_s}).status, 2);
+}
+
+TEST_F(ProgramTests, aLayoutWithAPaneThatFoundNoWindowSaysWhichAndExitsWithOne)
+{
+    ASSERT_EQ(run({u"--capture"_s, u"Work"_s}).status, 0);
+    describe(R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}]})");
+
+    const Result applied = run({u"--apply-layout"_s, u"Work"_s});
+
+    EXPECT_EQ(applied.status, 1);
+    EXPECT_EQ(applied.output, "Editor: is not installed on this Mac\n");
+}
+
+TEST_F(ProgramTests, theRunningInstanceAppliesLayoutsAndAnswersWhenItIsDone)
+{
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s});
+    readUntil(*resident, "ready");
+
+    EXPECT_EQ(run({u"--capture"_s, u"Work"_s}).status, 0);
+    EXPECT_EQ(run({u"--place"_s, u"topLeft"_s}).status, 0);
+    const Result applied = run({u"--apply-layout"_s, u"Work"_s});
+
+    EXPECT_EQ(applied.status, 0) << applied.error;
+    EXPECT_EQ(applied.output, "Editor \"Letter\" placed at 40,60 700×600\n");
+    EXPECT_THAT(run({u"--history"_s, u"1"_s}).output, HasSubstr("Work  Editor"));
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+}
+
 } // namespace corvane

@@ -1,0 +1,113 @@
+#include "LayoutReport.h"
+
+#include "Wording.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <algorithm>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString inOneLine(const QJsonDocument &document)
+{
+    return QString::fromUtf8(document.toJson(QJsonDocument::Compact)) + u'\n';
+}
+
+QString counted(qsizetype count, const QString &noun)
+{
+    return u"%1 %2%3"_s.arg(count).arg(noun, count == 1 ? QString() : u"s"_s);
+}
+
+bool needsNothing(const PaneResult &result)
+{
+    return std::holds_alternative<PaneStatus::Placed>(result.status.value)
+        || std::holds_alternative<PaneStatus::Empty>(result.status.value);
+}
+
+QString paneLine(const PaneResult &result)
+{
+    if (const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value))
+        return u"%1 \"%2\" placed at %3"_s.arg(
+            oneLine(result.appName()), oneLine(placed->windowTitle), rectText(placed->frame));
+    if (!result.pane.app)
+        return u"empty pane"_s;
+    return u"%1: %2"_s.arg(oneLine(result.appName()), oneLine(statusText(result.status), 200));
+}
+
+QJsonObject paneJson(const PaneResult &result)
+{
+    QJsonObject json{{u"pane"_s, result.pane.toJson()}, {u"status"_s, statusName(result.status)}};
+    if (const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value)) {
+        json[u"windowTitle"_s] = placed->windowTitle;
+        json[u"frame"_s] = jsonRect(placed->frame);
+        json[u"previous"_s] = jsonRect(placed->previous);
+    } else if (const QString text = statusText(result.status); !text.isEmpty()) {
+        json[u"reason"_s] = text;
+    }
+    return json;
+}
+
+} // namespace
+
+QString layoutList(
+    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, bool asJson)
+{
+    if (asJson) {
+        QJsonArray array;
+        for (const WindowLayout &layout : layouts) {
+            QJsonObject object = layout.toJson();
+            object[u"matches"_s] = layout.matches(connected);
+            array.append(object);
+        }
+        return inOneLine(QJsonDocument(array));
+    }
+    if (layouts.isEmpty())
+        return u"No layouts have been saved yet. corvane --capture NAME saves the windows as they "
+               "stand.\n"_s;
+    QList<QStringList> rows{{u" "_s, u"Name"_s, u"Panes"_s, u"Displays"_s, u"Id"_s}};
+    for (const WindowLayout &layout : layouts)
+        rows << QStringList{layout.matches(connected) ? u"*"_s : QString(), oneLine(layout.name),
+            QString::number(layout.panes.size()), oneLine(layout.displaySummary(), 80),
+            layout.id.toString(QUuid::WithoutBraces)};
+    return textTable(rows) + u"* its displays are the ones connected now\n"_s;
+}
+
+QString captureText(const WindowLayout &layout, bool asJson)
+{
+    if (asJson)
+        return inOneLine(QJsonDocument(layout.toJson()));
+    return u"Captured %1 on %2 as \"%3\".\n"_s.arg(counted(layout.panes.size(), u"window"_s),
+        counted(layout.displays.size(), u"display"_s), oneLine(layout.name));
+}
+
+QString applyLines(const QList<PaneResult> &results)
+{
+    if (results.isEmpty())
+        return u"The layout has no panes.\n"_s;
+    QString lines;
+    for (const PaneResult &result : results)
+        lines += paneLine(result) + u'\n';
+    return lines;
+}
+
+CommandResult applyResult(const WindowLayout &layout, const QList<PaneResult> &results, bool asJson)
+{
+    const bool isWhole = std::ranges::all_of(results, needsNothing);
+    const int status = isWhole ? CommandResult::done : CommandResult::refused;
+    if (asJson) {
+        QJsonArray panes;
+        for (const PaneResult &result : results)
+            panes.append(paneJson(result));
+        const QJsonObject object{{u"layout"_s, layout.name},
+            {u"id"_s, layout.id.toString(QUuid::WithoutBraces)}, {u"panes"_s, panes}};
+        return {status, inOneLine(QJsonDocument(object)), {}};
+    }
+    return {status, applyLines(results), {}};
+}
+
+} // namespace corvane

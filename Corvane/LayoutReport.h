@@ -1,0 +1,21 @@
+#pragma once
+
+#include "CommandLine.h"
+#include "PaneResult.h"
+#include "WindowLayout.h"
+
+/// What the layout commands say.
+namespace corvane {
+
+/// A table, those whose displays are the connected ones marked, or one JSON array.
+[[nodiscard]] QString layoutList(
+    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, bool asJson);
+/// One sentence, or the layout as one JSON object.
+[[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
+/// A line per pane.
+[[nodiscard]] QString applyLines(const QList<PaneResult> &results);
+/// The lines, or one JSON object. Done when every pane with an app was placed.
+[[nodiscard]] CommandResult applyResult(
+    const WindowLayout &layout, const QList<PaneResult> &results, bool asJson);
+
+} // namespace corvane

@@ -1,0 +1,196 @@
+#include "ModelDesk.h"
+
+#include <gmock/gmock.h>
+#include <rapidcheck/gtest.h>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+constexpr Rect leftHalf{0, 0, 720, 900};
+
+class AppModelTests : public testing::Test
+{
+protected:
+    SimulatedDesktop &desktop() { return desk.platform.desktop(); }
+
+    void save(const QList<WindowLayout> &layouts)
+    {
+        ASSERT_TRUE(LayoutStore(desk.folder.path()).save(layouts));
+    }
+
+    ModelDesk desk;
+};
+
+} // namespace
+
+TEST_F(AppModelTests, aCaptureIsSavedUnderANameOfItsOwn)
+{
+    AppModel model = desk.model();
+
+    const auto first = model.captureCurrentWindows(u"Work"_s);
+    const auto second = model.captureCurrentWindows(u"Work"_s);
+
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->name, u"Work");
+    EXPECT_EQ(second->name, u"Work 2");
+    EXPECT_THAT(first->panes, SizeIs(1));
+    EXPECT_EQ(LayoutStore(desk.folder.path()).load(), model.layouts());
+    EXPECT_EQ(model.layout(u"Work 2"_s), *second);
+    EXPECT_EQ(model.layout(first->id.toString()), *first);
+    EXPECT_EQ(model.layout(u"work"_s), std::nullopt);
+}
+
+TEST_F(AppModelTests, aCaptureThatCannotBeSavedStaysForTheRun)
+{
+    AppModel model = desk.model();
+    ASSERT_TRUE(QDir(desk.folder.path()).mkdir(u"layouts.json"_s));
+
+    const auto captured = model.captureCurrentWindows(u"Work"_s);
+
+    ASSERT_FALSE(captured);
+    EXPECT_THAT(captured.error().toStdString(), HasSubstr("Corvane could not save to "));
+    EXPECT_THAT(captured.error().toStdString(), HasSubstr(" Changes work until Corvane quits."));
+    EXPECT_THAT(model.layouts(), SizeIs(1));
+}
+
+TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
+{
+    AppModel model = desk.model();
+    const WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
+    int told = 0;
+    QObject::connect(&model, &AppModel::layoutApplied, &model, [&] { ++told; });
+
+    const auto apply = model.apply(layout);
+
+    ASSERT_TRUE(apply.isReady());
+    EXPECT_EQ(desk.frame(), leftHalf);
+    EXPECT_EQ(told, 1);
+    ASSERT_TRUE(model.lastApply());
+    EXPECT_EQ(model.lastApply()->layout, layout.id);
+    const QList<ActivityEntry> history = ActivityLog(desk.folder.path()).recent(10);
+    ASSERT_THAT(history, SizeIs(1));
+    EXPECT_EQ(history.first().action, ActivityEntry::layoutAction);
+    EXPECT_EQ(history.first().title, u"Work");
+    EXPECT_EQ(history.first().window, u"Letter");
+    EXPECT_EQ(history.first().display, u"Laptop");
+    EXPECT_THAT(history.first().from, ElementsAre(100, 100, 600, 500));
+}
+
+TEST_F(AppModelTests, theGapOfTheSettingsStandsBetweenPanes)
+{
+    ASSERT_TRUE(SettingsStore(desk.folder.path()).save({.gap = 20}));
+    AppModel model = desk.model();
+
+    const auto apply = model.apply(ModelDesk::leftHalfLayout(Screens::signature()));
+
+    EXPECT_EQ(desk.frame(), (Rect{20, 20, 690, 860}));
+}
+
+TEST_F(AppModelTests, aNewApplyEndsOneThatStillWaits)
+{
+    AppModel model = desk.model();
+    desktop().install(
+        {.bundleIdentifier = u"org.example.Slow"_s, .name = u"Slow"_s, .opensAfter = std::nullopt});
+    WindowLayout slow = ModelDesk::leftHalfLayout(Screens::signature());
+    slow.panes[0].app = AppRef{u"org.example.Slow"_s, u"Slow"_s};
+
+    const auto waiting = model.apply(slow);
+    desk.settle(1s);
+    EXPECT_FALSE(waiting.isReady());
+    const auto next = model.apply(ModelDesk::leftHalfLayout(Screens::signature()));
+    EXPECT_EQ(desk.frame(), leftHalf);
+    desk.settle(1s);
+
+    EXPECT_TRUE(next.isReady());
+    EXPECT_TRUE(waiting.isReady());
+    EXPECT_EQ(model.lastApply()->results.first().pane.app->name, u"Slow");
+}
+
+TEST_F(AppModelTests, aLayoutIsAppliedOnceItsDisplaysHaveConnected)
+{
+    const quint32 second = desk.plugSecond();
+    desk.settle(2s);
+    const QList<DisplayKey> both = Screens::signature();
+    desktop().unplug(second);
+    desk.settle(2s);
+    WindowLayout other = ModelDesk::leftHalfLayout(Screens::signature());
+    other.applyOnConnect = false;
+    save({other, ModelDesk::leftHalfLayout(both)});
+    AppModel model = desk.model();
+    model.applyOnConnect();
+    QList<QUuid> applied;
+    QObject::connect(&model, &AppModel::layoutApplied, &model,
+        [&](const AppModel::LastApply &apply) { applied << apply.layout; });
+
+    desk.settle(5s);
+    EXPECT_THAT(applied, IsEmpty()) << "they were connected before";
+    desk.plugSecond();
+    desk.settle();
+    desk.settle(5s);
+
+    EXPECT_THAT(applied, ElementsAre(model.layouts()[1].id));
+    EXPECT_EQ(desk.frame(), leftHalf);
+}
+
+TEST_F(AppModelTests, aWindowThatTheDesktopMovedBackLateIsPutInItsPlaceAgain)
+{
+    const quint32 second = desk.plugSecond();
+    desk.settle(2s);
+    save({ModelDesk::leftHalfLayout(Screens::signature())});
+    desktop().unplug(second);
+    desk.settle(2s);
+    AppModel model = desk.model();
+    model.applyOnConnect();
+    desk.plugSecond();
+    desk.settle();
+    desk.settle(1s);
+    ASSERT_EQ(desk.frame(), leftHalf);
+
+    desktop().moveWindow(desktop().window(desk.window), {300, 200});
+    desk.settle(500ms);
+
+    EXPECT_EQ(desk.frame(), leftHalf);
+}
+
+RC_GTEST_PROP(AppModelPropertyTests, aThousandPlugsAndUnplugsApplyOncePerBurst, ())
+{
+    ModelDesk desk;
+    SimulatedDesktop &desktop = desk.platform.desktop();
+    quint32 second = desk.plugSecond();
+    desk.settle(2s);
+    const QList<DisplayKey> both = Screens::signature();
+    const QList<WindowLayout> layouts{ModelDesk::leftHalfLayout(both)};
+    RC_ASSERT(LayoutStore(desk.folder.path()).save(layouts).has_value());
+    AppModel model = desk.model();
+    model.applyOnConnect();
+    int applied = 0;
+    QObject::connect(&model, &AppModel::layoutApplied, &model, [&] { ++applied; });
+
+    bool isPlugged = true;
+    int events = 0;
+    while (events < 1000) {
+        const int before = applied;
+        const int length = *rc::gen::inRange(1, 8);
+        for (int event = 0; event < length; ++event, ++events) {
+            if (isPlugged)
+                desktop.unplug(second);
+            else
+                second = desk.plugSecond();
+            isPlugged = !isPlugged;
+            desk.settle(Clock::Duration(*rc::gen::inRange(0, 900)));
+        }
+        desk.settle(3s);
+        RC_ASSERT(applied - before == (isPlugged ? 1 : 0));
+        RC_ASSERT(!isPlugged || desk.frame() == leftHalf);
+    }
+}
+
+} // namespace corvane
