@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AXError.h"
+
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -17,6 +19,21 @@ struct RunningApplication {
     bool isRegular = false; ///< has a window that the task bar lists
 
     bool operator==(const RunningApplication &) const = default;
+};
+
+/// What the system knows of an application, whether it runs or not.
+struct Installation {
+    enum class State {
+        ready,
+        hidden, ///< can be opened, but the desktop's menus do not offer it
+        broken, ///< described to the system, but in a way that cannot be opened
+        notInstalled,
+    };
+
+    State state = State::notInstalled;
+    QString localizedName; ///< empty unless installed
+
+    bool operator==(const Installation &) const = default;
 };
 
 class Applications : public QObject

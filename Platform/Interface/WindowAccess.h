@@ -13,6 +13,14 @@
 
 namespace corvane {
 
+/// A window that can be seen now: not minimised, hidden or on another workspace.
+struct OnScreenWindow {
+    pid_t pid = 0;
+    Rect bounds; ///< as `WindowAccess::frame` tells it
+
+    bool operator==(const OnScreenWindow &) const = default;
+};
+
 /// Other applications' windows. Every call is synchronous and bounded by the messaging timeout.
 /// Notices arrive on the main thread, never from inside a call.
 class WindowAccess : public QObject
