@@ -46,6 +46,11 @@ public:
     /// The application that has the focus, if any has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
 
+    [[nodiscard]] virtual Installation installation(const QString &bundleIdentifier) = 0;
+    /// Opens the application without activating it, where the desktop allows that. Its windows come
+    /// later, perhaps in another process or never. The error is one sentence.
+    [[nodiscard]] virtual expected<void, QString> open(const QString &bundleIdentifier) = 0;
+
 Q_SIGNALS:
     /// A process became a regular application. Arrives before the notice of its first window.
     void launched(const corvane::RunningApplication &application);

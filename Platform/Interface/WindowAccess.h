@@ -44,6 +44,8 @@ public:
     [[nodiscard]] virtual Focused focusedWindow() = 0;
     /// The application's windows on this workspace, front to back, of every kind.
     [[nodiscard]] virtual QList<WindowElement> windows(pid_t pid) = 0;
+    /// Every application's, of every kind but desktops, front to back.
+    [[nodiscard]] virtual QList<OnScreenWindow> onScreenWindows() = 0;
 
     /// What a person sees of the window: decorations included, client-side shadows excluded.
     [[nodiscard]] virtual expected<Rect, AXError> frame(const WindowElement &window) = 0;
