@@ -1,5 +1,6 @@
 #include "Spawn.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 
 #include <glib.h>
@@ -61,10 +62,11 @@ QString spawn(const QByteArrayList &command, const QByteArray &workingFolder)
     // GLib forks twice unless asked not to: the program is not our child, and leaves no zombie.
     constexpr auto flags =
         GSpawnFlags(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
-    const char *folder = workingFolder.isEmpty() ? g_get_home_dir() : workingFolder.constData();
+    const QByteArray folder =
+        workingFolder.isEmpty() ? QFile::encodeName(QDir::homePath()) : workingFolder;
     GError *error = nullptr;
-    if (g_spawn_async(folder, arguments.data(), environment().get(), flags, &leaveUs, nullptr,
-            nullptr, &error))
+    if (g_spawn_async(folder.constData(), arguments.data(), environment().get(), flags, &leaveUs,
+            nullptr, nullptr, &error))
         return {};
     const QString reason = QString::fromUtf8(error->message);
     g_error_free(error);
