@@ -1,41 +1,45 @@
 #pragma once
 
-#include <QtCore/QHash>
-#include <QtCore/QString>
+#include "DesktopEntry.h"
 
-#include <optional>
+#include <QtCore/QHash>
 
 namespace corvane::freedesktop {
 
-struct DesktopEntry {
-    QString id; ///< the file's name without ".desktop"
-    QString name; ///< in the user's language
-
-    bool operator==(const DesktopEntry &) const = default;
-};
-
-/// The installed applications, as their desktop entries describe them.
+/// The applications that are described to the system. They are read when they are first asked for,
+/// and again when a folder of theirs has changed.
 class DesktopEntries final
 {
 public:
-    /// Both parts of a window's WM_CLASS.
-    struct WindowClass {
-        QString className;
-        QString instanceName;
-
-        bool operator==(const WindowClass &) const = default;
-    };
-
-    /// The entry whose id is the class or the instance name. Kept once it has been looked up.
-    [[nodiscard]] std::optional<DesktopEntry> find(const WindowClass &windowClass);
+    /// As its file is now. Nothing where no file has this id, or it says that it is deleted.
+    [[nodiscard]] std::optional<DesktopEntry> entry(const QString &id);
+    /// Those that are not deleted, by id.
+    [[nodiscard]] const QList<DesktopEntry> &all();
+    /// Those whose program this is: an absolute path without symbolic links.
+    [[nodiscard]] QList<DesktopEntry> withProgram(const QString &path);
+    /// Another number once anything above may be another one.
+    [[nodiscard]] quint64 revision();
 
 private:
-    QHash<WindowClass, std::optional<DesktopEntry>> m_found;
-};
+    struct Folder {
+        QString path;
+        qint64 modified = 0; ///< in nanoseconds of the epoch; 0: it is not there
 
-inline size_t qHash(const DesktopEntries::WindowClass &windowClass, size_t seed = 0)
-{
-    return qHashMulti(seed, windowClass.className, windowClass.instanceName);
-}
+        bool operator==(const Folder &) const = default;
+    };
+
+    void renew();
+    void read();
+    void readFolder(const QString &root);
+    [[nodiscard]] bool isCurrent() const;
+    void findPrograms();
+
+    QList<Folder> m_folders;
+    qint64 m_readAt = 0;
+    quint64 m_revision = 0;
+    QHash<QString, QString> m_paths; ///< by id
+    QList<DesktopEntry> m_entries;
+    std::optional<QMultiHash<QString, qsizetype>> m_programs; ///< indices by path
+};
 
 } // namespace corvane::freedesktop

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AXError.h"
+
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -19,6 +21,21 @@ struct RunningApplication {
     bool operator==(const RunningApplication &) const = default;
 };
 
+/// What the system knows of an application, whether it runs or not.
+struct Installation {
+    enum class State {
+        ready,
+        hidden, ///< can be opened, but the desktop's menus do not offer it
+        broken, ///< described to the system, but in a way that cannot be opened
+        notInstalled,
+    };
+
+    State state = State::notInstalled;
+    QString localizedName; ///< empty unless installed
+
+    bool operator==(const Installation &) const = default;
+};
+
 class Applications : public QObject
 {
     Q_OBJECT
@@ -28,6 +45,11 @@ public:
     [[nodiscard]] virtual std::optional<RunningApplication> application(pid_t pid) = 0;
     /// The application that has the focus, if any has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
+
+    [[nodiscard]] virtual Installation installation(const QString &bundleIdentifier) = 0;
+    /// Opens the application without activating it, where the desktop allows that. Its windows come
+    /// later, perhaps in another process or never. The error is one sentence.
+    [[nodiscard]] virtual expected<void, QString> open(const QString &bundleIdentifier) = 0;
 
 Q_SIGNALS:
     /// A process became a regular application. Arrives before the notice of its first window.

@@ -13,6 +13,14 @@
 
 namespace corvane {
 
+/// A window that can be seen now: not minimised, hidden or on another workspace.
+struct OnScreenWindow {
+    pid_t pid = 0;
+    Rect bounds; ///< as `WindowAccess::frame` tells it
+
+    bool operator==(const OnScreenWindow &) const = default;
+};
+
 /// Other applications' windows. Every call is synchronous and bounded by the messaging timeout.
 /// Notices arrive on the main thread, never from inside a call.
 class WindowAccess : public QObject
@@ -36,6 +44,8 @@ public:
     [[nodiscard]] virtual Focused focusedWindow() = 0;
     /// The application's windows on this workspace, front to back, of every kind.
     [[nodiscard]] virtual QList<WindowElement> windows(pid_t pid) = 0;
+    /// Every application's, of every kind but desktops, front to back.
+    [[nodiscard]] virtual QList<OnScreenWindow> onScreenWindows() = 0;
 
     /// What a person sees of the window: decorations included, client-side shadows excluded.
     [[nodiscard]] virtual expected<Rect, AXError> frame(const WindowElement &window) = 0;

@@ -27,6 +27,7 @@ struct SimulatedApplication {
 struct InstalledApplication {
     QString bundleIdentifier{};
     QString name{};
+    Installation::State state = Installation::State::ready;
     QList<WindowSpec> windows{}; ///< front to back
     /// How long it takes to show them; nothing: it never does.
     std::optional<Clock::Duration> opensAfter{Clock::Duration{0}};

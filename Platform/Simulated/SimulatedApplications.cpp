@@ -2,6 +2,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 SimulatedApplications::SimulatedApplications(SimulatedDesktop &desktop) : m_desktop(desktop)
 {
     connect(&desktop, &SimulatedDesktop::applicationLaunched, this, &Applications::launched);
@@ -26,6 +28,23 @@ std::optional<RunningApplication> SimulatedApplications::frontmost()
     m_desktop.catchUp();
     const auto focused = m_desktop.focused();
     return focused ? application(m_desktop.window(*focused).pid) : std::nullopt;
+}
+
+Installation SimulatedApplications::installation(const QString &bundleIdentifier)
+{
+    const InstalledApplication *found = m_desktop.installed(bundleIdentifier);
+    return found ? Installation{found->state, found->name} : Installation{};
+}
+
+expected<void, QString> SimulatedApplications::open(const QString &bundleIdentifier)
+{
+    const Installation found = installation(bundleIdentifier);
+    if (found.state == Installation::State::notInstalled)
+        return unexpected<QString>(u"\"%1\" is not installed."_s.arg(bundleIdentifier));
+    if (found.state == Installation::State::broken)
+        return unexpected<QString>(u"\"%1\" cannot be opened."_s.arg(bundleIdentifier));
+    m_desktop.launch(bundleIdentifier);
+    return {};
 }
 
 } // namespace corvane

@@ -16,6 +16,9 @@ public:
     std::optional<RunningApplication> application(pid_t pid) override;
     std::optional<RunningApplication> frontmost() override;
 
+    Installation installation(const QString &bundleIdentifier) override;
+    expected<void, QString> open(const QString &bundleIdentifier) override;
+
 private:
     SimulatedDesktop &m_desktop;
 };

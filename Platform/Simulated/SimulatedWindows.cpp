@@ -63,6 +63,18 @@ QList<WindowElement> SimulatedWindows::windows(pid_t pid)
     return windows;
 }
 
+QList<OnScreenWindow> SimulatedWindows::onScreenWindows()
+{
+    m_desktop.catchUp();
+    QList<OnScreenWindow> windows;
+    for (const WindowElement &element : m_desktop.stack()) {
+        const SimulatedWindow &window = m_desktop.window(element);
+        if (!window.onOtherWorkspace && !window.minimised && window.kind != WindowKind::desktop)
+            windows << OnScreenWindow{window.pid, window.frame};
+    }
+    return windows;
+}
+
 expected<Rect, AXError> SimulatedWindows::frame(const WindowElement &window)
 {
     return look(window).map([](const SimulatedWindow *seen) { return seen->frame; });

@@ -113,6 +113,8 @@ ClientPropertiesRequest requestClientProperties(const Connection &connection, xc
         .pid = requestProperty(connection, window, Atom::netWmPid),
         .clientIds = requestClientIds(connection, window),
         .windowClass = requestProperty(connection, window, XCB_ATOM_WM_CLASS),
+        .gtkId = requestProperty(connection, window, Atom::gtkApplicationId),
+        .kdeFile = requestProperty(connection, window, Atom::kdeDesktopFile),
         .state = requestProperty(connection, window, Atom::netWmState),
         .kind = requestKind(connection, window),
         .struts = requestStruts(connection, window)};
@@ -126,6 +128,8 @@ std::optional<KnownWindow> clientProperties(
     const auto pid = propertyReply(connection, request.pid);
     const pid_t socketPid = localClientPid(connection, request.clientIds);
     const auto windowClass = propertyReply(connection, request.windowClass);
+    const QString gtkId = textOf(propertyReply(connection, request.gtkId));
+    const QString kdeFile = textOf(propertyReply(connection, request.kdeFile));
     const auto state = propertyReply(connection, request.state);
     KnownWindow known;
     known.kind = readKind(connection, request.kind, request.window);
@@ -137,6 +141,7 @@ std::optional<KnownWindow> clientProperties(
     const auto statedPid = stated.empty() ? pid_t(0) : static_cast<pid_t>(stated[0]);
     known.pid = isAlive(statedPid) ? statedPid : socketPid;
     readClass(windowClass, known);
+    known.publishedId = gtkId.isEmpty() ? kdeFile : gtkId;
     const auto states = values32(state);
     known.inTaskbar = known.kind == WindowKind::standard
         && std::ranges::find(states, connection.atom(Atom::stateSkipTaskbar)) == states.end();

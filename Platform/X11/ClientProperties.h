@@ -31,6 +31,8 @@ struct ClientPropertiesRequest {
     xcb_get_property_cookie_t pid{};
     xcb_res_query_client_ids_cookie_t clientIds{};
     xcb_get_property_cookie_t windowClass{};
+    xcb_get_property_cookie_t gtkId{};
+    xcb_get_property_cookie_t kdeFile{};
     xcb_get_property_cookie_t state{};
     KindRequest kind;
     StrutRequest struts;

@@ -30,6 +30,7 @@ struct KnownWindow {
     pid_t pid = 0;
     QString className;
     QString instanceName;
+    QString publishedId; ///< of the application, by its toolkit; mostly empty
     WindowKind kind = WindowKind::standard;
     bool inTaskbar = false; ///< when it was first seen
     bool wasListed = false; ///< by the window manager, at some time

@@ -17,9 +17,8 @@ X11Applications::Process::~Process()
         close(pidfd);
 }
 
-X11Applications::X11Applications(
-    Connection &connection, WindowRegistry &registry, freedesktop::DesktopEntries &entries)
-    : m_connection(connection), m_registry(registry), m_entries(entries)
+X11Applications::X11Applications(Connection &connection, WindowRegistry &registry)
+    : m_connection(connection), m_registry(registry)
 {
     connect(&registry, &WindowRegistry::appeared, this, &X11Applications::meet);
     connect(&registry, &WindowRegistry::destroyed, this, &X11Applications::lose);
@@ -34,8 +33,8 @@ X11Applications::~X11Applications() = default;
 QList<RunningApplication> X11Applications::running()
 {
     QList<RunningApplication> applications;
-    for (const auto &[pid, process] : m_processes)
-        applications << describe(pid, process);
+    for (auto &[pid, process] : m_processes)
+        applications << describe(process);
     return applications;
 }
 
@@ -44,7 +43,7 @@ std::optional<RunningApplication> X11Applications::application(pid_t pid)
     const auto process = m_processes.find(pid);
     if (process == m_processes.end())
         return std::nullopt;
-    return describe(pid, process->second);
+    return describe(process->second);
 }
 
 std::optional<RunningApplication> X11Applications::frontmost()
@@ -53,6 +52,17 @@ std::optional<RunningApplication> X11Applications::frontmost()
         readList(m_connection, m_connection.root(), Atom::netActiveWindow).value(0);
     const auto known = m_registry.known().constFind(active);
     return known != m_registry.known().cend() ? application(known->pid) : std::nullopt;
+}
+
+Installation X11Applications::installation(const QString &bundleIdentifier)
+{
+    const auto entry = m_entries.entry(bundleIdentifier);
+    return entry ? freedesktop::installation(*entry) : Installation{};
+}
+
+expected<void, QString> X11Applications::open(const QString &bundleIdentifier)
+{
+    return m_launcher.open(bundleIdentifier);
 }
 
 void X11Applications::meet(const QList<WindowElement> &windows)
@@ -69,8 +79,9 @@ void X11Applications::meet(const QList<WindowElement> &windows)
             watchExit(pid, process);
         // A splash screen or panel does not name the application for good.
         if (isNew || (known->inTaskbar && !process.isRegular)) {
-            process.className = known->className;
-            process.instanceName = known->instanceName;
+            process.traces = {pid, known->publishedId, known->className, known->instanceName};
+            process.entry.reset();
+            process.soughtIn = 0;
         }
         if (known->inTaskbar && !std::exchange(process.isRegular, true))
             m_connection.defer([this, pid] {
@@ -110,15 +121,24 @@ void X11Applications::end(pid_t pid)
         Q_EMIT terminated(pid);
 }
 
-RunningApplication X11Applications::describe(pid_t pid, const Process &process)
+RunningApplication X11Applications::describe(Process &process)
 {
-    const auto entry = m_entries.find({process.className, process.instanceName});
+    identify(process);
+    const auto &[pid, publishedId, className, instanceName] = process.traces;
+    const QString &anyName = className.isEmpty() ? instanceName : className;
     return {.pid = pid,
-        .bundleIdentifier = entry ? entry->id : process.className,
-        .localizedName = entry && !entry->name.isEmpty() ? entry->name
-            : !process.className.isEmpty()               ? process.className
-                                                         : process.instanceName,
+        .bundleIdentifier = process.entry ? process.entry->id : className,
+        .localizedName = process.entry ? process.entry->name : anyName,
         .isRegular = process.isRegular};
+}
+
+void X11Applications::identify(Process &process)
+{
+    if (process.entry)
+        return;
+    const quint64 revision = m_entries.revision();
+    if (std::exchange(process.soughtIn, revision) != revision)
+        process.entry = freedesktop::findApplication(m_entries, process.traces);
 }
 
 } // namespace corvane::x11

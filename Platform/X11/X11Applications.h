@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ApplicationMatch.h"
 #include "Applications.h"
-#include "DesktopEntries.h"
+#include "Launcher.h"
 #include "WindowRegistry.h"
 
 #include <map>
@@ -17,13 +18,15 @@ class X11Applications final : public Applications
     Q_OBJECT
 
 public:
-    X11Applications(
-        Connection &connection, WindowRegistry &registry, freedesktop::DesktopEntries &entries);
+    X11Applications(Connection &connection, WindowRegistry &registry);
     ~X11Applications() override;
 
     QList<RunningApplication> running() override;
     std::optional<RunningApplication> application(pid_t pid) override;
     std::optional<RunningApplication> frontmost() override;
+
+    Installation installation(const QString &bundleIdentifier) override;
+    expected<void, QString> open(const QString &bundleIdentifier) override;
 
 private:
     /// Watches one process for its end without polling (pidfd, Linux 5.3).
@@ -32,8 +35,9 @@ private:
         ~Process();
         Q_DISABLE_COPY_MOVE(Process)
 
-        QString className;
-        QString instanceName;
+        freedesktop::ApplicationTraces traces;
+        std::optional<freedesktop::DesktopEntry> entry;
+        quint64 soughtIn = 0; ///< the revision of the entries in which none was found
         bool isRegular = false;
         int windowCount = 0;
         int pidfd = -1;
@@ -44,11 +48,13 @@ private:
     void lose(const WindowElement &window, const KnownWindow &known);
     void watchExit(pid_t pid, Process &process);
     void end(pid_t pid);
-    [[nodiscard]] RunningApplication describe(pid_t pid, const Process &process);
+    [[nodiscard]] RunningApplication describe(Process &process);
+    void identify(Process &process);
 
     Connection &m_connection;
     WindowRegistry &m_registry;
-    freedesktop::DesktopEntries &m_entries;
+    freedesktop::DesktopEntries m_entries;
+    freedesktop::Launcher m_launcher{m_entries};
     std::map<pid_t, Process> m_processes;
 };
 

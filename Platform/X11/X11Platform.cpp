@@ -50,7 +50,7 @@ public:
         , m_obstacle(isInsideWayland(*m_connection) ? waylandSentence() : QString())
         , m_windowManager(*m_connection)
         , m_registry(*m_connection)
-        , m_applications(*m_connection, m_registry, m_entries)
+        , m_applications(*m_connection, m_registry)
         , m_windows(*m_connection, m_windowManager, m_registry, m_obstacle)
         , m_displays(*m_connection, m_windowManager, m_registry)
         , m_hotKeys(*m_connection, m_obstacle.isEmpty())
@@ -68,7 +68,6 @@ private:
     std::unique_ptr<Connection> m_connection;
     QString m_obstacle;
     SystemClock m_clock;
-    freedesktop::DesktopEntries m_entries;
     freedesktop::FreedesktopSession m_session;
     WindowManagerLink m_windowManager;
     WindowRegistry m_registry;

@@ -1,6 +1,7 @@
 #include "X11WindowAccess.h"
 
 #include "Properties.h"
+#include "WorkspaceReader.h"
 
 #include <algorithm>
 #include <tuple>
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 everyDesktop = 0xFFFFFFFF;
 constexpr quint32 fromPager = 2;
 
 bool canBePlaced(const WindowSnapshot &window)
@@ -97,32 +97,27 @@ QList<WindowElement> X11WindowAccess::windows(pid_t pid)
 {
     if (!isTrusted())
         return {};
-    const auto desktopCookie =
-        requestProperty(m_connection, m_connection.root(), Atom::netCurrentDesktop);
-    QList<std::pair<WindowElement, SnapshotRequest>> requests;
-    const auto stack = m_registry.frontToBack();
-    for (const xcb_window_t window : stack) {
-        const auto known = m_registry.known().constFind(window);
-        if (known != m_registry.known().cend() && known->pid == pid)
-            requests.emplace_back(
-                WindowElement{window, known->generation}, requestSnapshot(m_connection, window));
-    }
-    const auto desktopReply = propertyReply(m_connection, desktopCookie);
-    const auto desktops = values32(desktopReply);
-    const quint32 current = desktops.empty() ? 0 : desktops[0];
-
     QList<WindowElement> elements;
-    for (const auto &[element, request] : std::as_const(requests)) {
-        const auto snapshot =
-            keep(element, readSnapshot(m_connection, request, m_windowManager.tilesWindows()));
-        // A tiling window manager shows a workspace on each display.
-        const bool isHere = snapshot
-            && (snapshot->desktop == current || snapshot->desktop == everyDesktop
-                || (m_windowManager.tilesWindows() && snapshot->viewable));
-        if (isHere)
-            elements << element;
+    for (const SeenWindow &seen : readWorkspace(m_connection, m_registry, m_windowManager, pid)) {
+        std::ignore = keep(seen.element, seen.snapshot);
+        elements << seen.element;
     }
     return elements;
+}
+
+QList<OnScreenWindow> X11WindowAccess::onScreenWindows()
+{
+    if (!isTrusted())
+        return {};
+    QList<OnScreenWindow> windows;
+    for (const SeenWindow &seen : readWorkspace(m_connection, m_registry, m_windowManager)) {
+        std::ignore = keep(seen.element, seen.snapshot);
+        // Some window managers keep minimised windows mapped, others tell of them only by unmapping.
+        const bool canBeSeen = seen.snapshot.viewable && !seen.snapshot.hidden;
+        if (canBeSeen && seen.snapshot.kind != WindowKind::desktop)
+            windows << OnScreenWindow{seen.pid, seen.snapshot.frame()};
+    }
+    return windows;
 }
 
 template <typename Value, typename Function>

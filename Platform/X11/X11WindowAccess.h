@@ -24,6 +24,7 @@ public:
 
     Focused focusedWindow() override;
     QList<WindowElement> windows(pid_t pid) override;
+    QList<OnScreenWindow> onScreenWindows() override;
 
     expected<Rect, AXError> frame(const WindowElement &window) override;
     expected<QString, AXError> title(const WindowElement &window) override;

@@ -84,4 +84,79 @@ TEST_P(PlatformContract, theEndOfAProcessIsToldOnce)
     EXPECT_THAT(windows().windows(pid), IsEmpty());
 }
 
+TEST_P(PlatformContract, anApplicationRunsRegularlyOnlyWithItsMainWindow)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement splash = world().openWindow(pid, {.kind = Kind::splash});
+    world().settle();
+    EXPECT_THAT(launched, IsEmpty());
+
+    world().openWindow(pid);
+    world().closeWindow(splash);
+    EXPECT_TRUE(world().waitUntil([&] { return launched.contains(pid); }));
+    world().settle();
+
+    EXPECT_THAT(launched, ElementsAre(pid));
+    EXPECT_THAT(terminated, IsEmpty());
+}
+
+TEST_P(PlatformContract, aProcessThatEndsAtOnceLeavesNothingBehind)
+{
+    const pid_t pid = world().startApplication();
+    world().openWindow(pid);
+
+    world().quitApplication(pid);
+    world().settle();
+
+    EXPECT_THAT(pids(applications()), Not(Contains(pid)));
+    EXPECT_THAT(terminated, ElementsAre(pid));
+    EXPECT_EQ(applications().application(pid), std::nullopt);
+    EXPECT_THAT(windows().onScreenWindows(), IsEmpty());
+}
+
+TEST_P(PlatformContract, whatIsKnownOfAnApplicationDoesNotDependOnItsRunning)
+{
+    using enum Installation::State;
+    const QString id = QStringLiteral("org.example.Installed");
+    EXPECT_EQ(applications().installation(id), Installation{});
+
+    for (const auto state : {ready, hidden, broken}) {
+        const QString stateId = id + QString::number(int(state));
+        world().install(stateId, QStringLiteral("Installed"), state);
+
+        EXPECT_EQ(applications().installation(stateId),
+            (Installation{state, QStringLiteral("Installed")}));
+    }
+}
+
+TEST_P(PlatformContract, anOpenedApplicationRunsUnderItsBundleIdentifier)
+{
+    const QString id = QStringLiteral("org.example.Opened");
+    world().install(id, QStringLiteral("Opened"), Installation::State::hidden);
+
+    EXPECT_TRUE(applications().open(id));
+    EXPECT_TRUE(world().waitUntil([&] { return !launched.isEmpty(); }));
+
+    const auto opened = applications().application(launched.value(0));
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->bundleIdentifier, id);
+    EXPECT_EQ(opened->localizedName, QStringLiteral("Opened"));
+    EXPECT_EQ(windows().windows(opened->pid).size(), 1);
+}
+
+TEST_P(PlatformContract, whatCannotBeOpenedSaysWhy)
+{
+    const QString broken = QStringLiteral("org.example.Broken");
+    world().install(broken, QStringLiteral("Broken"), Installation::State::broken);
+
+    for (const QString &id : {broken, QStringLiteral("org.example.Missing")}) {
+        const auto opened = applications().open(id);
+        ASSERT_FALSE(opened);
+        EXPECT_TRUE(opened.error().endsWith(u'.'));
+    }
+    world().settle();
+
+    EXPECT_THAT(launched, IsEmpty());
+}
+
 } // namespace corvane

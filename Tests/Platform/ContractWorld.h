@@ -9,7 +9,7 @@
 namespace corvane {
 
 struct ContractWindow {
-    enum class Kind { standard, dialog, panel, desktop };
+    enum class Kind { standard, dialog, splash, panel, desktop };
 
     Kind kind = Kind::standard;
     Rect frame{120, 110, 500, 400}; ///< what a person sees of it
@@ -36,6 +36,9 @@ public:
     virtual Platform &platform() = 0;
     [[nodiscard]] virtual bool can(Ability ability) const = 0;
 
+    /// An application that, once opened, shows one standard window, or that cannot be opened.
+    virtual void install(
+        const QString &bundleIdentifier, const QString &name, Installation::State state) = 0;
     /// A process without a window.
     virtual pid_t startApplication() = 0;
     virtual void quitApplication(pid_t pid) = 0;

@@ -25,6 +25,14 @@ public:
     Platform &platform() override { return m_platform; }
     bool can(Ability) const override { return true; }
 
+    void install(
+        const QString &bundleIdentifier, const QString &name, Installation::State state) override
+    {
+        m_desktop.install({.bundleIdentifier = bundleIdentifier,
+            .name = name,
+            .state = state,
+            .windows = {WindowSpec{}}});
+    }
     pid_t startApplication() override
     {
         return m_desktop.start(u"org.example.Contract"_s, u"Contract"_s);
@@ -87,7 +95,7 @@ private:
 WindowElement SimulatedWorld::openWindow(pid_t pid, const ContractWindow &window)
 {
     using enum WindowKind;
-    constexpr std::array kinds{standard, dialog, panel, desktop};
+    constexpr std::array kinds{standard, dialog, splash, panel, desktop};
     WindowSpec spec;
     spec.title = window.title;
     spec.frame = window.frame;

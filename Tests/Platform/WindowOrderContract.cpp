@@ -96,4 +96,50 @@ TEST_P(PlatformContract, oneWindowComesForwardAloneWhereTheDesktopCan)
     EXPECT_EQ(windows().windows(pid), (QList{wanted, sibling}));
 }
 
+TEST_P(PlatformContract, whatIsOnScreenIsListedFrontToBack)
+{
+    const pid_t first = world().startApplication();
+    const pid_t second = world().startApplication();
+    const Rect back{120, 110, 500, 400};
+    const Rect middle{300, 200, 600, 500};
+    world().openWindow(first, {.frame = back});
+    world().openWindow(second, {.frame = middle});
+    const WindowElement front = world().openWindow(first, {.kind = Kind::dialog});
+
+    const Rect frame = windows().frame(front).value_or(Rect{});
+
+    EXPECT_TRUE(world().waitUntil([&] {
+        return windows().onScreenWindows()
+            == QList{OnScreenWindow{first, frame}, {second, middle}, {first, back}};
+    }));
+}
+
+TEST_P(PlatformContract, whatCannotBeSeenIsNotOnScreen)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement window = world().openWindow(pid);
+    world().openWindow(pid, {.minimised = true});
+    if (world().can(Ability::otherWorkspaces))
+        world().openWindow(pid, {.onOtherWorkspace = true});
+    if (world().can(Ability::panels))
+        world().openWindow(pid, {.kind = Kind::desktop});
+    world().settle();
+
+    EXPECT_EQ(windows().onScreenWindows(),
+        QList{(OnScreenWindow{pid, windows().frame(window).value_or(Rect{})})});
+}
+
+TEST_P(PlatformContract, panelsAreOnScreen)
+{
+    CORVANE_NEEDS(panels);
+    const pid_t pid = world().startApplication();
+    const Rect frame{0, 0, 300, 24};
+
+    world().openWindow(pid, {.kind = Kind::panel, .frame = frame});
+
+    EXPECT_TRUE(world().waitUntil([&] {
+        return windows().onScreenWindows() == QList{OnScreenWindow{pid, frame}};
+    }));
+}
+
 } // namespace corvane

@@ -7,6 +7,8 @@
 #include "X11Platform.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
 
 #include <map>
 
@@ -29,6 +31,8 @@ public:
     Platform &platform() override { return *m_platform; }
     bool can(Ability ability) const override { return ability != Ability::otherWorkspaces; }
 
+    void install(
+        const QString &bundleIdentifier, const QString &name, Installation::State state) override;
     pid_t startApplication() override;
     void quitApplication(pid_t pid) override { m_clients.erase(pid); }
     WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
@@ -84,7 +88,10 @@ X11World::X11World(QString windowManager) : m_windowManagerName(std::move(window
     m_probe = std::make_unique<WindowProbe>(m_desktop->connection());
     m_keys = std::make_unique<KeyPresser>(m_desktop->connection());
     startWindowManager();
-    qputenv("DISPLAY", m_desktop->displayName().toUtf8());
+    // What the back end opens belongs to the virtual desktop, too.
+    const QProcessEnvironment &variables = m_desktop->environment();
+    for (const QString &name : variables.keys())
+        qputenv(name.toUtf8().constData(), variables.value(name).toUtf8());
     auto opened = openX11Platform([] {});
     if (!opened)
         qFatal("%s", qUtf8Printable(opened.error()));
@@ -98,6 +105,22 @@ void X11World::startWindowManager()
     if (!started)
         qFatal("%s", qUtf8Printable(started.error()));
     m_windowManager = std::move(*started);
+}
+
+void X11World::install(
+    const QString &bundleIdentifier, const QString &name, Installation::State state)
+{
+    QString text =
+        u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nStartupWMClass=%3\n"_s.arg(name,
+            state == Installation::State::broken ? u"no-such-program"_s
+                                                 : QStringLiteral(CORVANE_QT_TEST_CLIENT),
+            u"corvane-test-qtclient"_s);
+    if (state == Installation::State::hidden)
+        text += u"NoDisplay=true\n"_s;
+    const QString folder = m_desktop->folder() + u"/home/.local/share/applications/"_s;
+    QDir().mkpath(folder);
+    QFile file(folder + bundleIdentifier + u".desktop"_s);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
 }
 
 pid_t X11World::startApplication()
@@ -119,6 +142,8 @@ WindowElement X11World::openWindow(pid_t pid, const ContractWindow &wanted)
         request.hints.minimum = request.hints.maximum = wanted.frame.size();
     if (wanted.kind == ContractWindow::Kind::dialog)
         request.kind = WindowRequest::Kind::dialog;
+    else if (wanted.kind == ContractWindow::Kind::splash)
+        request.kind = WindowRequest::Kind::splash;
     else if (wanted.kind == ContractWindow::Kind::panel)
         request.kind = WindowRequest::Kind::dock;
     else if (wanted.kind == ContractWindow::Kind::desktop)

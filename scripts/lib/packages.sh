@@ -1,7 +1,7 @@
 # Sourced by the other scripts: installs the Debian packages that a task needs and that are missing.
 
 packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xkb-dev libexpected-dev"
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xkb-dev libexpected-dev qcoro-qt6-dev"
 
 packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11-utils x11-xkb-utils
     x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core

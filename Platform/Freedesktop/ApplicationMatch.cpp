@@ -1,0 +1,130 @@
+#include "ApplicationMatch.h"
+
+#include "CommandLines.h"
+
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+
+namespace corvane::freedesktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Found = std::optional<DesktopEntry>;
+
+template <typename Condition>
+QList<DesktopEntry> filtered(const QList<DesktopEntry> &entries, Condition condition)
+{
+    QList<DesktopEntry> matching;
+    std::ranges::copy_if(entries, std::back_inserter(matching), condition);
+    return matching;
+}
+
+/// The menus' entries go before those that they do not offer.
+QList<DesktopEntry> preferred(const QList<DesktopEntry> &entries)
+{
+    const QList<DesktopEntry> offered = filtered(entries, &DesktopEntry::isOffered);
+    return offered.isEmpty() ? entries : offered;
+}
+
+Found onlyOne(const QList<DesktopEntry> &entries)
+{
+    const QList<DesktopEntry> candidates = preferred(entries);
+    return candidates.size() == 1 ? Found(candidates.first()) : std::nullopt;
+}
+
+Found withStartupClass(const QList<DesktopEntry> &entries, const ApplicationTraces &traces)
+{
+    // The instance first: programs that host others set it apart for each, and keep one class.
+    for (const QString &part : {traces.instanceName, traces.className}) {
+        if (part.isEmpty())
+            continue;
+        const auto matching = preferred(filtered(
+            entries, [&](const DesktopEntry &entry) { return entry.startupClass == part; }));
+        const auto namesake = filtered(matching, [&](const DesktopEntry &entry) {
+            return entry.id.compare(part, Qt::CaseInsensitive) == 0;
+        });
+        if (!matching.isEmpty())
+            return namesake.isEmpty() ? matching.first() : namesake.first();
+    }
+    return std::nullopt;
+}
+
+Found published(DesktopEntries &entries, const QString &published)
+{
+    QString id = published.mid(published.lastIndexOf(u'/') + 1);
+    if (id.endsWith(".desktop"_L1))
+        id.chop(8);
+    return entries.entry(id);
+}
+
+Found inSandbox(DesktopEntries &entries, const Sandbox &sandbox, const ApplicationTraces &traces)
+{
+    const auto family = filtered(entries.all(), [&](const DesktopEntry &entry) {
+        return entry.id == sandbox.entryId || entry.id.startsWith(sandbox.family);
+    });
+    if (const Found announced = withStartupClass(family, traces))
+        return announced;
+    const Found exact = entries.entry(sandbox.entryId);
+    return exact ? exact : onlyOne(family);
+}
+
+Found likeClass(DesktopEntries &entries, const ApplicationTraces &traces)
+{
+    for (const QString &part : {traces.className, traces.instanceName}) {
+        for (const QString &id : {part, part.toLower()}) {
+            if (const Found exact = entries.entry(id))
+                return exact;
+        }
+    }
+    for (const QString &part : {traces.className, traces.instanceName}) {
+        const auto endingSo = filtered(entries.all(), [&](const DesktopEntry &entry) {
+            return !part.isEmpty() && entry.id.endsWith(u'.' + part, Qt::CaseInsensitive);
+        });
+        if (const Found only = onlyOne(endingSo))
+            return only;
+    }
+    return std::nullopt;
+}
+
+Found runningProgram(DesktopEntries &entries, const QStringList &programs)
+{
+    for (const QString &program : programs) {
+        const auto exact = entries.withProgram(QFileInfo(program).canonicalFilePath());
+        if (!exact.isEmpty())
+            return onlyOne(exact);
+    }
+    for (const QString &program : programs) {
+        const QString name = QFileInfo(program).fileName();
+        const auto namesakes = filtered(entries.all(), [&](const DesktopEntry &entry) {
+            return std::ranges::any_of(ownPrograms(entry), [&](const QByteArray &own) {
+                return QFileInfo(QString::fromLocal8Bit(own)).fileName() == name;
+            });
+        });
+        if (const Found only = onlyOne(namesakes))
+            return only;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<DesktopEntry> findApplication(
+    DesktopEntries &entries, const ApplicationTraces &traces, const ProcessFiles &processes)
+{
+    Found found = published(entries, traces.publishedId);
+    if (!found) {
+        if (const auto sandbox = processes.sandbox(traces.pid))
+            found = inSandbox(entries, *sandbox, traces);
+    }
+    if (!found)
+        found = withStartupClass(entries.all(), traces);
+    if (!found)
+        found = likeClass(entries, traces);
+    return found ? found : runningProgram(entries, processes.programs(traces.pid));
+}
+
+} // namespace corvane::freedesktop

@@ -1,0 +1,84 @@
+#include "DesktopEntry.h"
+
+#include "CommandLines.h"
+#include "KeyFile.h"
+
+namespace corvane::freedesktop {
+
+namespace {
+
+using Fault = DesktopEntry::Fault;
+
+bool isOfferedHere(const KeyFile &file)
+{
+    if (file.flag("NoDisplay"))
+        return false;
+    const QByteArrayList only = file.value("OnlyShowIn").split(';');
+    const QByteArrayList excluded = file.value("NotShowIn").split(';');
+    for (const QByteArray &desktop : qgetenv("XDG_CURRENT_DESKTOP").split(':')) {
+        if (desktop.isEmpty())
+            continue;
+        if (only.contains(desktop))
+            return true;
+        if (excluded.contains(desktop))
+            return false;
+    }
+    return only.first().isEmpty();
+}
+
+Fault flawOf(const KeyFile &file)
+{
+    if (!file.isValid())
+        return Fault::unreadable;
+    if (file.value("Type") != "Application")
+        return Fault::notAnApplication;
+    const bool opensNothing = file.value("Exec").trimmed().isEmpty();
+    return opensNothing && !file.flag("DBusActivatable") ? Fault::noProgram : Fault::none;
+}
+
+} // namespace
+
+DesktopEntry readDesktopEntry(const QString &path, const QString &id)
+{
+    const KeyFile file(path, "Desktop Entry");
+    const QString name = file.text("Name");
+    return {.id = id,
+        .path = path,
+        .name = name.isEmpty() ? id : name,
+        .flaw = flawOf(file),
+        .exec = file.value("Exec"),
+        .tryExec = file.value("TryExec"),
+        .workingFolder = file.value("Path"),
+        .icon = file.value("Icon"),
+        .startupClass = file.text("StartupWMClass"),
+        .isDeleted = file.flag("Hidden"),
+        .isOffered = isOfferedHere(file),
+        .inTerminal = file.flag("Terminal"),
+        .isActivatable = file.flag("DBusActivatable")};
+}
+
+Fault fault(const DesktopEntry &entry)
+{
+    if (entry.flaw != Fault::none)
+        return entry.flaw;
+    if (!entry.tryExec.isEmpty() && programPath(entry.tryExec).isEmpty())
+        return Fault::missingProgram;
+    if (entry.isActivatable)
+        return Fault::none;
+    const QByteArrayList command = commandLine(entry);
+    if (command.isEmpty())
+        return Fault::noProgram;
+    return programPath(command.first()).isEmpty() ? Fault::missingProgram : Fault::none;
+}
+
+Installation installation(const DesktopEntry &entry)
+{
+    using enum Installation::State;
+    if (entry.isDeleted)
+        return {};
+    if (fault(entry) != Fault::none)
+        return {broken, entry.name};
+    return {entry.isOffered ? ready : hidden, entry.name};
+}
+
+} // namespace corvane::freedesktop

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Applications.h"
+
+#include <QtCore/QByteArray>
+
+namespace corvane::freedesktop {
+
+/// An application, as one file describes it to the system (Desktop Entry Specification 1.5).
+struct DesktopEntry {
+    /// Why it cannot be opened.
+    enum class Fault {
+        none,
+        unreadable,
+        notAnApplication,
+        noProgram, ///< it names none
+        missingProgram,
+    };
+
+    QString id; ///< the file's name without ".desktop"
+    QString path;
+    QString name; ///< in the user's language
+    Fault flaw = Fault::none; ///< that the file itself has
+    QByteArray exec; ///< with its quotes and field codes
+    QByteArray tryExec;
+    QByteArray workingFolder;
+    QByteArray icon;
+    QString startupClass; ///< of the windows that it opens
+    bool isDeleted = false; ///< by a user who may not remove the file
+    bool isOffered = true; ///< by this desktop's menus
+    bool inTerminal = false;
+    bool isActivatable = false; ///< over the session bus
+
+    bool operator==(const DesktopEntry &) const = default;
+};
+
+[[nodiscard]] DesktopEntry readDesktopEntry(const QString &path, const QString &id);
+/// As things are now: a program may come and go while the entry stays the same.
+[[nodiscard]] DesktopEntry::Fault fault(const DesktopEntry &entry);
+[[nodiscard]] Installation installation(const DesktopEntry &entry);
+
+} // namespace corvane::freedesktop

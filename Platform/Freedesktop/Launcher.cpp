@@ -1,0 +1,100 @@
+#include "Launcher.h"
+
+#include "CommandLines.h"
+#include "Spawn.h"
+
+#include <QtCore/QDebug>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusPendingReply>
+
+namespace corvane::freedesktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int activationTimeout = 5000; // ms
+
+/// The application may be at work, slowly: a second start would open it twice.
+bool mayStillCome(const QDBusError &error)
+{
+    using enum QDBusError::ErrorType;
+    return error.type() == NoReply || error.type() == Timeout || error.type() == TimedOut;
+}
+
+QString objectPath(const QString &id)
+{
+    QString path = u'/' + id;
+    return path.replace(u'.', u'/').replace(u'-', u'_');
+}
+
+} // namespace
+
+expected<void, QString> Launcher::open(const QString &id)
+{
+    const auto entry = m_entries.entry(id);
+    if (!entry)
+        return unexpected<QString>(tr("\"%1\" is not installed.").arg(id));
+    if (const auto found = fault(*entry); found != DesktopEntry::Fault::none)
+        return unexpected<QString>(sentence(*entry, found));
+    if (entry->isActivatable && activate(*entry))
+        return {};
+    return start(*entry);
+}
+
+bool Launcher::activate(const DesktopEntry &entry)
+{
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !entry.id.contains(u'.'))
+        return false;
+    auto call = QDBusMessage::createMethodCall(
+        entry.id, objectPath(entry.id), u"org.freedesktop.Application"_s, u"Activate"_s);
+    call << QVariantMap{{u"desktop-startup-id"_s, QString::fromLatin1(quietStartupId())}};
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, activationTimeout), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, entry] {
+        watcher->deleteLater();
+        if (!watcher->isError() || mayStillCome(watcher->error()))
+            return;
+        if (const auto started = start(entry); !started)
+            qWarning("Corvane: %s", qUtf8Printable(started.error()));
+    });
+    return true;
+}
+
+expected<void, QString> Launcher::start(const DesktopEntry &entry)
+{
+    QByteArrayList command = commandLine(entry);
+    if (command.isEmpty())
+        return unexpected<QString>(sentence(entry, DesktopEntry::Fault::noProgram));
+    if (entry.inTerminal)
+        command = terminalCommandLine(command);
+    if (command.isEmpty())
+        return unexpected<QString>(
+            tr("\"%1\" cannot be opened: there is no terminal for it.").arg(entry.name));
+    if (const QString error = spawn(command, entry.workingFolder); !error.isEmpty())
+        return unexpected<QString>(tr("\"%1\" cannot be opened: %2.").arg(entry.name, error));
+    return {};
+}
+
+QString Launcher::sentence(const DesktopEntry &entry, DesktopEntry::Fault fault)
+{
+    using enum DesktopEntry::Fault;
+    switch (fault) {
+    case none:
+        break;
+    case unreadable:
+        return tr("\"%1\" cannot be opened: its desktop entry cannot be read.").arg(entry.name);
+    case notAnApplication:
+        return tr("\"%1\" cannot be opened: its desktop entry describes no application.")
+            .arg(entry.name);
+    case noProgram:
+        return tr("\"%1\" cannot be opened: its desktop entry names no program.").arg(entry.name);
+    case missingProgram:
+        return tr("\"%1\" cannot be opened: its program is not installed.").arg(entry.name);
+    }
+    return {};
+}
+
+} // namespace corvane::freedesktop

@@ -1,0 +1,97 @@
+#include "ProcessFiles.h"
+
+#include "KeyFile.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+namespace corvane::freedesktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString fileName(const QString &path)
+{
+    return path.mid(path.lastIndexOf(u'/') + 1);
+}
+
+Sandbox snapSandbox(const QString &package, const QString &application)
+{
+    return {package + u'_' + application, package + u'_'};
+}
+
+} // namespace
+
+bool runsOthers(const QString &program)
+{
+    static constexpr std::array names{"bash"_L1, "busybox"_L1, "bwrap"_L1, "dash"_L1, "electron"_L1,
+        "env"_L1, "fish"_L1, "flatpak"_L1, "gjs"_L1, "gjs-console"_L1, "java"_L1, "ksh"_L1,
+        "lua"_L1, "luajit"_L1, "mono"_L1, "mono-sgen"_L1, "node"_L1, "nodejs"_L1, "perl"_L1,
+        "php"_L1, "pkexec"_L1, "python"_L1, "ruby"_L1, "sh"_L1, "snap"_L1, "snap-confine"_L1,
+        "sudo"_L1, "tclsh"_L1, "wine"_L1, "wine-preloader"_L1, "wine64-preloader"_L1, "wish"_L1,
+        "zsh"_L1};
+    static const QRegularExpression version(u"[-.0-9]+$"_s);
+    QString name = fileName(program);
+    return std::ranges::find(names, name.remove(version)) != names.end();
+}
+
+std::optional<Sandbox> ProcessFiles::sandbox(pid_t pid) const
+{
+    const QString name = KeyFile(path(pid, "root/.flatpak-info"), "Application").text("name");
+    return name.isEmpty() ? snap(pid) : Sandbox{name, name + u'.'};
+}
+
+std::optional<Sandbox> ProcessFiles::snap(pid_t pid) const
+{
+    static const QRegularExpression scope(
+        u"/snap\\.([^./]+)\\.([^./]+?)([-.][0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12})?\\."
+        "(scope|service)$"_s,
+        QRegularExpression::MultilineOption);
+    if (const auto match = scope.match(QString::fromUtf8(contents(pid, "cgroup")));
+        match.hasMatch())
+        return snapSandbox(match.captured(1), match.captured(2));
+    const QByteArray variable = "SNAP_INSTANCE_NAME=";
+    for (const QByteArray &each : contents(pid, "environ").split('\0')) {
+        if (const QString name = QString::fromUtf8(each.mid(variable.size()));
+            each.startsWith(variable) && !name.isEmpty())
+            return snapSandbox(name, name);
+    }
+    return std::nullopt;
+}
+
+QStringList ProcessFiles::programs(pid_t pid) const
+{
+    QString executable = QFile::symLinkTarget(path(pid, "exe"));
+    // So the kernel calls a program that was replaced while it runs.
+    if (const QString suffix = u" (deleted)"_s; executable.endsWith(suffix))
+        executable.chop(suffix.size());
+    const QByteArrayList arguments = contents(pid, "cmdline").split('\0');
+    QStringList programs{executable, QString::fromLocal8Bit(arguments.value(0))};
+    if (runsOthers(executable)) {
+        const auto script = std::find_if(arguments.begin() + 1, arguments.end(),
+            [](const QByteArray &argument) { return !argument.startsWith('-'); });
+        if (script != arguments.end())
+            programs << QString::fromLocal8Bit(*script);
+    }
+    programs.removeIf(
+        [](const QString &program) { return program.isEmpty() || runsOthers(program); });
+    programs.removeDuplicates();
+    return programs;
+}
+
+QString ProcessFiles::path(pid_t pid, const char *file) const
+{
+    return u"%1/%2/%3"_s.arg(m_root).arg(pid).arg(QLatin1StringView(file));
+}
+
+QByteArray ProcessFiles::contents(pid_t pid, const char *file) const
+{
+    QFile opened(path(pid, file));
+    return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
+}
+
+} // namespace corvane::freedesktop

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QByteArrayList>
+#include <QtCore/QString>
+
+namespace corvane::freedesktop {
+
+/// Starts a program in a session of its own, with nothing of ours: no descriptors, no blocked or
+/// ignored signals, none of the variables that were meant for us. In the home folder unless one is
+/// given. Why that failed, without a full stop; empty when the program runs.
+[[nodiscard]] QString spawn(const QByteArrayList &command, const QByteArray &workingFolder);
+
+/// A startup id of long ago, so that the desktop takes what the user does now for newer and lets it
+/// keep the focus.
+[[nodiscard]] QByteArray quietStartupId();
+
+} // namespace corvane::freedesktop
