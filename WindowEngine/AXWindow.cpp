@@ -80,6 +80,18 @@ void keepToEdges(const AXWindow &window, const Rect &target, const Rect &bounds,
         (void)access().setPosition(window.element, anchored.origin());
 }
 
+/// A standard window that is not minimized.
+expected<bool, AXError> standsOpen(const WindowElement &element)
+{
+    const auto isWindow = access().isWindow(element);
+    if (!isWindow || !*isWindow)
+        return isWindow;
+    const auto isStandard = access().isStandard(element);
+    if (!isStandard || !*isStandard)
+        return isStandard;
+    return access().isMinimized(element).map([](bool minimized) { return !minimized; });
+}
+
 } // namespace
 
 AXWindow::Focused AXWindow::focused()
@@ -92,11 +104,21 @@ AXWindow::Focused AXWindow::focused()
 
 QList<AXWindow> AXWindow::windows(pid_t pid)
 {
+    return windowsIfAnswering(pid).value_or(QList<AXWindow>());
+}
+
+expected<QList<AXWindow>, AXError> AXWindow::windowsIfAnswering(pid_t pid)
+{
+    const auto elements = access().windows(pid);
+    if (!elements)
+        return unexpected<AXError>(elements.error());
     QList<AXWindow> standard;
-    for (const WindowElement &element : access().windows(pid)) {
-        const AXWindow window{element, pid};
-        if (window.isWindow() && window.isStandard() && !window.isMinimized())
-            standard << window;
+    for (const WindowElement &element : *elements) {
+        const auto stands = standsOpen(element);
+        if (!stands && stands.error() == AXError::cannotComplete)
+            return unexpected<AXError>(stands.error());
+        if (stands.value_or(false))
+            standard << AXWindow{element, pid};
     }
     return standard;
 }

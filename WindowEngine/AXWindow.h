@@ -24,6 +24,8 @@ struct AXWindow {
     [[nodiscard]] static Focused focused();
     /// The application's standard windows that are not minimized, in the application's order.
     [[nodiscard]] static QList<AXWindow> windows(pid_t pid);
+    /// The same, or an error from an application that stops answering: it is then asked no further.
+    [[nodiscard]] static expected<QList<AXWindow>, AXError> windowsIfAnswering(pid_t pid);
     /// Brings the application forward, with whatever windows the desktop takes along.
     static void bringForward(pid_t pid);
 

@@ -7,6 +7,9 @@
 /// is the usable part of a display.
 namespace corvane::Geometry {
 
+/// How much further than the gap from an edge a target may be and still count as touching it.
+inline constexpr double slackBeyondGap = 6;
+
 /// Rounds the four edges, half away from zero. Origin and size are never rounded by themselves, so
 /// that windows which share an edge go on sharing it.
 [[nodiscard]] Rect snapped(const Rect &rect);

@@ -25,4 +25,11 @@ QString MoveError::description() const
         [](const FullScreen &) { return u"window is in native full screen"_s; });
 }
 
+AXError MoveError::code() const
+{
+    return match(
+        value, [](const Position &error) { return error.code; },
+        [](const Size &error) { return error.code; }, [](FullScreen) { return AXError::failure; });
+}
+
 } // namespace corvane

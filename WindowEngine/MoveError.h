@@ -27,6 +27,7 @@ struct MoveError {
     std::variant<Position, Size, FullScreen> value;
 
     [[nodiscard]] QString description() const;
+    [[nodiscard]] AXError code() const;
 
     bool operator==(const MoveError &) const = default;
 };

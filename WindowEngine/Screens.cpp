@@ -74,8 +74,13 @@ DisplayKey key(const ScreenInfo &screen)
 
 QList<DisplayKey> signature()
 {
+    return signature(all());
+}
+
+QList<DisplayKey> signature(const QList<ScreenInfo> &screens)
+{
     QList<DisplayKey> keys;
-    for (const ScreenInfo &screen : all())
+    for (const ScreenInfo &screen : screens)
         keys << key(screen);
     return keys;
 }

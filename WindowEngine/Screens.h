@@ -39,5 +39,6 @@ enum class Direction {
 [[nodiscard]] DisplayKey key(const ScreenInfo &screen);
 /// One key per display, in the order of `all`.
 [[nodiscard]] QList<DisplayKey> signature();
+[[nodiscard]] QList<DisplayKey> signature(const QList<ScreenInfo> &screens);
 
 } // namespace corvane::Screens

@@ -29,7 +29,6 @@ struct WindowManager::Goal {
 namespace {
 
 constexpr double untouchedWithin = 4;
-constexpr double slackBeyondGap = 6;
 
 template <typename Case>
 unexpected<MoveOutcome> without(Case outcome)
@@ -171,7 +170,8 @@ MoveOutcome WindowManager::carryOut(const Goal &goal, const Scene &scene)
         bounds = screenOf(goal.target).visibleFrame;
 
     const AXWindow &window = scene.window;
-    const auto moved = window.setFrame(goal.target, bounds, m_options.gap + slackBeyondGap);
+    const auto moved =
+        window.setFrame(goal.target, bounds, m_options.gap + Geometry::slackBeyondGap);
     if (!moved)
         return {MoveOutcome::Refused{window.appName() + u": "_s + moved.error().description()}};
 

@@ -21,6 +21,14 @@ struct OnScreenWindow {
     bool operator==(const OnScreenWindow &) const = default;
 };
 
+/// Where a window is to go.
+struct WindowMove {
+    WindowElement window;
+    Rect frame;
+
+    bool operator==(const WindowMove &) const = default;
+};
+
 /// Other applications' windows. Every call is synchronous and bounded by the messaging timeout.
 /// Notices arrive on the main thread, never from inside a call.
 class WindowAccess : public QObject
@@ -42,8 +50,9 @@ public:
 
     /// The focused window of the frontmost application. A focused panel or desktop is no window.
     [[nodiscard]] virtual Focused focusedWindow() = 0;
-    /// The application's windows on this workspace, front to back, of every kind.
-    [[nodiscard]] virtual QList<WindowElement> windows(pid_t pid) = 0;
+    /// The application's windows on this workspace, front to back, of every kind. None without trust;
+    /// an error only from an application that does not answer.
+    [[nodiscard]] virtual expected<QList<WindowElement>, AXError> windows(pid_t pid) = 0;
     /// Every application's, of every kind but desktops, front to back.
     [[nodiscard]] virtual QList<OnScreenWindow> onScreenWindows() = 0;
 
@@ -82,6 +91,13 @@ public:
     /// Between the two, reads may share one look at a window and writes may be merged. They nest.
     virtual void beginOperation() { }
     virtual void endOperation() { }
+    /// Only inside an operation: reads all there is to know of these applications' windows, titles
+    /// included, in one go; what asks for it one by one until the operation ends need not wait.
+    virtual void lookAhead(const QList<pid_t> &) { }
+    /// Only inside an operation: sends the windows on their way all together, those apart that take
+    /// more than a move (full screen, maximised, tiled). A hint that settles nothing: each is written
+    /// to afterwards, which is quick where it has arrived.
+    virtual void moveAhead(const QList<WindowMove> &) { }
 
 Q_SIGNALS:
     void windowCreated(const corvane::WindowElement &window, pid_t pid);

@@ -49,12 +49,14 @@ WindowAccess::Focused SimulatedWindows::focusedWindow()
     return found;
 }
 
-QList<WindowElement> SimulatedWindows::windows(pid_t pid)
+expected<QList<WindowElement>, AXError> SimulatedWindows::windows(pid_t pid)
 {
     m_desktop.catchUp();
-    if (!m_desktop.isTrusted() || answer(pid) != AXError::success)
-        return {};
     QList<WindowElement> windows;
+    if (!m_desktop.isTrusted())
+        return windows;
+    if (const AXError status = answer(pid); status != AXError::success)
+        return unexpected<AXError>(status);
     for (const WindowElement &element : m_desktop.stack()) {
         const SimulatedWindow &window = m_desktop.window(element);
         if (window.pid == pid && !window.onOtherWorkspace)
@@ -159,8 +161,8 @@ void SimulatedWindows::bringForward(pid_t pid)
     m_desktop.raiseApplication(pid);
     if (application->mainWindow)
         return m_desktop.focus(*application->mainWindow);
-    if (const auto its = windows(pid); !its.isEmpty())
-        m_desktop.focus(its.first());
+    if (const auto its = windows(pid); its && !its->isEmpty())
+        m_desktop.focus(its->first());
 }
 
 bool SimulatedWindows::bringToFrontAlone(const WindowElement &window)
@@ -212,6 +214,21 @@ void SimulatedWindows::endOperation()
         if (SimulatedWindow *window = m_desktop.findWindow(element))
             sendHeldSize(*window);
     m_heldSizes.clear();
+}
+
+/// Asks nothing of a window and tells nothing about it, as a request sent without waiting.
+void SimulatedWindows::moveAhead(const QList<WindowMove> &moves)
+{
+    Q_ASSERT(m_operationDepth > 0);
+    m_movesAhead << moves;
+    for (const WindowMove &move : moves) {
+        SimulatedWindow *window = m_desktop.findWindow(move.window);
+        if (!window || m_desktop.application(window->pid).hung
+            || refusal(*window, window->refusesPosition) || refusal(*window, window->refusesSize))
+            continue;
+        m_desktop.moveWindow(*window, move.frame.origin());
+        m_desktop.resizeWindow(*window, move.frame.size());
+    }
 }
 
 expected<SimulatedWindow *, AXError> SimulatedWindows::reach(const WindowElement &element)

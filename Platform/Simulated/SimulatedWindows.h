@@ -30,7 +30,7 @@ public:
     void setMessagingTimeout(double seconds) override;
 
     Focused focusedWindow() override;
-    QList<WindowElement> windows(pid_t pid) override;
+    expected<QList<WindowElement>, AXError> windows(pid_t pid) override;
     QList<OnScreenWindow> onScreenWindows() override;
 
     expected<Rect, AXError> frame(const WindowElement &window) override;
@@ -56,11 +56,14 @@ public:
 
     void beginOperation() override;
     void endOperation() override;
+    void moveAhead(const QList<WindowMove> &moves) override;
 
     // What a test asks afterwards.
     /// Every position and size asked for since the last `clearWrites`, refused ones included.
     [[nodiscard]] const QList<WindowWrite> &writes() const { return m_writes; }
     void clearWrites() { m_writes.clear(); }
+    /// What was sent ahead, call by call.
+    [[nodiscard]] const QList<QList<WindowMove>> &movesAhead() const { return m_movesAhead; }
     [[nodiscard]] int operationDepth() const { return m_operationDepth; }
     /// Outermost operations that have ended.
     [[nodiscard]] int operationCount() const { return m_operationCount; }
@@ -81,6 +84,7 @@ private:
     Clock::Duration m_messagingTimeout{1000};
     QSet<pid_t> m_observed;
     QList<WindowWrite> m_writes;
+    QList<QList<WindowMove>> m_movesAhead;
     QHash<WindowElement, Size> m_heldSizes;
     int m_operationDepth = 0;
     int m_operationCount = 0;

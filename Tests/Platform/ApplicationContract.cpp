@@ -81,7 +81,7 @@ TEST_P(PlatformContract, theEndOfAProcessIsToldOnce)
 
     EXPECT_THAT(terminated, ElementsAre(pid));
     EXPECT_THAT(pids(applications()), Not(Contains(pid)));
-    EXPECT_THAT(windows().windows(pid), IsEmpty());
+    EXPECT_THAT(*windows().windows(pid), IsEmpty());
 }
 
 TEST_P(PlatformContract, anApplicationRunsRegularlyOnlyWithItsMainWindow)

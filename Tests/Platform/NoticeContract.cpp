@@ -102,7 +102,7 @@ TEST_P(PlatformContract, withoutTrustEveryCallIsDisabled)
     EXPECT_NE(windows().distrustReason(), QString());
     EXPECT_EQ(windows().focusedWindow().status, disabled);
     EXPECT_EQ(windows().focusedWindow().window, std::nullopt);
-    EXPECT_THAT(windows().windows(pid), IsEmpty());
+    EXPECT_THAT(*windows().windows(pid), IsEmpty());
     EXPECT_EQ(windows().frame(window), unexpected(disabled));
     EXPECT_EQ(windows().setPosition(window, {10, 10}), disabled);
     EXPECT_EQ(windows().setSize(window, {300, 300}), disabled);

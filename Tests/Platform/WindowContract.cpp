@@ -51,6 +51,29 @@ TEST_P(PlatformContract, anOperationEndsWithEverythingItWrote)
     }
 }
 
+TEST_P(PlatformContract, whatIsLookedAtAndMovedAheadReadsAndEndsAsIfItWereNot)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement plain = world().openWindow(pid, {.title = u"Plain"_s});
+    const WindowElement maximised = world().openWindow(pid, {.maximised = true});
+    const Rect left{100, 90, 460, 380};
+    const Rect right{620, 90, 460, 380};
+    {
+        const WindowOperation operation(windows());
+        windows().lookAhead({pid});
+        EXPECT_EQ(windows().windows(pid), (QList{maximised, plain}));
+        EXPECT_EQ(windows().title(plain), u"Plain"_s);
+        windows().moveAhead({{plain, left}, {maximised, right}});
+        for (const WindowMove &move : {WindowMove{plain, left}, {maximised, right}}) {
+            EXPECT_EQ(windows().setSize(move.window, move.frame.size()), AXError::success);
+            EXPECT_EQ(windows().setPosition(move.window, move.frame.origin()), AXError::success);
+        }
+    }
+
+    EXPECT_TRUE(reaches(plain, left));
+    EXPECT_TRUE(reaches(maximised, right));
+}
+
 TEST_P(PlatformContract, aReadInsideAnOperationSeesTheSizeWrittenBefore)
 {
     const WindowElement window = world().openWindow(world().startApplication());
@@ -119,7 +142,7 @@ TEST_P(PlatformContract, kindsOfWindowsAreToldApart)
 
         EXPECT_EQ(windows().isWindow(window), isWindow);
         EXPECT_EQ(windows().isStandard(window), isStandard);
-        EXPECT_TRUE(windows().windows(pid).contains(window));
+        EXPECT_TRUE(windows().windows(pid)->contains(window));
     }
 }
 

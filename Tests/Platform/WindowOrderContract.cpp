@@ -75,7 +75,7 @@ TEST_P(PlatformContract, anApplicationComesForwardWithItsMainWindow)
     windows().makeMain(wanted);
 
     EXPECT_TRUE(takesFocus(wanted));
-    EXPECT_EQ(windows().windows(pid).first(), wanted);
+    EXPECT_EQ(windows().windows(pid)->first(), wanted);
 }
 
 TEST_P(PlatformContract, oneWindowComesForwardAloneWhereTheDesktopCan)

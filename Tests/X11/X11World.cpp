@@ -190,7 +190,8 @@ WindowElement X11World::known(pid_t pid, xcb_window_t window, quint64 olderThan)
 {
     WindowElement element;
     EXPECT_TRUE(ContractWorld::waitUntil([&] {
-        for (const WindowElement &seen : platform().windows().windows(pid)) {
+        const auto windows = platform().windows().windows(pid);
+        for (const WindowElement &seen : windows.value_or(QList<WindowElement>())) {
             if (seen.number == window && seen.generation > olderThan)
                 element = seen;
         }

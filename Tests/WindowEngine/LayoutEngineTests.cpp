@@ -1,0 +1,278 @@
+#include "LayoutDesk.h"
+#include "Screens.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Status = PaneResult::Status;
+
+namespace {
+
+constexpr UnitRect leftHalf{0, 0, 0.5, 1};
+constexpr UnitRect rightHalf{0.5, 0, 0.5, 1};
+constexpr Rect onTheLeft{0, 25, 720, 875};
+constexpr Rect onTheRight{720, 25, 720, 875};
+const AppRef editorApp{u"org.example.Editor"_s, u"Editor"_s};
+const AppRef mail{u"org.example.Mail"_s, u"Mail"_s};
+
+Pane pane(const UnitRect &rect, const QString &title = {}, std::optional<int> stack = {})
+{
+    return {.rect = rect, .app = editorApp, .titleContains = title, .stack = stack};
+}
+
+class LayoutEngineTests : public testing::Test, protected LayoutDesk
+{
+};
+
+} // namespace
+
+TEST_F(LayoutEngineTests, withoutTrustEveryPaneIsRefusedAndNothingMoves)
+{
+    const AXWindow window = open();
+    desktop.loseTrust();
+    const Status refused{Status::Refused{u"accessibility not granted"_s}};
+
+    const auto results = apply({.panes = {pane(leftHalf), Pane{}}});
+
+    EXPECT_TRUE(results[0].status == refused && results[1].status == refused);
+    EXPECT_EQ(frameOf(window), WindowSpec{}.frame);
+}
+
+TEST_F(LayoutEngineTests, whatNeedsNoWindowIsSettledAtOnce)
+{
+    desktop.install({.bundleIdentifier = mail.bundleID});
+    const AppRef damaged{u"org.example.Damaged"_s, {}};
+    desktop.install({.bundleIdentifier = damaged.bundleID, .state = Installation::State::broken});
+    const AppRef unknown{u"org.example.Unknown"_s, {}};
+
+    const auto results = apply({.displays = Screens::signature(),
+        .panes = {{.display = 7}, {.display = 7, .app = mail}, {.display = -1, .app = unknown},
+            {.app = unknown}, {.app = mail, .launch = false}, {.app = damaged}, {.app = damaged}}});
+
+    const Status refused{Status::Refused{u"\"org.example.Damaged\" cannot be opened."_s}};
+    const QList<Status> expected{{Status::Empty{}}, {Status::DisplayMissing{}},
+        {Status::DisplayMissing{}}, {Status::NotInstalled{}}, {Status::NotRunning{}}, refused,
+        refused};
+    ASSERT_EQ(results.size(), expected.size());
+    for (qsizetype i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(results[i].status, expected[i]) << i;
+    EXPECT_EQ(applied, 0ms);
+    EXPECT_THAT(diagnostics, IsEmpty());
+}
+
+TEST_F(LayoutEngineTests, aPlacedWindowIsToldWithItsFrameBeforeAndAfter)
+{
+    const Rect before{50, 60, 700, 500};
+    const Rect target{725, 35, 705, 855};
+    const AXWindow window = open({.title = u"Notes"_s, .frame = before});
+    QList<Rect> told;
+    engine.onPlaced = [&](const AXWindow &, const Rect &previous) { told << previous; };
+    engine.gap = 10;
+
+    const auto results = apply({.displays = {{u"Gone"_s, 1, 1}, {u"Laptop"_s, 800, 600}},
+        .panes = {pane(leftHalf), {.display = 1, .rect = rightHalf, .app = editorApp}}});
+
+    EXPECT_EQ(results[0].status, Status{Status::DisplayMissing{}});
+    EXPECT_EQ(results[1].status, (Status{Status::Placed{u"Notes"_s, target, before}}));
+    EXPECT_EQ(frameOf(window), target);
+    EXPECT_THAT(told, ElementsAre(before));
+}
+
+TEST_F(LayoutEngineTests, panesTakeTheirAppsWindowsInOrderAndOneTooManyFindsNone)
+{
+    const AXWindow back = open();
+    const AXWindow front = open();
+    const AXWindow ofAnother = openFrom(desktop.start(editorApp.bundleID, editorApp.name));
+
+    EXPECT_EQ(outcomes({pane(leftHalf), pane(rightHalf), pane(leftHalf), pane(leftHalf)}),
+        u"placed placed placed noWindow"_s);
+
+    EXPECT_THAT(placed, ElementsAre(front, back, ofAnother));
+    EXPECT_THAT(platform.windows().movesAhead().first(),
+        ElementsAre(WindowMove{front.element, onTheLeft}, WindowMove{back.element, onTheRight},
+            WindowMove{ofAnother.element, onTheLeft}));
+    EXPECT_EQ(applied, 34 * 600ms);
+    EXPECT_THAT(diagnostics,
+        ElementsAre(u"waited out 34 rounds for apps still coming up; 1 never settled"_s));
+}
+
+TEST_F(LayoutEngineTests, aPaneThatNamesItsWindowClaimsItFirstAndTakesNoOther)
+{
+    const AXWindow plain = open({.title = u"Notes"_s});
+    const AXWindow named = open({.title = u"Straße – ÉTÉ"_s});
+
+    EXPECT_EQ(outcomes({pane(leftHalf), pane(rightHalf, u"été"_s), pane(leftHalf, u"Note 2"_s)}),
+        u"placed placed noWindow"_s);
+
+    EXPECT_EQ(frameOf(plain), onTheLeft);
+    EXPECT_EQ(frameOf(named), onTheRight);
+}
+
+TEST_F(LayoutEngineTests, anAppThatDoesNotRunIsOpenedOnceAndAwaited)
+{
+    struct Example {
+        const char *name;
+        InstalledApplication application;
+        QString outcomes;
+        Clock::Duration longest;
+    };
+    const WindowSpec late{.resizesAfter = 100ms};
+    const WindowSpec splash{.kind = WindowKind::splash};
+    const QString placedBoth = u"placed placed"_s;
+    const QString launchedBoth = u"launched launched"_s;
+    const Example examples[]{
+        {"at once", {.windows = {{}, {}}}, placedBoth, 0s},
+        {"hidden", {.state = Installation::State::hidden, .windows = {{}, {}}}, placedBoth, 0s},
+        {"slow", {.windows = {{}, {}}, .opensAfter = 3s}, placedBoth, 3s},
+        {"very slow", {.windows = {{}, {}}, .opensAfter = 12s}, placedBoth, 12200ms},
+        {"one window only", {.windows = {{}}}, u"placed launched"_s, 20400ms},
+        {"splash first", {.windows = {{}, {}}, .opensAfter = 2s, .splash = splash}, placedBoth, 2s},
+        {"resizes late", {.windows = {late, late}}, placedBoth, 500ms},
+        {"splash only", {.opensAfter = std::nullopt, .splash = splash}, launchedBoth, 28400ms},
+        {"no window", {.opensAfter = std::nullopt}, launchedBoth, 28400ms},
+        {"exits", {.splash = splash, .exitsAfter = 0s}, launchedBoth, 28400ms},
+    };
+
+    for (const Example &example : examples) {
+        SCOPED_TRACE(example.name);
+        LayoutDesk desk;
+        const AXWindow focused = desk.open();
+        InstalledApplication application = example.application;
+        application.bundleIdentifier = mail.bundleID;
+        desk.desktop.install(application);
+
+        EXPECT_EQ(
+            desk.outcomes({{.rect = leftHalf, .app = mail}, {.rect = rightHalf, .app = mail}}),
+            example.outcomes);
+
+        EXPECT_LE(desk.applied, example.longest);
+        EXPECT_LE(std::ranges::count(
+                      desk.desktop.running(), mail.bundleID, &RunningApplication::bundleIdentifier),
+            1);
+        for (const AXWindow &window : desk.placed)
+            EXPECT_EQ(desk.frameOf(window), window == desk.placed[0] ? onTheLeft : onTheRight);
+        EXPECT_EQ(AXWindow::focused().window, desk.placed.isEmpty() ? focused : desk.placed.last());
+    }
+}
+
+TEST_F(LayoutEngineTests, anAppThatQuitsMeanwhileIsGivenUp)
+{
+    const AXWindow other = openFrom(desktop.start(mail.bundleID, mail.name));
+    open();
+    platform.clock().after(2s, &desktop, [this] { desktop.quit(editor); });
+
+    EXPECT_EQ(outcomes({{.rect = leftHalf, .app = mail}, pane(rightHalf), pane(leftHalf)}),
+        u"placed placed noWindow"_s);
+
+    EXPECT_EQ(AXWindow::focused().window, other);
+}
+
+TEST_F(LayoutEngineTests, aWindowThatClosesBeforeItIsMovedIsReplacedByAnother)
+{
+    constexpr int callsBeforeTheMove = 5;
+    for (int calls = 0; calls < callsBeforeTheMove; ++calls) {
+        LayoutDesk desk;
+        const AXWindow stays = desk.open();
+        desk.open({.vanishesAfterCalls = calls});
+
+        EXPECT_EQ(desk.outcomes({pane(leftHalf)}), u"placed"_s) << calls;
+
+        EXPECT_THAT(desk.placed, ElementsAre(stays)) << calls;
+        EXPECT_EQ(desk.frameOf(stays), onTheLeft);
+    }
+}
+
+TEST_F(LayoutEngineTests, aRefusalConcernsItsPaneOnlyAndIsNotTriedAgain)
+{
+    const AXWindow willing = open();
+    open({.refusesPosition = AXError::failure, .refusalDetail = u"pinned"_s});
+    open({.fullScreen = true});
+
+    const auto results = apply({.displays = Screens::signature(),
+        .panes = {pane(leftHalf), pane(leftHalf), pane(rightHalf)}});
+
+    EXPECT_EQ(statusText(results[0].status), u"window is in native full screen"_s);
+    EXPECT_EQ(statusText(results[1].status), u"could not set position (AXError -25200): pinned"_s);
+    EXPECT_EQ(frameOf(willing), onTheRight);
+    EXPECT_THAT(placed, ElementsAre(willing));
+    EXPECT_EQ(applied, 0ms);
+}
+
+TEST_F(LayoutEngineTests, anAppThatHangsCostsOneSecondAndNobodyElse)
+{
+    const AXWindow window = openFrom(desktop.start(mail.bundleID, mail.name));
+    open({.title = u"A"_s});
+    open({.title = u"B"_s});
+    const QList<Pane> panes{{.rect = rightHalf, .app = mail, .titleContains = QString()},
+        pane(leftHalf), pane(rightHalf), pane(leftHalf)};
+    const auto hang = [this] { desktop.application(editor).hung = true; };
+
+    engine.onPlaced = [&](const AXWindow &, const Rect &) { hang(); };
+    EXPECT_EQ(outcomes(panes, 0s), u"placed refused refused noWindow"_s);
+    EXPECT_EQ(applied, 1s);
+    EXPECT_EQ(AXWindow::focused().window, window);
+
+    EXPECT_EQ(outcomes(panes, 0s), u"placed noWindow noWindow noWindow"_s);
+    EXPECT_EQ(applied, 2s);
+    EXPECT_EQ(outcomes(panes), u"placed noWindow noWindow noWindow"_s);
+    EXPECT_EQ(applied, 3s + 34 * 600ms);
+}
+
+TEST_F(LayoutEngineTests, theStackComesBackAndTheLastPlacedHasTheFocus)
+{
+    for (const bool alone : {true, false}) {
+        LayoutDesk desk;
+        desk.desktop.bringsOneForward = alone;
+        QList<WindowElement> windows;
+        for (const QString &title : {u"A"_s, u"B"_s, u"C"_s, u"D"_s})
+            windows << desk.open({.title = title}).element;
+
+        EXPECT_EQ(desk.outcomes({pane(leftHalf, u"D"_s), pane(leftHalf, u"A"_s, 0),
+                      pane(leftHalf, u"B"_s, 2), pane(leftHalf, u"C"_s, 1)}),
+            u"placed placed placed placed"_s);
+
+        EXPECT_THAT(
+            desk.desktop.stack(), ElementsAre(windows[0], windows[2], windows[1], windows[3]));
+        EXPECT_EQ(desk.desktop.focused(), windows[0]);
+    }
+}
+
+TEST_F(LayoutEngineTests, whatIsMinimisedOrElsewhereIsNotStolen)
+{
+    const QList<AXWindow> windows{open({.minimised = true}), open({.onOtherWorkspace = true}),
+        open({.kind = WindowKind::dialog})};
+
+    EXPECT_EQ(outcomes({pane(leftHalf)}), u"noWindow"_s);
+
+    for (const AXWindow &window : windows)
+        EXPECT_EQ(frameOf(window), WindowSpec{}.frame);
+    EXPECT_TRUE(simulated(windows[0]).minimised);
+}
+
+TEST(PaneResultTests, everyStatusHasItsNameAndItsText)
+{
+    const std::array<std::pair<Status, QString>, 8> examples{{
+        {{Status::Placed{}}, u"placed: "_s},
+        {{Status::Refused{u"no"_s}}, u"refused: no"_s},
+        {{Status::Empty{}}, u"empty: "_s},
+        {{Status::DisplayMissing{}}, u"displayMissing: its display is not connected"_s},
+        {{Status::NotInstalled{}}, u"notInstalled: is not installed on this Mac"_s},
+        {{Status::NotRunning{}}, u"notRunning: is not running (opening it is off for this pane)"_s},
+        {{Status::Launched{}}, u"launched: was opened, and still had no window after 20 seconds"_s},
+        {{Status::NoWindow{}}, u"noWindow: is running but has no window to place"_s},
+    }};
+
+    for (const auto &[status, text] : examples)
+        EXPECT_EQ(statusName(status) + u": "_s + statusText(status), text);
+    EXPECT_EQ((PaneResult{{.app = mail}, {}}).appName(), u"Mail"_s);
+}
+
+} // namespace corvane

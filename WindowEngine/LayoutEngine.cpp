@@ -1,0 +1,59 @@
+#include "LayoutEngine.h"
+
+#include "LayoutRun.h"
+#include "Pause.h"
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr Clock::Duration pollPause = 250ms;
+constexpr Clock::Duration retryPause = 600ms;
+
+QString retryReport(int rounds, qsizetype unsettled)
+{
+    return u"waited out %1 round%2 for apps still coming up; %3 never settled"_s.arg(rounds)
+        .arg(rounds == 1 ? QString() : u"s"_s)
+        .arg(unsettled);
+}
+
+} // namespace
+
+QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
+    WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor) const
+{
+    Platform &platform = Platform::current();
+    LayoutRun run(*this, layout);
+    if (!platform.windows().isTrusted()) {
+        run.refuseAll(u"accessibility not granted"_s);
+        co_return run.results();
+    }
+    LayoutRun::Panes panes = run.begin();
+
+    const Clock::Duration launchDeadline = platform.clock().now() + launchWait;
+    while (run.isComingUp() && platform.clock().now() < launchDeadline) {
+        const Pause pause{pollPause};
+        co_await pause;
+    }
+
+    panes = run.place(panes);
+    const Clock::Duration retryDeadline = platform.clock().now() + retryFor;
+    int rounds = 0;
+    while (!panes.isEmpty() && platform.clock().now() < retryDeadline) {
+        const Pause pause{retryPause};
+        co_await pause;
+        panes = run.place(panes);
+        ++rounds;
+    }
+    if (rounds > 0 && onDiagnostic)
+        onDiagnostic(retryReport(rounds, panes.size()));
+
+    run.giveUp(panes);
+    run.bringForward();
+    co_return run.results();
+}
+
+} // namespace corvane
