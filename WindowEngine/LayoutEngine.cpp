@@ -23,8 +23,9 @@ QString retryReport(int rounds, qsizetype unsettled)
 } // namespace
 
 QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
-    WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor) const
+    WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor)
 {
+    const quint64 number = ++m_latestRun;
     Platform &platform = Platform::current();
     LayoutRun run(*this, layout);
     if (!platform.windows().isTrusted()) {
@@ -32,19 +33,25 @@ QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
         co_return run.results();
     }
     LayoutRun::Panes panes = run.begin();
+    const auto waits = [&](Clock::Duration deadline) {
+        return number == m_latestRun && platform.clock().now() < deadline;
+    };
 
     const Clock::Duration launchDeadline = platform.clock().now() + launchWait;
-    while (run.isComingUp() && platform.clock().now() < launchDeadline) {
+    while (run.isComingUp() && waits(launchDeadline)) {
         const Pause pause{pollPause};
         co_await pause;
     }
 
-    panes = run.place(panes);
+    if (number == m_latestRun)
+        panes = run.place(panes);
     const Clock::Duration retryDeadline = platform.clock().now() + retryFor;
     int rounds = 0;
-    while (!panes.isEmpty() && platform.clock().now() < retryDeadline) {
+    while (!panes.isEmpty() && waits(retryDeadline)) {
         const Pause pause{retryPause};
         co_await pause;
+        if (number != m_latestRun)
+            break;
         panes = run.place(panes);
         ++rounds;
     }
@@ -52,7 +59,8 @@ QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
         onDiagnostic(retryReport(rounds, panes.size()));
 
     run.giveUp(panes);
-    run.bringForward();
+    if (number == m_latestRun)
+        run.bringForward();
     co_return run.results();
 }
 

@@ -28,9 +28,10 @@ public:
     [[nodiscard]] WindowLayout capture(const QString &name) const;
     /// Moves the windows of running apps into their panes and opens the apps that are not running,
     /// which have `launchWait` to show a window before anything is moved. Panes that find no window
-    /// keep looking for `retryFor`. One result per pane, in the layout's order.
+    /// keep looking for `retryFor`. One result per pane, in the layout's order. A newer apply ends
+    /// one that still waits: its panes without a window stay so.
     [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(
-        WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor) const;
+        WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor);
 
     /// Which of the connected displays stands for which of the layout's; both by index. A display
     /// of the layout that is absent from it is not connected.
@@ -39,6 +40,9 @@ public:
     /// How much of `rect` none of the others covers, by as many samples on each axis.
     [[nodiscard]] static double visibleFraction(
         const UnitRect &rect, const QList<UnitRect> &under, int samples);
+
+private:
+    quint64 m_latestRun = 0;
 };
 
 } // namespace corvane

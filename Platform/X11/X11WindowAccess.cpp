@@ -93,7 +93,7 @@ WindowAccess::Focused X11WindowAccess::focusedWindow()
     return {element, pid};
 }
 
-QList<WindowElement> X11WindowAccess::windows(pid_t pid)
+expected<QList<WindowElement>, AXError> X11WindowAccess::windows(pid_t pid)
 {
     if (!isTrusted())
         return {};

@@ -23,7 +23,7 @@ public:
     void setMessagingTimeout(double seconds) override;
 
     Focused focusedWindow() override;
-    QList<WindowElement> windows(pid_t pid) override;
+    expected<QList<WindowElement>, AXError> windows(pid_t pid) override;
     QList<OnScreenWindow> onScreenWindows() override;
 
     expected<Rect, AXError> frame(const WindowElement &window) override;

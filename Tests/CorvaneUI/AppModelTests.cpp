@@ -86,7 +86,9 @@ TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
 
 TEST_F(AppModelTests, theGapOfTheSettingsStandsBetweenPanes)
 {
-    ASSERT_TRUE(SettingsStore(desk.folder.path()).save({.gap = 20}));
+    Settings settings;
+    settings.gap = 20;
+    ASSERT_TRUE(SettingsStore(desk.folder.path()).save(settings));
     AppModel model = desk.model();
 
     const auto apply = model.apply(ModelDesk::leftHalfLayout(Screens::signature()));

@@ -141,7 +141,7 @@ TEST_P(PlatformContract, anOpenedApplicationRunsUnderItsBundleIdentifier)
     ASSERT_TRUE(opened);
     EXPECT_EQ(opened->bundleIdentifier, id);
     EXPECT_EQ(opened->localizedName, QStringLiteral("Opened"));
-    EXPECT_EQ(windows().windows(opened->pid).size(), 1);
+    EXPECT_EQ(windows().windows(opened->pid)->size(), 1);
 }
 
 TEST_P(PlatformContract, whatCannotBeOpenedSaysWhy)
