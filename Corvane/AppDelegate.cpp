@@ -12,6 +12,7 @@
 #include <QtCore/QThreadPool>
 
 #include <cstdio>
+#include <tuple>
 
 namespace corvane {
 
@@ -118,7 +119,7 @@ void AppDelegate::registerHotKeys()
             continue;
         const auto apply = [this, id = layout.id] {
             if (const auto current = m_model.layout(id.toString()))
-                m_model.apply(*current);
+                std::ignore = m_model.apply(*current);
         };
         if (!registerHotKey(*layout.shortcut, apply))
             refused << u"layout "_s + layout.name;

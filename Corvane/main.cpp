@@ -38,7 +38,7 @@ int runOnce(const CommandLine &line)
     const auto desktop = openDesktop([] {});
     if (!desktop)
         return finish(failure(CommandResult::refused, desktop.error()));
-    AppModel model(SettingsStore(), LayoutStore(), ActivityLog());
+    AppModel model{SettingsStore(), LayoutStore(), ActivityLog()};
     Mover mover(model.settings());
     Commands commands(model, mover);
     const CommandResult result = QCoro::waitFor(commands.run(line));

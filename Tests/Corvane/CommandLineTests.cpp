@@ -44,7 +44,7 @@ TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
         {{u"--place"_s, u"LeftHalf"_s}, "\"LeftHalf\"", "leftHalf, rightHalf"},
         {{u"--place"_s}, "\"\"", "snapBack, original."},
         {{u"--place"_s, u"--json"_s}, "\"--json\"", "leftHalf"},
-        {{u"--plaec"_s, u"leftHalf"_s}, "\"--plaec\"", "--place, --history"},
+        {{u"--plaec"_s, u"leftHalf"_s}, "\"--plaec\"", "--place, --capture"},
         {{u"leftHalf"_s}, "\"leftHalf\"", "--place"},
     };
     for (const auto &mistake : mistakes) {
