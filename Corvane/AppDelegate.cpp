@@ -118,6 +118,7 @@ void AppDelegate::registerHotKeys()
         if (!layout.shortcut)
             continue;
         const auto apply = [this, id = layout.id] {
+            m_model.refreshLayouts();
             if (const auto current = m_model.layout(id.toString()))
                 std::ignore = m_model.apply(*current);
         };

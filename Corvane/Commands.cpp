@@ -22,6 +22,7 @@ QString names(const QList<WindowLayout> &layouts)
 
 QCoro::Task<CommandResult> Commands::run(CommandLine line)
 {
+    m_model.refreshLayouts();
     if (line.place)
         co_return m_mover.perform(*line.place).result(line.json);
     if (line.capture)

@@ -6,6 +6,8 @@
 #include "Platform.h"
 #include "Screens.h"
 
+#include <QtCore/QFileInfo>
+
 #include <algorithm>
 
 namespace corvane {
@@ -34,16 +36,10 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
     , m_activityLog(std::move(activityLog))
     , m_layoutEngine(0)
 {
-    auto [settings, settingsProblem] = m_store.loadKeepingUnreadable();
-    auto [layouts, layoutsProblem] = m_layoutStore.loadKeepingUnreadable();
+    auto [settings, problem] = m_store.loadKeepingUnreadable();
     m_settings = std::move(settings);
-    m_layouts = std::move(layouts);
-    for (const auto &problem : {settingsProblem, layoutsProblem}) {
-        if (!problem)
-            continue;
-        FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
-        m_problems << *problem;
-    }
+    note(problem);
+    loadLayouts();
     m_layoutEngine.gap = m_settings.gap;
     m_layoutEngine.onPlaced = [this](const AXWindow &window, const Rect &) {
         if (const auto frame = window.frame())
@@ -52,6 +48,36 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
     m_layoutEngine.onDiagnostic = [](const QString &line) {
         FlightRecorder::shared().record(u"layout"_s, line);
     };
+}
+
+void AppModel::note(const std::optional<StoreProblem> &problem)
+{
+    if (!problem)
+        return;
+    FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
+    m_problems << *problem;
+}
+
+void AppModel::loadLayouts()
+{
+    m_layoutsStamp = layoutsStamp();
+    auto [layouts, problem] = m_layoutStore.loadKeepingUnreadable();
+    m_layouts = std::move(layouts);
+    note(problem);
+}
+
+AppModel::FileStamp AppModel::layoutsStamp() const
+{
+    const QFileInfo file(m_layoutStore.url().toLocalFile());
+    return {file.lastModified(), file.size()};
+}
+
+void AppModel::refreshLayouts()
+{
+    if (layoutsStamp() == m_layoutsStamp)
+        return;
+    loadLayouts();
+    Q_EMIT layoutsChanged();
 }
 
 std::optional<WindowLayout> AppModel::layout(const QString &nameOrID) const
@@ -64,11 +90,14 @@ std::optional<WindowLayout> AppModel::layout(const QString &nameOrID) const
 
 expected<WindowLayout, QString> AppModel::captureCurrentWindows(const QString &name)
 {
+    refreshLayouts();
     const WindowLayout captured = m_layoutEngine.capture(uniqueName(name, m_layouts));
     m_layouts << captured;
     FlightRecorder::shared().record(u"layout"_s, u"captured %1 panes"_s.arg(captured.panes.size()));
     Q_EMIT layoutsChanged();
-    if (const auto saved = m_layoutStore.save(m_layouts); !saved) {
+    const auto saved = m_layoutStore.save(m_layouts);
+    m_layoutsStamp = layoutsStamp();
+    if (!saved) {
         FlightRecorder::shared().record(u"save-failed"_s, u"layouts.json: "_s + saved.error());
         return unexpected<QString>(u"Corvane could not save to %1: %2"
                                    " Changes work until Corvane quits."_s.arg(

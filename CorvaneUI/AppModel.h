@@ -28,6 +28,8 @@ public:
 
     [[nodiscard]] const Settings &settings() const { return m_settings; }
     [[nodiscard]] const QList<WindowLayout> &layouts() const { return m_layouts; }
+    /// Reads the layouts again where their file is not as it was last read or written.
+    void refreshLayouts();
     [[nodiscard]] const QList<StoreProblem> &problems() const { return m_problems; }
     [[nodiscard]] const std::optional<LastApply> &lastApply() const { return m_lastApply; }
 
@@ -47,11 +49,22 @@ Q_SIGNALS:
     void layoutApplied(const corvane::AppModel::LastApply &apply);
 
 private:
+    /// Tells one state of a file from another.
+    struct FileStamp {
+        QDateTime modified;
+        qint64 size = 0;
+
+        bool operator==(const FileStamp &) const = default;
+    };
+
     struct Placed {
         AXWindow window;
         Rect frame;
     };
 
+    void note(const std::optional<StoreProblem> &problem);
+    void loadLayouts();
+    [[nodiscard]] FileStamp layoutsStamp() const;
     QCoro::Task<> restore(WindowLayout layout);
     void putBackWhatWasMoved();
     void writeDown(const WindowLayout &layout, const QList<PaneResult> &results) const;
@@ -61,6 +74,7 @@ private:
     ActivityLog m_activityLog;
     Settings m_settings;
     QList<WindowLayout> m_layouts;
+    FileStamp m_layoutsStamp; ///< of what `m_layouts` came from or went to
     QList<StoreProblem> m_problems;
     LayoutEngine m_layoutEngine;
     QList<Placed> m_placed; ///< by the latest apply

@@ -61,6 +61,26 @@ TEST_F(AppModelTests, aCaptureThatCannotBeSavedStaysForTheRun)
     EXPECT_THAT(model.layouts(), SizeIs(1));
 }
 
+TEST_F(AppModelTests, layoutsEditedByHandAreReadAgainInsteadOfLost)
+{
+    AppModel model = desk.model();
+    int changes = 0;
+    QObject::connect(&model, &AppModel::layoutsChanged, &model, [&] { ++changes; });
+    WindowLayout written = ModelDesk::leftHalfLayout(Screens::signature());
+    written.name = u"By hand"_s;
+    save({written});
+
+    model.refreshLayouts();
+    model.refreshLayouts();
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(model.layout(u"By hand"_s), written);
+    save({});
+    ASSERT_TRUE(model.captureCurrentWindows(u"Work"_s));
+
+    ASSERT_THAT(model.layouts(), SizeIs(1));
+    EXPECT_EQ(LayoutStore(desk.folder.path()).load(), model.layouts());
+}
+
 TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
 {
     AppModel model = desk.model();
