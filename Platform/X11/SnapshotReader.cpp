@@ -86,7 +86,9 @@ expected<WindowSnapshot, AXError> readSnapshot(
         double((*geometry)->height)};
 
     window.border = (*geometry)->border_width;
-    const auto extents = Extents::fromProperty(values32(decoration));
+    // A tiling window manager publishes none: what stands there is left from another one.
+    const auto extents =
+        windowManagerTiles ? std::nullopt : Extents::fromProperty(values32(decoration));
     window.publishesDecoration = extents.has_value();
     window.decoration =
         extents ? *extents : decorationFromParent(connection, request.window, window.client);
