@@ -34,6 +34,9 @@ public:
     /// Waits until the window manager has done all that was asked of it for `window` before.
     /// False when it has not answered by `deadline`.
     [[nodiscard]] bool fence(xcb_window_t window, Connection::Clock::time_point deadline);
+    /// Whether what passes the fence is always its own answer. The other kind of fence may take the
+    /// answer to an earlier request for its own.
+    [[nodiscard]] bool fencesExactly() const { return m_answersExtents; }
 
 Q_SIGNALS:
     /// It came, went, or was replaced; sent from inside the back end.

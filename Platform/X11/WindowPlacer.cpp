@@ -16,6 +16,8 @@ constexpr auto clientWait =
 
 constexpr quint32 fromPager = 2;
 constexpr int mostRounds = 16;
+// What a fence takes for its answer may be the answer to what was asked before.
+constexpr int mostFences = 4;
 
 constexpr quint32 followStructure = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 constexpr quint32 followProperties =
@@ -197,10 +199,15 @@ expected<WindowSnapshot, AXError> WindowPlacer::settled(
 {
     const auto start = Connection::Clock::now();
     const auto hardLimit = start + m_connection.messagingTimeout();
-    const bool confirmed = m_windowManager.fence(window, std::min(start + softLimit, hardLimit));
-    auto now = look(window);
-    if (confirmed || !now || isDone(*now))
-        return now;
+    for (int round = 0; round < mostFences; ++round) {
+        const bool confirmed =
+            m_windowManager.fence(window, std::min(start + softLimit, hardLimit));
+        auto now = look(window);
+        if (!now || isDone(*now) || (confirmed && m_windowManager.fencesExactly()))
+            return now;
+        if (!confirmed)
+            break;
+    }
     if (!m_windowManager.fence(window, hardLimit))
         return unexpected<AXError>(
             refuse(AXError::cannotComplete, u"the window manager did not answer"_s));
