@@ -1,7 +1,5 @@
 #include "ApplicationMatch.h"
 
-#include "CommandLines.h"
-
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -98,13 +96,7 @@ Found runningProgram(DesktopEntries &entries, const QStringList &programs)
             return onlyOne(exact);
     }
     for (const QString &program : programs) {
-        const QString name = QFileInfo(program).fileName();
-        const auto namesakes = filtered(entries.all(), [&](const DesktopEntry &entry) {
-            return std::ranges::any_of(ownPrograms(entry), [&](const QByteArray &own) {
-                return QFileInfo(QString::fromLocal8Bit(own)).fileName() == name;
-            });
-        });
-        if (const Found only = onlyOne(namesakes))
+        if (const Found only = onlyOne(entries.withProgram(QFileInfo(program).fileName())))
             return only;
     }
     return std::nullopt;

@@ -65,13 +65,13 @@ const QList<DesktopEntry> &DesktopEntries::all()
     return m_entries;
 }
 
-QList<DesktopEntry> DesktopEntries::withProgram(const QString &path)
+QList<DesktopEntry> DesktopEntries::withProgram(const QString &program)
 {
     renew();
     if (!m_programs)
         findPrograms();
     QList<DesktopEntry> entries;
-    for (const qsizetype index : m_programs->values(path))
+    for (const qsizetype index : m_programs->values(program))
         entries << m_entries[index];
     return entries;
 }
@@ -137,10 +137,13 @@ void DesktopEntries::findPrograms()
     m_programs.emplace();
     for (qsizetype i = 0; i < m_entries.size(); ++i) {
         for (const QByteArray &program : ownPrograms(m_entries[i])) {
+            const QString name = QFileInfo(QFile::decodeName(program)).fileName();
             const QString path =
                 QFileInfo(QFile::decodeName(programPath(program))).canonicalFilePath();
-            if (!path.isEmpty() && !m_programs->contains(path, i))
-                m_programs->insert(path, i);
+            for (const QString &key : {name, path}) {
+                if (!key.isEmpty() && !m_programs->contains(key, i))
+                    m_programs->insert(key, i);
+            }
         }
     }
 }

@@ -15,8 +15,8 @@ public:
     [[nodiscard]] std::optional<DesktopEntry> entry(const QString &id);
     /// Those that are not deleted, by id.
     [[nodiscard]] const QList<DesktopEntry> &all();
-    /// Those whose program this is: an absolute path without symbolic links.
-    [[nodiscard]] QList<DesktopEntry> withProgram(const QString &path);
+    /// Those whose own program this is: its name, or its absolute path without symbolic links.
+    [[nodiscard]] QList<DesktopEntry> withProgram(const QString &program);
     /// Another number once anything above may be another one.
     [[nodiscard]] quint64 revision();
 
@@ -39,7 +39,7 @@ private:
     quint64 m_revision = 0;
     QHash<QString, QString> m_paths; ///< by id
     QList<DesktopEntry> m_entries;
-    std::optional<QMultiHash<QString, qsizetype>> m_programs; ///< indices by path
+    std::optional<QMultiHash<QString, qsizetype>> m_programs; ///< indices by name and path
 };
 
 } // namespace corvane::freedesktop

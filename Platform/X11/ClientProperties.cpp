@@ -2,6 +2,8 @@
 
 #include "Properties.h"
 
+#include <QtCore/QFile>
+
 #include <algorithm>
 #include <csignal>
 
@@ -29,6 +31,18 @@ bool isAlive(pid_t pid)
     return pid > 0 && (kill(pid, 0) == 0 || errno == EPERM);
 }
 
+/// The client's process: the one that it states, for servers reached from elsewhere, unless it states
+/// its number inside a sandbox.
+pid_t processOf(pid_t stated, pid_t socketPid)
+{
+    if (stated == socketPid || !isAlive(stated))
+        return socketPid;
+    QFile status(QStringLiteral("/proc/%1/status").arg(socketPid));
+    const bool isInside =
+        status.open(QIODevice::ReadOnly) && innermostPid(status.readAll()) == stated;
+    return isInside ? socketPid : stated;
+}
+
 void readClass(const PropertyReply &reply, KnownWindow &known)
 {
     if (!reply || (*reply)->format != 8)
@@ -48,6 +62,15 @@ xcb_res_query_client_ids_cookie_t requestClientIds(
 }
 
 } // namespace
+
+pid_t innermostPid(const QByteArray &status)
+{
+    for (const QByteArray &line : status.split('\n')) {
+        if (line.startsWith("NSpid:"))
+            return line.simplified().split(' ').last().toInt();
+    }
+    return 0;
+}
 
 StrutRequest requestStruts(const Connection &connection, xcb_window_t window)
 {
@@ -139,7 +162,7 @@ std::optional<KnownWindow> clientProperties(
 
     const auto stated = values32(pid);
     const auto statedPid = stated.empty() ? pid_t(0) : static_cast<pid_t>(stated[0]);
-    known.pid = isAlive(statedPid) ? statedPid : socketPid;
+    known.pid = processOf(statedPid, socketPid);
     readClass(windowClass, known);
     known.publishedId = gtkId.isEmpty() ? kdeFile : gtkId;
     const auto states = values32(state);

@@ -25,6 +25,9 @@ struct KindRequest {
 [[nodiscard]] WindowKind readKind(
     Connection &connection, const KindRequest &request, xcb_window_t window);
 
+/// The number that a process has in its own namespace, from its /proc status; 0 when it is not told.
+[[nodiscard]] pid_t innermostPid(const QByteArray &status);
+
 struct ClientPropertiesRequest {
     xcb_window_t window = noWindow;
     xcb_get_geometry_cookie_t geometry{};

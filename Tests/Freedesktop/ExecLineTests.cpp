@@ -7,7 +7,7 @@ namespace corvane::freedesktop {
 
 using namespace Qt::StringLiterals;
 
-TEST(CommandLineTests, aLineBecomesWordsWithItsFieldsFilledIn)
+TEST(ExecLineTests, aLineBecomesWordsWithItsFieldsFilledIn)
 {
     struct Case {
         QByteArray line;
@@ -32,7 +32,7 @@ TEST(CommandLineTests, aLineBecomesWordsWithItsFieldsFilledIn)
     }
 }
 
-TEST(CommandLineTests, eachTerminalIsAskedInItsOwnWay)
+TEST(ExecLineTests, eachTerminalIsAskedInItsOwnWay)
 {
     const EntryFolders folders;
     struct Case {
@@ -48,7 +48,7 @@ TEST(CommandLineTests, eachTerminalIsAskedInItsOwnWay)
     }
 }
 
-TEST(CommandLineTests, withoutTheUsersTerminalTheSystemsIsTaken)
+TEST(ExecLineTests, withoutTheUsersTerminalTheSystemsIsTaken)
 {
     const EntryFolders folders;
     qputenv("PATH", folders.path(u"bin"_s).toLocal8Bit());
@@ -62,7 +62,7 @@ TEST(CommandLineTests, withoutTheUsersTerminalTheSystemsIsTaken)
     EXPECT_EQ(terminalCommandLine({"app"}), (QByteArrayList{"x-terminal-emulator", "-e", "app"}));
 }
 
-TEST(CommandLineTests, interpretersAndSandboxesAreNobodysOwnProgram)
+TEST(ExecLineTests, interpretersAndSandboxesAreNobodysOwnProgram)
 {
     struct Case {
         QByteArray line;
