@@ -12,7 +12,9 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr auto objectPath = "/app/corvane/Corvane"_L1;
 constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
-constexpr int answerTimeout = 120000; // milliseconds; layouts wait half a minute for their apps
+// In milliseconds. A placement takes a second at most; a layout waits half a minute for its apps.
+constexpr int answerTimeout = 5000;
+constexpr int layoutTimeout = 60000;
 } // namespace
 
 std::optional<CommandResult> Instance::handOver(const QStringList &arguments)
@@ -21,8 +23,8 @@ std::optional<CommandResult> Instance::handOver(const QStringList &arguments)
         Identity::bundleIdentifier, objectPath, instanceInterface, u"Run"_s);
     call.setAutoStartService(false);
     call << arguments;
-    const QDBusMessage answer =
-        QDBusConnection::sessionBus().call(call, QDBus::Block, answerTimeout);
+    const int timeout = arguments.contains("--apply-layout"_L1) ? layoutTimeout : answerTimeout;
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, timeout);
     const QVariantList values = answer.arguments();
     if (answer.type() == QDBusMessage::ReplyMessage && values.size() == 3)
         return CommandResult{values[0].toInt(), values[1].toString(), values[2].toString()};
