@@ -60,7 +60,7 @@ HotKey::HotKey(quint16 keyCode, quint64 flags, std::function<void()> action) : m
 {
     HotKeys &hotKeys = Platform::current().hotKeys();
     installHandler(hotKeys);
-    actions().insert(m_id, std::move(action));
+    actions().emplace(m_id, std::move(action));
     m_status = hotKeys.registerHotKey(m_id, keyCode, registrationModifiers(flags));
     m_isRegistered = m_status == HotKeys::noErr;
     if (!m_isRegistered)

@@ -86,7 +86,7 @@ struct LossyArray {
         const QJsonArray array = json.toArray();
         LossyArray result;
         result.elements.reserve(array.size());
-        for (const QJsonValue &element : array) {
+        for (const QJsonValue element : array) {
             if (std::optional<T> decoded = decode<T>(element, problems))
                 result.elements.append(*std::move(decoded));
             else
