@@ -78,7 +78,7 @@ expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
 {
     CommandLine line;
     for (auto at = arguments.cbegin(); at != arguments.cend(); ++at) {
-        const auto onOff =
+        const auto *const onOff =
             std::ranges::find(switchTable, *at, [](const auto &row) { return QString(row.first); });
         if (onOff != switchTable.end()) {
             line.*onOff->second = true;

@@ -35,7 +35,7 @@ QString sentence(const StoreProblem &problem)
 {
     const QString subject =
         problem.file == "layouts.json"_L1 ? u"some of your layouts"_s : u"some of your settings"_s;
-    const QString text = u"Corvane could not read "_s + subject + u" in "_s + problem.file
+    QString text = u"Corvane could not read "_s + subject + u" in "_s + problem.file
         + u", so it used defaults for them."_s;
     if (!problem.kept)
         return text;
