@@ -3,6 +3,7 @@
 #include "KeyStopwatch.h"
 #include "Rival.h"
 #include "Samples.h"
+#include "Turns.h"
 
 namespace corvane::bench {
 
@@ -16,10 +17,8 @@ constexpr double timesMinimalMedian = 1.5;
 constexpr double timesMinimalPercentile = 2.0;
 constexpr double timesFasterThanCommand = 3.0;
 
-enum Contestant : size_t { corvaneItself, minimal, command, contestantCount };
+enum Who : qsizetype { corvaneItself, minimal, command };
 constexpr std::array names{"corvane"_L1, "minimal program"_L1, "sxhkd + wmctrl"_L1};
-
-using Times = std::array<QList<double>, contestantCount>;
 
 std::optional<Rival::Goals> halves(VirtualDesktop &desktop, xcb_window_t window)
 {
@@ -39,31 +38,10 @@ std::optional<Rival::Goals> halves(VirtualDesktop &desktop, xcb_window_t window)
     return Rival::Goals{goal(display.x), goal(display.midX())};
 }
 
-expected<Times, QString> takeTurns(KeyStopwatch &stopwatch,
-    const std::array<Rival, contestantCount> &rivals, const Rival::Goals &goals, int rounds)
-{
-    Times times;
-    size_t goal = 0;
-    for (int round = 0; round < warmUpRounds + rounds; ++round) {
-        for (size_t turn = 0; turn < contestantCount; ++turn) {
-            // The order turns, too, so that nobody always follows the same one.
-            const size_t who = (turn + static_cast<size_t>(round)) % contestantCount;
-            const auto time = stopwatch.time(rivals[who].keys()[goal], goals[goal].client);
-            if (!time)
-                return unexpected<QString>(
-                    u"%1 did not bring the window to its frame"_s.arg(names[who]));
-            if (round >= warmUpRounds)
-                times[who] << *time;
-            goal = 1 - goal;
-        }
-    }
-    return times;
-}
-
-QList<Measurement> compare(const Times &times)
+QList<Measurement> compare(const QList<QList<double>> &times)
 {
     QList<Measurement> lines;
-    for (const Contestant who : {minimal, corvaneItself, command}) {
+    for (const Who who : {minimal, corvaneItself, command}) {
         lines << Measurement{names[who] + u", median"_s, median(times[who]), u"ms"_s}
               << Measurement{
                      names[who] + u", 95th percentile"_s, percentile95(times[who]), u"ms"_s};
@@ -88,12 +66,16 @@ Measurements measureKeys(VirtualDesktop &desktop, xcb_window_t window, int round
         return unexpected<QString>(u"the window to be moved is gone"_s);
     std::array rivals{Rival::corvane(desktop), Rival::minimal(desktop, window, *goals),
         Rival::sxhkdWithWmctrl(desktop, *goals)};
-    for (size_t who = 0; who < contestantCount; ++who) {
-        if (!rivals[who].isListening(desktop.connection()))
-            return unexpected<QString>(u"%1 did not take its keys"_s.arg(names[who]));
-    }
     KeyStopwatch stopwatch(desktop, window);
-    const auto times = takeTurns(stopwatch, rivals, *goals, rounds);
+    QList<Contestant> contestants;
+    for (size_t who = 0; who < rivals.size(); ++who) {
+        Rival &rival = rivals[who];
+        if (!rival.isListening(desktop.connection()))
+            return unexpected<QString>(u"%1 did not take its keys"_s.arg(names[who]));
+        contestants << Contestant{names[who],
+            [&](size_t goal) { return stopwatch.time(rival.keys()[goal], (*goals)[goal].client); }};
+    }
+    const auto times = takeTurns(contestants, warmUpRounds, rounds);
     if (!times)
         return unexpected<QString>(times.error());
     return compare(*times);

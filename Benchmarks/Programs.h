@@ -7,6 +7,7 @@ namespace corvane::bench {
 
 inline const QString corvaneProgram = QStringLiteral(CORVANE_PROGRAM);
 inline const QString minimalProgram = QStringLiteral(CORVANE_MINIMAL);
+inline const QString pipelinedProgramPath = QStringLiteral(CORVANE_PIPELINED);
 inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
 
 } // namespace corvane::bench

@@ -26,13 +26,23 @@ QStringList originAndSize(const Goal &goal)
         QString::number(goal.client.width), QString::number(goal.client.height)};
 }
 
-QByteArray binding(const QByteArray &key, const Goal &goal)
+/// What sxhkd calls the key; for the keys that our rivals use.
+QByteArray keySymbol(Key key)
 {
-    return "ctrl + alt + super + " + key + "\n    wmctrl -r :ACTIVE: -e 1,"
-        + originAndSize(goal).join(u',').toLatin1() + '\n';
+    return key == Key::e ? "e" : key == Key::t ? "t" : key == Key::g ? "g" : "1";
+}
+
+QByteArray wmctrlCommand(const Goal &goal)
+{
+    return "wmctrl -r :ACTIVE: -e 1," + originAndSize(goal).join(u',').toLatin1();
 }
 
 } // namespace
+
+Rival::Rival(const Keys &keys, std::unique_ptr<ChildProcess> process)
+    : m_keys(keys), m_process(std::move(process))
+{
+}
 
 Rival Rival::corvane(VirtualDesktop &desktop)
 {
@@ -51,19 +61,24 @@ Rival Rival::minimal(VirtualDesktop &desktop, xcb_window_t window, const Goals &
 
 Rival Rival::sxhkdWithWmctrl(VirtualDesktop &desktop, const Goals &goals)
 {
+    return sxhkd(
+        desktop, strokes(Key::e, Key::t), {wmctrlCommand(goals[0]), wmctrlCommand(goals[1])});
+}
+
+Rival Rival::sxhkd(
+    VirtualDesktop &desktop, const Keys &keys, const std::array<QByteArray, 2> &commands)
+{
     const QString path = desktop.configFolder() + u"/sxhkdrc"_s;
     QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(binding("e", goals[0]) + binding("t", goals[1]));
+    if (file.open(QIODevice::WriteOnly)) {
+        for (size_t i = 0; i < keys.size(); ++i)
+            file.write(
+                "ctrl + alt + super + " + keySymbol(keys[i].key) + "\n    " + commands[i] + '\n');
+    }
     file.close();
     // The quickest of the usual shells, as a careful user would set it.
     desktop.setVariable(u"SXHKD_SHELL"_s, u"/bin/sh"_s);
-    return {strokes(Key::e, Key::t), desktop.launch(u"sxhkd"_s, {u"-c"_s, path})};
-}
-
-Rival::Rival(const Keys &keys, std::unique_ptr<ChildProcess> process)
-    : m_keys(keys), m_process(std::move(process))
-{
+    return {keys, desktop.launch(u"sxhkd"_s, {u"-c"_s, path})};
 }
 
 bool Rival::isListening(XConnection &connection)

@@ -11,12 +11,14 @@ struct Goal {
     Rect client; ///< the client window, root coordinates
 };
 
-/// A program that moves the window to the first goal on one key and to the second on another.
+/// A program that moves windows to their first goals on one key and to their second on another.
 class Rival
 {
 public:
     using Goals = std::array<Goal, 2>;
     using Keys = std::array<desktop::KeyStroke, 2>;
+
+    Rival(const Keys &keys, std::unique_ptr<desktop::ChildProcess> process);
 
     [[nodiscard]] static Rival corvane(desktop::VirtualDesktop &desktop);
     [[nodiscard]] static Rival minimal(
@@ -24,14 +26,16 @@ public:
     [[nodiscard]] static Rival sxhkdWithWmctrl(
         desktop::VirtualDesktop &desktop, const Goals &goals);
 
+    /// A key daemon that runs a shell command for each of the two keys.
+    [[nodiscard]] static Rival sxhkd(desktop::VirtualDesktop &desktop, const Keys &keys,
+        const std::array<QByteArray, 2> &commands);
+
     [[nodiscard]] const Keys &keys() const { return m_keys; }
     /// Waits until its keys are grabbed.
     [[nodiscard]] bool isListening(desktop::XConnection &connection);
     [[nodiscard]] pid_t pid() const { return m_process->pid(); }
 
 private:
-    Rival(const Keys &keys, std::unique_ptr<desktop::ChildProcess> process);
-
     Keys m_keys;
     std::unique_ptr<desktop::ChildProcess> m_process;
 };

@@ -133,6 +133,7 @@ void LayoutRun::giveUp(const Panes &panes)
 
 void LayoutRun::bringForward()
 {
+    const WindowOperation operation(Platform::current().windows());
     for (const AXWindow &window : std::as_const(m_placed)) {
         if (m_unanswering.contains(window.pid) || window.bringToFrontAlone() || !window.isWindow())
             continue;

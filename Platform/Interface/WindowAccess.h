@@ -80,7 +80,8 @@ public:
     virtual void makeMain(const WindowElement &window) = 0;
     /// Brings the application forward, with whatever windows the desktop takes along.
     virtual void bringForward(pid_t pid) = 0;
-    /// Brings only this window forward and focuses it. False where the desktop has no way to.
+    /// Brings only this window forward and focuses it. False where the desktop has no way to. Inside
+    /// an operation the focus may wait for its end, and go to the last window alone.
     virtual bool bringToFrontAlone(const WindowElement &window) = 0;
     [[nodiscard]] virtual std::optional<quint32> windowID(const WindowElement &window) = 0;
 

@@ -56,10 +56,7 @@ void WindowManagerLink::handle(const xcb_generic_event_t &event)
                 ++m_extentsAnswered;
                 m_answersExtents = true;
             }
-        } else if (property.window == m_checkWindow
-            || (property.window == m_connection.root()
-                && (property.atom == m_connection.atom(Atom::netSupportingWmCheck)
-                    || property.atom == m_connection.atom(Atom::netSupported)))) {
+        } else if (announces(property)) {
             reexamineSoon();
         }
         break;
@@ -79,6 +76,16 @@ void WindowManagerLink::handle(const xcb_generic_event_t &event)
     default:
         break;
     }
+}
+
+/// A window manager may change other properties of its window, at every focus change even.
+bool WindowManagerLink::announces(const xcb_property_notify_event_t &property) const
+{
+    const auto is = [&](Atom atom) { return property.atom == m_connection.atom(atom); };
+    if (property.window == m_checkWindow)
+        return is(Atom::netSupportingWmCheck) || is(Atom::netWmName);
+    return property.window == m_connection.root()
+        && (is(Atom::netSupportingWmCheck) || is(Atom::netSupported));
 }
 
 void WindowManagerLink::reexamineSoon()

@@ -44,6 +44,7 @@ Q_SIGNALS:
 
 private:
     void handle(const xcb_generic_event_t &event) override;
+    [[nodiscard]] bool announces(const xcb_property_notify_event_t &property) const;
     void reexamineSoon();
     void examine();
     [[nodiscard]] xcb_window_t validCheckWindow();

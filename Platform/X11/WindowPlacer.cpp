@@ -72,6 +72,14 @@ expected<WindowSnapshot, AXError> WindowPlacer::place(
     return maximized ? placeOutOfState(window, *maximized, frame) : maximized;
 }
 
+bool WindowPlacer::sendAhead(xcb_window_t window, const WindowSnapshot &before, const Rect &frame)
+{
+    if (before.tiled || before.isMaximized() || before.fullScreen || isAt(before, frame))
+        return false;
+    send(window, before.requestFor(frame));
+    return true;
+}
+
 expected<WindowSnapshot, AXError> WindowPlacer::placeOutOfState(
     xcb_window_t window, const WindowSnapshot &before, const Rect &frame)
 {

@@ -18,6 +18,10 @@ public:
     /// window as it is now; a maximised or full-screen window leaves that state first.
     [[nodiscard]] expected<WindowSnapshot, AXError> place(
         xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
+    /// Sends a window on its way that needs no more than one request, and waits for nothing. Whether
+    /// it sent one.
+    [[nodiscard]] bool sendAhead(
+        xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
     /// Why the last `place` failed, where it can be told.
     [[nodiscard]] QString refusalDetail() const { return m_refusalDetail; }
 

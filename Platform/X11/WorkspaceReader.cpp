@@ -18,7 +18,7 @@ struct Asked {
 } // namespace
 
 QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry,
-    const WindowManagerLink &windowManager, std::optional<pid_t> pid)
+    const WindowManagerLink &windowManager, const QList<pid_t> &pids)
 {
     const auto desktopCookie =
         requestProperty(connection, connection.root(), Atom::netCurrentDesktop);
@@ -26,7 +26,7 @@ QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry
     const auto stack = registry.frontToBack();
     for (const xcb_window_t window : stack) {
         const auto known = registry.known().constFind(window);
-        if (known != registry.known().cend() && (!pid || known->pid == *pid))
+        if (known != registry.known().cend() && (pids.isEmpty() || pids.contains(known->pid)))
             asked.push_back(
                 {{window, known->generation}, known->pid, requestSnapshot(connection, window)});
     }

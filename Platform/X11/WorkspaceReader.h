@@ -11,8 +11,9 @@ struct SeenWindow {
     WindowSnapshot snapshot;
 };
 
-/// The windows on this workspace, front to back, read in one go; of one process where one is given.
+/// The windows on this workspace, front to back, read in one go; only those of `pids` where there
+/// are any.
 [[nodiscard]] QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry,
-    const WindowManagerLink &windowManager, std::optional<pid_t> pid = {});
+    const WindowManagerLink &windowManager, const QList<pid_t> &pids = {});
 
 } // namespace corvane::x11

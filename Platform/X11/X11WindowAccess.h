@@ -49,6 +49,8 @@ public:
 
     void beginOperation() override { ++m_operations; }
     void endOperation() override;
+    void lookAhead(const QList<pid_t> &pids) override;
+    void moveAhead(const QList<WindowMove> &moves) override;
 
 private:
     struct PendingSize {
@@ -64,12 +66,15 @@ private:
     [[nodiscard]] expected<WindowSnapshot, AXError> look(const WindowElement &window);
     [[nodiscard]] expected<WindowSnapshot, AXError> keep(
         const WindowElement &window, expected<WindowSnapshot, AXError> snapshot);
+    void lookAgain(const QList<WindowElement> &windows);
     template <typename Value, typename Function>
     [[nodiscard]] expected<Value, AXError> read(const WindowElement &window, Function value);
 
     /// Whether the window is there and may be read and written.
     [[nodiscard]] AXError access(const WindowElement &window) const;
     [[nodiscard]] AXError flushSize();
+    void sendRaise(const WindowElement &window);
+    void sendActivate(const WindowElement &window);
     [[nodiscard]] AXError place(
         const WindowElement &window, const WindowSnapshot &before, const Rect &frame);
 
@@ -82,8 +87,12 @@ private:
 
     xcb_window_t m_lastFocused = noWindow; ///< what to ask about before it is known to be right
     int m_operations = 0;
-    QHash<WindowElement, WindowSnapshot> m_snapshots; ///< within one operation
+    // What is known within one operation.
+    QHash<WindowElement, WindowSnapshot> m_snapshots;
+    QHash<WindowElement, QString> m_titles;
+    QHash<pid_t, QList<WindowElement>> m_windows;
     std::optional<PendingSize> m_pendingSize;
+    std::optional<WindowElement> m_toBeFocused; ///< when the operation ends
     QString m_refusalDetail;
     QSet<WindowElement>
         m_filledByUs; ///< full screen only because our move made them fill a display

@@ -53,14 +53,38 @@ Tally walk(Desk &desk, Walkthrough &walkthrough, const QString &folder)
         }
         take(chapter.picture);
     }
+    print(
+        u"ms: from the key press until the window stands there; for a command, its whole run.\n"_s);
     return tally;
 }
 
-bool reduce(const DemoOptions &options, const QList<Rect> &displays)
+/// Whether every window came back.
+bool restore(Desk &desk, desktop::CorvaneProcess &corvane, const QString &folder)
 {
-    QDir().mkpath(QFileInfo(options.reducedPicture).path());
-    return writeReduced(
-        options.pictureFolder + u"/5-after.png"_s, displays, options.reducedPicture);
+    Restoration restoration(desk, corvane);
+    const QString captured = restoration.capture();
+    print(u'\n' + (captured.isEmpty() ? u"Nothing was captured.\n"_s : captured));
+    const bool scattered = restoration.scatter();
+    const bool pictured = writePicture(desk.connection(), folder + u"/6-scattered.png"_s);
+    print(u"The windows are scattered. Applying the layout:\n\n"_s + layoutTableHead());
+    const QList<RestoredPane> panes = restoration.apply();
+    for (const RestoredPane &pane : panes)
+        print(layoutTableLine(pane));
+    return writePicture(desk.connection(), folder + u"/7-restored.png"_s) && pictured && scattered
+        && restoration.isWhole(panes);
+}
+
+/// True, too, when no such picture is wanted.
+bool reduce(const DemoOptions &options, const QStringList &names, const QList<Rect> &displays,
+    const QString &path)
+{
+    if (path.isEmpty())
+        return true;
+    QStringList pictures;
+    for (const QString &name : names)
+        pictures << options.pictureFolder + u'/' + name;
+    QDir().mkpath(QFileInfo(path).path());
+    return writeReduced(pictures, displays, path);
 }
 
 int demonstrate(const DemoOptions &options)
@@ -79,13 +103,16 @@ int demonstrate(const DemoOptions &options)
     const Tally tally = walk(**desk, walkthrough, options.pictureFolder);
     if (tally.missingPictures > 0)
         return fail(failed, u"a picture could not be written to %1"_s.arg(options.pictureFolder));
-    if (!options.reducedPicture.isEmpty() && !reduce(options, (*desk)->displays()))
-        return fail(failed, u"%1 could not be written"_s.arg(options.reducedPicture));
-    print(u"\nms: from the key press until the window stands there; for a command, its whole run.\n"
-          "%1 of %2 windows landed; pictures in %3\n"_s.arg(tally.landed)
+    const bool restored = restore(**desk, corvane, options.pictureFolder);
+    const QList<Rect> &displays = (*desk)->displays();
+    if (!reduce(options, {u"5-after.png"_s}, displays, options.reducedPicture)
+        || !reduce(
+            options, {u"6-scattered.png"_s, u"7-restored.png"_s}, displays, options.layoutPicture))
+        return fail(failed, u"a reduced picture could not be written"_s);
+    print(u"\n%1 of %2 windows landed, the layout %3; pictures in %4\n"_s.arg(tally.landed)
               .arg(tally.steps)
-              .arg(options.pictureFolder));
-    return tally.landed == tally.steps ? allLanded : failed;
+              .arg(restored ? u"is back"_s : u"is not back"_s, options.pictureFolder));
+    return tally.landed == tally.steps && restored ? allLanded : failed;
 }
 
 } // namespace

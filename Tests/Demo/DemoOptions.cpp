@@ -18,6 +18,7 @@ expected<DemoOptions, QString> DemoOptions::parse(const QStringList &arguments)
         QString *const value = *at == "--window-manager"_L1 ? &options.windowManager
             : *at == "--pictures"_L1                        ? &options.pictureFolder
             : *at == "--picture"_L1                         ? &options.reducedPicture
+            : *at == "--layout-picture"_L1                  ? &options.layoutPicture
                                                             : nullptr;
         if (!value)
             return unexpected<QString>(u"There is no option \"%1\"."_s.arg(*at));
@@ -34,6 +35,7 @@ expected<DemoOptions, QString> DemoOptions::parse(const QStringList &arguments)
 QString DemoOptions::helpText()
 {
     return u"Usage: corvane-demo [--window-manager NAME] [--pictures FOLDER] [--picture FILE]\n"
+           "                    [--layout-picture FILE]\n"
            "Shows Corvane on a virtual desktop and exits with 0 when every window landed.\n"_s;
 }
 

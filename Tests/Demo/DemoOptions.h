@@ -10,6 +10,7 @@ struct DemoOptions {
     QString windowManager = QStringLiteral("openbox");
     QString pictureFolder = QStringLiteral("build/demo");
     QString reducedPicture; ///< where a picture for a page goes; empty for none
+    QString layoutPicture; ///< the same for a layout, scattered and restored
     bool help = false;
 
     /// The error is a sentence.

@@ -22,13 +22,14 @@ public:
     [[nodiscard]] xcb_window_t window(Application application) const;
     /// The displays without the panel.
     [[nodiscard]] QList<Rect> areas() const;
+    /// Puts the windows on top of each other, as they stand before anybody tidies up.
+    void strew();
     [[nodiscard]] const QList<Rect> &displays() const { return m_desktop->displays().displays(); }
 
 private:
     explicit Desk(std::unique_ptr<desktop::VirtualDesktop> desktop);
     [[nodiscard]] QString showPanel();
     [[nodiscard]] QString openApplications();
-    void strew();
     void leafToDevices();
 
     std::unique_ptr<desktop::VirtualDesktop> m_desktop;

@@ -16,6 +16,7 @@ namespace corvane::demo {
 namespace {
 
 constexpr int reducedWidth = 1400;
+constexpr int severalWidth = 1000;
 constexpr int margin = 28;
 constexpr int between = 28;
 constexpr QRgb ground = 0xF4F2EC;
@@ -60,20 +61,8 @@ QList<QRgb> paletteOf(const QImage &picture)
     return palette;
 }
 
-} // namespace
-
-bool writePicture(desktop::XConnection &connection, const QString &path)
+QImage pageOf(const QImage &whole, const QList<Rect> &displays)
 {
-    const auto look = [&connection] { return contents(connection); };
-    static_cast<void>(desktop::settled(look, desktop::Milliseconds{400}));
-    return desktop::writeScreenshot(connection, path);
-}
-
-bool writeReduced(const QString &picture, const QList<Rect> &displays, const QString &path)
-{
-    const QImage whole(picture);
-    if (whole.isNull())
-        return false;
     const int gaps = 2 * margin + between * static_cast<int>(displays.size() - 1);
     QImage page(whole.width() + gaps, whole.height() + 2 * margin, QImage::Format_RGB32);
     page.fill(QColor(ground));
@@ -85,8 +74,35 @@ bool writeReduced(const QString &picture, const QList<Rect> &displays, const QSt
         painter.drawRoundedRect(target.adjusted(-4, -4, 4, 4), 6, 6);
         painter.drawImage(target, whole, source);
     }
+    return page;
+}
+
+} // namespace
+
+bool writePicture(desktop::XConnection &connection, const QString &path)
+{
+    const auto look = [&connection] { return contents(connection); };
+    static_cast<void>(desktop::settled(look, desktop::Milliseconds{400}));
+    return desktop::writeScreenshot(connection, path);
+}
+
+bool writeReduced(const QStringList &pictures, const QList<Rect> &displays, const QString &path)
+{
+    QList<QImage> pages;
+    for (const QString &picture : pictures) {
+        const QImage whole(picture);
+        if (whole.isNull())
+            return false;
+        pages << pageOf(whole, displays);
+    }
+    QImage all(pages.first().width(), pages.first().height() * static_cast<int>(pages.size()),
+        QImage::Format_RGB32);
+    QPainter painter(&all);
+    for (int i = 0; i < pages.size(); ++i)
+        painter.drawImage(0, i * pages[i].height(), pages[i]);
     painter.end();
-    const QImage small = page.scaledToWidth(reducedWidth, Qt::SmoothTransformation);
+    const int width = pages.size() == 1 ? reducedWidth : severalWidth;
+    const QImage small = all.scaledToWidth(width, Qt::SmoothTransformation);
     return small.convertToFormat(QImage::Format_Indexed8, paletteOf(small), Qt::ThresholdDither)
         .save(path, "PNG", 0);
 }

@@ -8,17 +8,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<int, 6> widths{33, 26, 12, 18, 18, 6};
+/// A column that is justified to the right has a negative width.
+constexpr std::array widths{33, 26, 12, 18, 18, -6};
+constexpr std::array layoutWidths{36, 12, 18, 18};
 
-QString lineOf(const std::array<QString, 6> &cells, const QString &last)
+template <std::size_t Count>
+QString lineOf(const std::array<QString, Count> &cells, const std::array<int, Count> &columns,
+    const QString &last)
 {
     QString line;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        const bool isNumber = i + 1 == cells.size();
-        line += isNumber ? cells[i].rightJustified(widths[i]) : cells[i].leftJustified(widths[i]);
+    for (std::size_t i = 0; i < Count; ++i) {
+        line += columns[i] < 0 ? cells[i].rightJustified(-columns[i])
+                               : cells[i].leftJustified(columns[i]);
         line += u"  "_s;
     }
     return line + last + u'\n';
+}
+
+QString underlined(const QString &head)
+{
+    return head + QString(head.trimmed().size() + 4, u'-') + u'\n';
 }
 
 QString text(const std::optional<Rect> &rect)
@@ -41,10 +50,9 @@ QString text(const Step &step)
 
 QString tableHead()
 {
-    const QString head = lineOf({u"keys"_s, u"placement"_s, u"application"_s, u"frame asked"_s,
-                                    u"frame reached"_s, u"ms"_s},
-        {});
-    return head + QString(head.trimmed().size() + 4, u'-') + u'\n';
+    return underlined(lineOf({u"keys"_s, u"placement"_s, u"application"_s, u"frame asked"_s,
+                                 u"frame reached"_s, u"ms"_s},
+        widths, {}));
 }
 
 QString tableLine(const StepResult &result)
@@ -53,8 +61,27 @@ QString tableLine(const StepResult &result)
         result.milliseconds ? QString::number(*result.milliseconds, 'f', 1) : u"-"_s;
     const QString line = lineOf({result.keys, text(result.step), title(result.step.application),
                                     text(result.asked), text(result.reached), duration},
-        result.landed ? u"ok"_s : u"✗"_s);
+        widths, result.landed ? u"ok"_s : u"✗"_s);
     return result.landed ? line : line + u"    "_s + result.report + u'\n';
+}
+
+QString layoutTableHead()
+{
+    return underlined(lineOf(
+        {u"pane"_s, u"application"_s, u"frame asked"_s, u"frame reached"_s}, layoutWidths, {}));
+}
+
+QString layoutTableLine(const RestoredPane &restored)
+{
+    const UnitRect &rect = restored.pane.rect;
+    const QString pane = u"display %1: %2,%3 %4×%5"_s.arg(restored.pane.display + 1)
+                             .arg(rect.x)
+                             .arg(rect.y)
+                             .arg(rect.w)
+                             .arg(rect.h);
+    const QString name = restored.application ? title(*restored.application) : u"?"_s;
+    return lineOf({pane, name, text(restored.asked), text(restored.reached)}, layoutWidths,
+        restored.isBack ? u"ok"_s : u"✗ "_s + restored.status);
 }
 
 } // namespace corvane::demo

@@ -96,6 +96,27 @@ TEST_P(PlatformContract, oneWindowComesForwardAloneWhereTheDesktopCan)
     EXPECT_EQ(windows().windows(pid), (QList{wanted, sibling}));
 }
 
+TEST_P(PlatformContract, windowsComeForwardInTheirTurnInsideAnOperation)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement first = world().openWindow(pid);
+    const WindowElement second = world().openWindow(pid);
+    const WindowElement third = world().openWindow(pid);
+    EXPECT_TRUE(takesFocus(third));
+
+    bool comesForwardAlone = true;
+    {
+        const WindowOperation operation(windows());
+        for (const WindowElement &window : {third, first, second})
+            comesForwardAlone = windows().bringToFrontAlone(window) && comesForwardAlone;
+    }
+
+    if (!comesForwardAlone)
+        GTEST_SKIP() << "no window comes forward alone";
+    EXPECT_TRUE(takesFocus(second));
+    EXPECT_EQ(windows().windows(pid), (QList{second, first, third}));
+}
+
 TEST_P(PlatformContract, whatIsOnScreenIsListedFrontToBack)
 {
     const pid_t first = world().startApplication();

@@ -1,0 +1,92 @@
+#include "LayoutRivals.h"
+
+#include "LayoutStore.h"
+#include "Programs.h"
+
+#include <QtCore/QDir>
+
+namespace corvane::bench {
+
+using namespace desktop;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint8 held = KeyStroke::control | KeyStroke::alt | KeyStroke::super;
+constexpr quint64 heldBits = KeyCombo::control | KeyCombo::option | KeyCombo::command;
+// The D and F keys, as Corvane's files name them.
+constexpr std::array<quint16, 2> corvaneKeyCodes{2, 3};
+
+constexpr Rival::Keys strokes(Key first, Key second)
+{
+    return {KeyStroke{held, first}, KeyStroke{held, second}};
+}
+
+QStringList numbers(const Rect &rect)
+{
+    return {QString::number(rect.x), QString::number(rect.y), QString::number(rect.width),
+        QString::number(rect.height)};
+}
+
+QString write(const QString &path, const QString &text)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(text.toUtf8());
+    return path;
+}
+
+} // namespace
+
+Rival corvaneWithLayouts(VirtualDesktop &desktop, const CrowdedDesk &desk)
+{
+    const QString folder = desktop.environment().value(u"XDG_DATA_HOME"_s) + u"/Corvane"_s;
+    QDir().mkpath(folder);
+    QList<WindowLayout> layouts;
+    for (const WindowLayout &layout : desk.layouts()) {
+        layouts << layout;
+        layouts.last().shortcut =
+            KeyCombo(corvaneKeyCodes[static_cast<size_t>(layouts.size() - 1)], heldBits);
+    }
+    // One that could not be saved has no keys, which shows.
+    std::ignore = LayoutStore(folder).save(layouts);
+    return {strokes(Key::d, Key::f), desktop.launch(corvaneProgram)};
+}
+
+Rival pipelinedProgram(VirtualDesktop &desktop, const CrowdedDesk &desk)
+{
+    const Rival::Keys keys = strokes(Key::e, Key::t);
+    const auto goals = desk.goals();
+    QStringList arguments{QString::number(GrabbedKey(keys.front()).modifiers)};
+    for (size_t which = 0; which < keys.size(); ++which) {
+        QString lines;
+        for (qsizetype i = 0; i < goals[which].size(); ++i)
+            lines +=
+                numbers(goals[which][i].frame).join(u' ') + u' ' + CrowdedDesk::title(i) + u'\n';
+        arguments << QString::number(GrabbedKey(keys[which]).keycode)
+                  << write(u"%1/crowd-%2"_s.arg(desktop.folder()).arg(which), lines);
+    }
+    return {keys, desktop.launch(pipelinedProgramPath, arguments)};
+}
+
+Rival wmctrlScript(VirtualDesktop &desktop, const CrowdedDesk &desk)
+{
+    const auto goals = desk.goals();
+    std::array<QByteArray, 2> commands;
+    for (size_t which = 0; which < commands.size(); ++which) {
+        QString lines;
+        for (qsizetype i = 0; i < goals[which].size(); ++i) {
+            const auto &[frame, client] = goals[which][i];
+            const Rect asked{frame.x, frame.y, client.width, client.height};
+            lines += u"wmctrl -i -r %1 -e 1,%2\n"_s.arg(desk.windows()[i])
+                         .arg(numbers(asked).join(u','));
+        }
+        for (const xcb_window_t window : desk.windows())
+            lines += u"wmctrl -i -a %1\n"_s.arg(window);
+        const QString path = u"%1/crowd-%2.sh"_s.arg(desktop.folder()).arg(which);
+        commands[which] = ". " + write(path, lines).toLocal8Bit();
+    }
+    return Rival::sxhkd(desktop, strokes(Key::g, Key::digit1), commands);
+}
+
+} // namespace corvane::bench
