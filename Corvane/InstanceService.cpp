@@ -1,10 +1,28 @@
 #include "InstanceService.h"
 
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusError>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An action's command line; empty when there is no such action. The actions of the desktop entry
+/// are called like their placements.
+QStringList actionArguments(const QString &action, const QVariantList &parameter)
+{
+    if (action == "capture"_L1)
+        return {u"--capture"_s};
+    if (action == "place"_L1 && !parameter.isEmpty())
+        return {u"--place"_s, parameter.first().toString()};
+    if (placementNamed(action))
+        return {u"--place"_s, action};
+    return {};
+}
+
+} // namespace
 
 InstanceService::InstanceService(QObject *parent, Runner run)
     : QDBusAbstractAdaptor(parent), m_run(std::move(run))
@@ -41,11 +59,16 @@ void ApplicationService::Open(const QStringList &, const QVariantMap &)
     m_run({});
 }
 
-void ApplicationService::ActivateAction(
-    const QString &action, const QVariantList &parameter, const QVariantMap &)
+void ApplicationService::ActivateAction(const QString &action, const QVariantList &parameter,
+    const QVariantMap &, const QDBusMessage &call)
 {
-    if (action == "place"_L1 && !parameter.isEmpty())
-        m_run({u"--place"_s, parameter.first().toString()});
+    if (const QStringList arguments = actionArguments(action, parameter); !arguments.isEmpty()) {
+        m_run(arguments);
+        return;
+    }
+    call.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(call.createErrorReply(
+        QDBusError::InvalidArgs, u"There is no action \"%1\"."_s.arg(action)));
 }
 
 } // namespace corvane

@@ -47,9 +47,9 @@ public:
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
     void Open(const QStringList &uris, const QVariantMap &platformData);
-    /// The action "place" takes a placement's name.
-    void ActivateAction(
-        const QString &action, const QVariantList &parameter, const QVariantMap &platformData);
+    /// The actions are "capture", every placement's name, and "place", which takes such a name.
+    void ActivateAction(const QString &action, const QVariantList &parameter,
+        const QVariantMap &platformData, const QDBusMessage &call);
 
 private:
     InstanceService::Runner m_run;

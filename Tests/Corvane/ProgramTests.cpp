@@ -7,9 +7,14 @@
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QThread>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusReply>
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <memory>
 
 namespace corvane {
@@ -73,6 +78,7 @@ protected:
 
     void startBus()
     {
+        bus.setProcessEnvironment(environment);
         bus.setProgram(u"dbus-daemon"_s);
         bus.setArguments({u"--session"_s, u"--nofork"_s, u"--print-address"_s,
             u"--address=unix:path="_s + folder.filePath(u"bus"_s)});
@@ -99,6 +105,44 @@ protected:
             return {};
         return {process->exitCode(), process->readAllStandardOutput().toStdString(),
             process->readAllStandardError().toStdString()};
+    }
+
+    /// Has the bus start the program when it is called.
+    void makeActivatable() const
+    {
+        const QString services = folder.filePath(u"data/dbus-1/services"_s);
+        ASSERT_TRUE(QDir().mkpath(services));
+        QFile file(services + u"/app.corvane.Corvane.service"_s);
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write("[D-BUS Service]\nName=app.corvane.Corvane\nExec=" CORVANE_PROGRAM "\n");
+    }
+
+    QDBusConnection sessionBus() const
+    {
+        const QString address = environment.value(u"DBUS_SESSION_BUS_ADDRESS"_s);
+        return QDBusConnection::connectToBus(address, address);
+    }
+
+    /// Calls as a desktop does; returns the error's name, empty when there is none.
+    QString activateAction(const QString &action, const QVariantList &parameter = {}) const
+    {
+        auto call = QDBusMessage::createMethodCall(u"app.corvane.Corvane"_s,
+            u"/app/corvane/Corvane"_s, u"org.freedesktop.Application"_s, u"ActivateAction"_s);
+        call << action << QVariant(parameter) << QVariantMap();
+        return sessionBus().call(call).errorName();
+    }
+
+    /// Ends the program that the bus has started.
+    void endActivated() const
+    {
+        QDBusConnectionInterface *names = sessionBus().interface();
+        const uint pid = names->servicePid(u"app.corvane.Corvane"_s);
+        ASSERT_GT(pid, 1U);
+        ASSERT_EQ(::kill(static_cast<pid_t>(pid), SIGTERM), 0);
+        const QDeadlineTimer patience(30000);
+        while (names->isServiceRegistered(u"app.corvane.Corvane"_s) && !patience.hasExpired())
+            QThread::msleep(5);
+        EXPECT_FALSE(names->isServiceRegistered(u"app.corvane.Corvane"_s));
     }
 
     /// Waits until what it logs contains the text.
@@ -213,6 +257,38 @@ TEST_F(ProgramTests, desktopsCanActivateAPlacement)
     EXPECT_THAT(call.readAllStandardOutput().toStdString(), HasSubstr("topHalf: Editor"));
     resident->terminate();
     EXPECT_TRUE(resident->waitForFinished());
+}
+
+TEST_F(ProgramTests, actionsOfTheDesktopEntryAreCalledLikeThePlacements)
+{
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s});
+    readUntil(*resident, "ready");
+
+    EXPECT_EQ(activateAction(u"leftHalf"_s), QString());
+    EXPECT_EQ(activateAction(u"place"_s, {u"topHalf"_s}), QString());
+    EXPECT_EQ(activateAction(u"capture"_s), QString());
+    EXPECT_EQ(activateAction(u"explode"_s), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+    EXPECT_EQ(activateAction(u"place"_s), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+
+    const std::string log = readUntil(*resident, "topHalf: Editor").toStdString();
+    EXPECT_THAT(log, HasSubstr("leftHalf: Editor"));
+    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("*  Layout"));
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+}
+
+TEST_F(ProgramTests, theBusStartsItForAnActionAndItStays)
+{
+    startBus();
+    makeActivatable();
+
+    const QString error = activateAction(u"rightHalf"_s);
+    const Result back = run({u"--place"_s, u"snapBack"_s, u"--json"_s});
+
+    EXPECT_EQ(error, QString());
+    EXPECT_EQ(back.json()[u"to"_s], (QJsonArray{40, 60, 700, 600})) << back.output;
+    endActivated();
 }
 
 TEST_F(ProgramTests, withoutASessionBusItStaysAndSaysWhatIsMissing)
