@@ -7,10 +7,13 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11
     x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core
     gtk-3-examples librsvg2-common"
 
-packages_test="git clang-format libgtest-dev libgmock-dev librapidcheck-dev xvfb xwayland
-    fluxbox i3-wm icewm kwin-x11 marco mate-settings-daemon-common metacity mutter sway xfwm4"
+packages_test="appstream desktop-file-utils git clang-format libgtest-dev libgmock-dev
+    librapidcheck-dev xvfb xwayland fluxbox i3-wm icewm kwin-x11 marco
+    mate-settings-daemon-common metacity mutter sway xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
+
+packages_package="lintian"
 
 packages_bench="libbenchmark-dev libgtest-dev sxhkd wmctrl"
 
