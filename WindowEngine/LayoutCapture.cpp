@@ -56,7 +56,7 @@ std::optional<Pane> paneOf(const AXWindow &window, const AppRef &app,
         return std::nullopt;
     const qsizetype position = onScreen.indexOf(*frame);
     const std::optional<ScreenInfo> screen = Screens::screenContaining(*frame, screens);
-    if (position < 0 || !screen || !fits(*frame, *screen))
+    if (position < 0 || !screen || !fits(*frame, *screen) || window.isFullScreen())
         return std::nullopt;
     const QString title = window.title();
     return Pane{.display = static_cast<int>(screens.indexOf(*screen)),

@@ -98,6 +98,15 @@ void ClientWindow::destroy()
     m_connection.sync();
 }
 
+void ClientWindow::resize(Size size)
+{
+    const std::array<quint32, 2> values{
+        static_cast<quint32>(size.width), static_cast<quint32>(size.height)};
+    xcb_configure_window(m_connection.raw(), m_number,
+        XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
+    m_connection.sync();
+}
+
 void ClientWindow::setHints(const WindowRequest::SizeHints &hints)
 {
     m_request.hints = hints;
@@ -128,8 +137,8 @@ void ClientWindow::describe()
     const QByteArray title = m_request.title.repeated(m_request.titleRepeats);
     m_connection.setBytes(m_number, "_NET_WM_NAME", "UTF8_STRING", title);
     m_connection.setBytes(m_number, "WM_NAME", "STRING", title.left(1000));
-    m_connection.setBytes(
-        m_number, "WM_CLASS", "STRING", QByteArray("corvane-test-client\0CorvaneTestClient\0", 38));
+    const QByteArray className = m_request.className + '\0';
+    m_connection.setBytes(m_number, "WM_CLASS", "STRING", className + className);
     m_connection.setNumbers(
         m_number, "_NET_WM_PID", "CARDINAL", {static_cast<quint32>(::getpid())});
     m_connection.setNumbers(

@@ -19,6 +19,8 @@ public:
 
     [[nodiscard]] xcb_window_t number() const { return m_number; }
     void destroy();
+    /// As an application does that changes its own mind.
+    void resize(Size size);
     void setHints(const WindowRequest::SizeHints &hints);
 
     /// The window manager changed the window's state: the shadow follows a little later, as

@@ -67,7 +67,7 @@ CorvaneProcess::Answer CorvaneProcess::place(const QString &placement)
     return answer;
 }
 
-CorvaneProcess::Answer CorvaneProcess::ask(const QStringList &arguments)
+CorvaneProcess::Answer CorvaneProcess::ask(const QStringList &arguments, Milliseconds deadline)
 {
     const QString logPath = m_session.folder() + u"/caller.log"_s;
     const qint64 logStart = QFileInfo(logPath).size();
@@ -75,7 +75,7 @@ CorvaneProcess::Answer CorvaneProcess::ask(const QStringList &arguments)
     ChildProcess caller(
         {m_program, arguments, m_session.environment(), logPath, ChildProcess::Channel::pipes});
     Answer answer;
-    answer.exitStatus = caller.waitForExit();
+    answer.exitStatus = caller.waitForExit(deadline);
     answer.duration =
         std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
     while (const auto line = caller.readLine(Milliseconds{0}))

@@ -37,7 +37,7 @@ public:
     /// Runs `corvane --place <placement> --json` to its end.
     [[nodiscard]] Answer place(const QString &placement);
     /// Runs the program with these arguments to its end; the outcome is empty.
-    [[nodiscard]] Answer ask(const QStringList &arguments);
+    [[nodiscard]] Answer ask(const QStringList &arguments, Milliseconds deadline = patience);
 
     /// What the resident process has written, whole lines only.
     [[nodiscard]] QStringList log() const;

@@ -28,6 +28,14 @@ QList<Rect> plugged(const QList<Rect> &displays)
     return result;
 }
 
+// Nothing but the descriptor with the product's name.
+QByteArray edidNaming(const QByteArray &name)
+{
+    QByteArray edid(128, '\0');
+    return edid.replace(
+        54, 18, QByteArray("\0\0\0\xFC\0", 5) + (name + '\n').leftJustified(13, ' '));
+}
+
 } // namespace
 
 DisplayArranger::DisplayArranger(
@@ -73,6 +81,27 @@ bool DisplayArranger::move(int index, Point origin)
     displays[index].x = origin.x;
     displays[index].y = origin.y;
     return arrange(displays);
+}
+
+void DisplayArranger::setMonitorName(int index, const QByteArray &name)
+{
+    xcb_connection_t *raw = m_connection.raw();
+    const auto cookie = xcb_randr_get_screen_resources_current(raw, m_connection.root());
+    const Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
+        xcb_randr_get_screen_resources_current_reply(raw, cookie, nullptr));
+    if (!resources)
+        return;
+    const xcb_randr_output_t output =
+        xcb_randr_get_screen_resources_current_outputs(resources.get())[index];
+    const xcb_atom_t edid = m_connection.atom("EDID");
+    if (name.isEmpty()) {
+        xcb_randr_delete_output_property(raw, output, edid);
+    } else {
+        const QByteArray block = edidNaming(name);
+        xcb_randr_change_output_property(raw, output, edid, XCB_ATOM_INTEGER, 8,
+            XCB_PROP_MODE_REPLACE, static_cast<quint32>(block.size()), block.constData());
+    }
+    m_connection.sync();
 }
 
 void DisplayArranger::run(const QStringList &arguments)

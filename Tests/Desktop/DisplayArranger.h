@@ -24,6 +24,10 @@ public:
     [[nodiscard]] bool resize(int index, Size size);
     [[nodiscard]] bool move(int index, Point origin);
 
+    /// What the display tells of itself from now on; with an empty name it tells nothing again. For the
+    /// program it counts when it next reads the displays.
+    void setMonitorName(int index, const QByteArray &name);
+
     [[nodiscard]] const QList<Rect> &displays() const { return m_displays; }
 
 private:

@@ -41,6 +41,16 @@ void Pager::setFullScreen(xcb_window_t window, Change change)
     changeState(window, change, "_NET_WM_STATE_FULLSCREEN");
 }
 
+void Pager::setWorkspaceCount(quint32 count)
+{
+    m_connection.sendToRoot(m_connection.root(), "_NET_NUMBER_OF_DESKTOPS", {count});
+}
+
+void Pager::moveToWorkspace(xcb_window_t window, quint32 workspace)
+{
+    m_connection.sendToRoot(window, "_NET_WM_DESKTOP", {workspace, sourcePager});
+}
+
 void Pager::moveResize(xcb_window_t window, const Rect &rect)
 {
     constexpr quint32 northWestAllFields = 1 | 0xF << 8 | sourcePager << 12;

@@ -19,6 +19,9 @@ public:
     void setMaximized(xcb_window_t window, Change change);
     void setMaximizedVertically(xcb_window_t window, Change change);
     void setFullScreen(xcb_window_t window, Change change);
+    /// The first one has the number 0.
+    void setWorkspaceCount(quint32 count);
+    void moveToWorkspace(xcb_window_t window, quint32 workspace);
     /// To where the frame's top left corner and the client's size are these.
     void moveResize(xcb_window_t window, const Rect &rect);
 

@@ -79,6 +79,11 @@ QString PrivateSession::configFolder() const
     return folder() + u"/home/.config"_s;
 }
 
+QString PrivateSession::dataFolder() const
+{
+    return folder() + u"/home/.local/share"_s;
+}
+
 std::unique_ptr<ChildProcess> PrivateSession::launch(
     const QString &program, const QStringList &arguments, ChildProcess::Channel channel)
 {

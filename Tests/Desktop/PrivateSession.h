@@ -27,6 +27,7 @@ public:
     void setVariable(const QString &name, const QString &value);
     [[nodiscard]] QString folder() const { return m_folder.path(); }
     [[nodiscard]] QString configFolder() const;
+    [[nodiscard]] QString dataFolder() const;
 
     /// Starts a program; its output goes to "<program>.log" in the session's folder.
     [[nodiscard]] std::unique_ptr<ChildProcess> launch(const QString &program,

@@ -85,6 +85,11 @@ QList<xcb_window_t> WindowProbe::clients()
     return m_connection.numbers(m_connection.root(), "_NET_CLIENT_LIST");
 }
 
+QList<xcb_window_t> WindowProbe::stacking()
+{
+    return m_connection.numbers(m_connection.root(), "_NET_CLIENT_LIST_STACKING");
+}
+
 xcb_window_t WindowProbe::waitForWindow(
     const std::function<bool(xcb_window_t)> &condition, Milliseconds deadline)
 {

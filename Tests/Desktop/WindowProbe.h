@@ -32,6 +32,8 @@ public:
     [[nodiscard]] bool isManaged(xcb_window_t window);
     [[nodiscard]] xcb_window_t activeWindow();
     [[nodiscard]] QList<xcb_window_t> clients();
+    /// Bottom to top.
+    [[nodiscard]] QList<xcb_window_t> stacking();
 
     /// The newest managed window that satisfies the condition; 0 when none came in time.
     [[nodiscard]] xcb_window_t waitForWindow(

@@ -51,9 +51,9 @@ QJsonObject WindowRequest::toJson() const
         strutArray.append(static_cast<qint64>(value));
     return {{u"geometry"_s, toArray({geometry.x, geometry.y, geometry.width, geometry.height})},
         {u"title"_s, QString::fromLatin1(title.toHex())}, {u"titleRepeats"_s, titleRepeats},
-        {u"kind"_s, static_cast<int>(kind)}, {u"decorated"_s, decorated},
-        {u"overrideRedirect"_s, overrideRedirect}, {u"placed"_s, placed},
-        {u"hints"_s, toObject(hints)},
+        {u"className"_s, QString::fromLatin1(className)}, {u"kind"_s, static_cast<int>(kind)},
+        {u"decorated"_s, decorated}, {u"overrideRedirect"_s, overrideRedirect},
+        {u"placed"_s, placed}, {u"hints"_s, toObject(hints)},
         {u"shadow"_s,
             toArray({double(shadow.left), double(shadow.right), double(shadow.top),
                 double(shadow.bottom)})},
@@ -70,6 +70,7 @@ WindowRequest WindowRequest::fromJson(const QJsonObject &object)
         geometry[3].toDouble()};
     request.title = QByteArray::fromHex(object["title"_L1].toString().toLatin1());
     request.titleRepeats = object["titleRepeats"_L1].toInt();
+    request.className = object["className"_L1].toString().toLatin1();
     request.kind = static_cast<Kind>(object["kind"_L1].toInt());
     request.decorated = object["decorated"_L1].toBool();
     request.overrideRedirect = object["overrideRedirect"_L1].toBool();

@@ -35,6 +35,7 @@ struct WindowRequest {
     Rect geometry{100, 100, 400, 300}; ///< of the client, shadows included
     QByteArray title{"Test window"};
     int titleRepeats = 1;
+    QByteArray className{"CorvaneTestClient"}; ///< and instance
     Kind kind = Kind::normal;
     bool decorated = true; ///< by the window manager
     bool overrideRedirect = false;
