@@ -89,12 +89,18 @@ QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens)
     return panes;
 }
 
+bool touches(const UnitRect &a, const UnitRect &b)
+{
+    return a.x <= b.x + b.w && b.x <= a.x + a.w && a.y <= b.y + b.h && b.y <= a.y + a.h;
+}
+
 /// Panes count as lying in front by their place among their own app's windows, whatever their apps.
 bool isMostlyHidden(const Pane &pane, const QList<Pane> &all)
 {
     QList<UnitRect> inFront;
     for (const Pane &other : all) {
-        if (other.display == pane.display && other.stack < pane.stack)
+        if (other.display == pane.display && other.stack < pane.stack
+            && touches(other.rect, pane.rect))
             inFront << other.rect;
     }
     return LayoutEngine::visibleFraction(pane.rect, inFront, samples) < leastVisible;
