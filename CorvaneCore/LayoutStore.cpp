@@ -18,12 +18,12 @@ QUrl LayoutStore::url() const
 
 QList<WindowLayout> LayoutStore::load() const
 {
-    return readStored<LossyArray<WindowLayout>>(m_path).value.elements;
+    return readStoredArray<WindowLayout>(m_path).value.elements;
 }
 
 LayoutStore::Loaded LayoutStore::loadKeepingUnreadable() const
 {
-    const auto stored = readStored<LossyArray<WindowLayout>>(m_path);
+    const auto stored = readStoredArray<WindowLayout>(m_path);
     if (stored.damage.isEmpty())
         return {stored.value.elements, std::nullopt};
     return {stored.value.elements, StoreProblem::keep(url(), stored.damage)};

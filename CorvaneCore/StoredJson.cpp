@@ -1,7 +1,5 @@
 #include "StoredJson.h"
 
-#include "PrivateFile.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonParseError>
 
@@ -106,6 +104,27 @@ QString problemsSentence(int count)
 {
     return translated(QT_TRANSLATE_NOOP("StoredJson", "Values in it that cannot be used: %1."))
         .arg(count);
+}
+
+std::optional<std::pair<QByteArray, QByteArray>> halves(const QByteArray &array)
+{
+    constexpr qsizetype worthAThread = 256 * 1024LL;
+    if (array.size() < worthAThread || !array.startsWith('['))
+        return std::nullopt;
+    int depth = 0;
+    for (qsizetype position = 0; position < array.size(); ++position) {
+        const char character = array[position];
+        if (character == '"') {
+            position = endOfString(array, position) - 1;
+        } else if (character == '[' || character == '{') {
+            ++depth;
+        } else if (character == ']' || character == '}') {
+            --depth;
+        } else if (character == ',' && depth == 1 && position >= array.size() / 2) {
+            return std::pair(array.first(position) + ']', '[' + array.sliced(position + 1));
+        }
+    }
+    return std::nullopt;
 }
 
 expected<void, QString> writeJson(const QString &path, const QJsonDocument &document)

@@ -1,6 +1,7 @@
 #include "DataFolder.h"
 #include "LayoutStore.h"
 #include "SettingsStore.h"
+#include "StoredJson.h"
 #include "StoreFolder.h"
 
 #include <QtCore/QDir>
@@ -277,6 +278,37 @@ TEST(LayoutStoreTests, aDamagedLayoutCostsItselfAlone)
         EXPECT_EQ(names, example.names) << example.content;
         EXPECT_EQ(loaded.problem.has_value(), example.isProblem) << example.content;
         EXPECT_EQ(folder.names().size(), example.isProblem ? 2 : 1) << example.content;
+    }
+}
+
+TEST(LayoutStoreTests, aLongFileReadsAsAShortOne)
+{
+    const StoreFolder folder;
+    const LayoutStore store(folder.path());
+    const QString file = u"layouts.json"_s;
+    QList<WindowLayout> layouts;
+    for (int number = 0; number < 400; ++number) {
+        layouts << deskLayout();
+        layouts.last().name = u"%1, ] and \" in %2"_s.arg(number).arg(layouts.last().name);
+    }
+    ASSERT_TRUE(store.save(layouts));
+    EXPECT_EQ(store.load(), layouts);
+
+    const QByteArray whole = *folder.read(file);
+    ASSERT_TRUE(halves(whole));
+    // A comma, a bracket or a quote too many, or an element that is no layout, in either half.
+    for (const qsizetype from : {qsizetype(0), whole.size() * 3 / 4}) {
+        const qsizetype behindElement = whole.indexOf("\n    },", from) + 7;
+        for (const char *damage : {",", "]", "\""}) {
+            folder.write(file, QByteArray(whole).insert(behindElement, damage));
+            const auto loaded = store.loadKeepingUnreadable();
+            EXPECT_TRUE(loaded.problem) << damage << from;
+            EXPECT_TRUE(loaded.layouts.isEmpty()) << damage << from;
+        }
+        folder.write(file, QByteArray(whole).insert(behindElement, " 5,"));
+        const auto loaded = store.loadKeepingUnreadable();
+        EXPECT_TRUE(loaded.problem);
+        EXPECT_EQ(loaded.layouts, layouts);
     }
 }
 
