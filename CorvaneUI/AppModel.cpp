@@ -121,6 +121,7 @@ void AppModel::applyOnConnect()
     m_displayWatch.emplace();
     connect(
         &*m_displayWatch, &DisplayWatch::settled, this, [this](const QList<DisplayKey> &connected) {
+            refreshLayouts();
             const auto found = std::ranges::find_if(m_layouts, [&](const WindowLayout &each) {
                 return each.applyOnConnect && each.matches(connected);
             });

@@ -162,6 +162,21 @@ TEST_F(AppModelTests, aLayoutIsAppliedOnceItsDisplaysHaveConnected)
     EXPECT_EQ(desk.frame(), leftHalf);
 }
 
+TEST_F(AppModelTests, aLayoutWrittenByHandWhileTheProgramRunsIsAppliedWhenItsDisplaysConnect)
+{
+    AppModel model = desk.model();
+    model.applyOnConnect();
+    QList<DisplayKey> both = Screens::signature();
+    both << DisplayKey{u"Desk"_s, 1920, 1080};
+    save({ModelDesk::leftHalfLayout(both)});
+
+    desk.plugSecond();
+    desk.settle();
+    desk.settle(5s);
+
+    EXPECT_EQ(desk.frame(), leftHalf);
+}
+
 TEST_F(AppModelTests, aWindowThatTheDesktopMovedBackLateIsPutInItsPlaceAgain)
 {
     const quint32 second = desk.plugSecond();
