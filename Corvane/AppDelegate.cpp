@@ -153,12 +153,10 @@ void AppDelegate::recordLaunch() const
         u"version " CORVANE_VERSION
         ", accessibility %1, other window managers: %2"_s.arg(isTrusted ? u"true"_s : u"false"_s,
             competitors.isEmpty() ? u"none"_s : competitors.join(u", "_s)));
-    QJsonArray displays;
-    for (const DisplayKey &key : Screens::signature())
-        displays.append(key.toJson());
     recorder.snapshot(
         {{u"version"_s, QStringLiteral(CORVANE_VERSION)}, {u"accessibilityTrusted"_s, isTrusted},
-            {u"competitors"_s, QJsonArray::fromStringList(competitors)}, {u"displays"_s, displays},
+            {u"competitors"_s, QJsonArray::fromStringList(competitors)},
+            {u"displays"_s, encode(Screens::signature())},
             {u"settings"_s, m_model.settings().toJson()}});
 }
 

@@ -1,8 +1,8 @@
 #include "HistoryReport.h"
 
+#include "Decoding.h"
 #include "Wording.h"
 
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
 #include <algorithm>
@@ -39,10 +39,7 @@ QString historyTable(const QList<ActivityEntry> &entries)
 
 QString historyJson(const QList<ActivityEntry> &entries)
 {
-    QJsonArray array;
-    for (const ActivityEntry &entry : entries)
-        array.append(entry.toJson());
-    return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)) + u'\n';
+    return inOneLine(QJsonDocument(encode(entries)));
 }
 
 } // namespace corvane

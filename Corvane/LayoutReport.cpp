@@ -14,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString inOneLine(const QJsonDocument &document)
-{
-    return QString::fromUtf8(document.toJson(QJsonDocument::Compact)) + u'\n';
-}
-
 QString counted(qsizetype count, const QString &noun)
 {
     return u"%1 %2%3"_s.arg(count).arg(noun, count == 1 ? QString() : u"s"_s);

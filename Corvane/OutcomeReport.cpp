@@ -47,9 +47,8 @@ QJsonObject OutcomeReport::json() const
 CommandResult OutcomeReport::result(bool asJson) const
 {
     const bool moved = std::holds_alternative<MoveOutcome::Moved>(outcome.value);
-    const QString text =
-        asJson ? QString::fromUtf8(QJsonDocument(json()).toJson(QJsonDocument::Compact)) : line();
-    return {moved ? CommandResult::done : CommandResult::refused, text + u'\n', {}};
+    return {moved ? CommandResult::done : CommandResult::refused,
+        asJson ? inOneLine(QJsonDocument(json())) : line() + u'\n', {}};
 }
 
 } // namespace corvane

@@ -40,6 +40,11 @@ QString textTable(const QList<QStringList> &rows)
     return table;
 }
 
+QString inOneLine(const QJsonDocument &document)
+{
+    return QString::fromUtf8(document.toJson(QJsonDocument::Compact)) + u'\n';
+}
+
 QString rectText(const Rect &rect)
 {
     return u"%1,%2 %3×%4"_s.arg(rect.x).arg(rect.y).arg(rect.width).arg(rect.height);

@@ -3,6 +3,7 @@
 #include "Rect.h"
 
 #include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QStringList>
 
 /// How values read on a terminal.
@@ -14,6 +15,9 @@ namespace corvane {
 
 /// Columns as wide as their widest cell, a row a line, with nothing behind the last cell.
 [[nodiscard]] QString textTable(const QList<QStringList> &rows);
+
+/// With its line break.
+[[nodiscard]] QString inOneLine(const QJsonDocument &document);
 
 /// "x,y width×height"
 [[nodiscard]] QString rectText(const Rect &rect);

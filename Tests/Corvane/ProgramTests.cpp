@@ -1,4 +1,5 @@
-#include <QtCore/QDeadlineTimer>
+#include "Waiting.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -6,7 +7,6 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QThread>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
@@ -24,6 +24,8 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
+
+constexpr desktop::Milliseconds patience{30000};
 
 constexpr auto desk = R"({
     "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
@@ -139,10 +141,8 @@ protected:
         const uint pid = names->servicePid(u"app.corvane.Corvane"_s);
         ASSERT_GT(pid, 1U);
         ASSERT_EQ(::kill(static_cast<pid_t>(pid), SIGTERM), 0);
-        const QDeadlineTimer patience(30000);
-        while (names->isServiceRegistered(u"app.corvane.Corvane"_s) && !patience.hasExpired())
-            QThread::msleep(5);
-        EXPECT_FALSE(names->isServiceRegistered(u"app.corvane.Corvane"_s));
+        EXPECT_TRUE(desktop::waitUntil(
+            [&] { return !names->isServiceRegistered(u"app.corvane.Corvane"_s); }, patience));
     }
 
     /// Waits until what it logs contains the text.
@@ -384,9 +384,8 @@ TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
     QFile history(kept(u"activity.jsonl"_s));
     QFile snapshot(kept(u"snapshot.json"_s));
 
-    const QDeadlineTimer patience(30000);
-    while ((history.size() > 0 || !snapshot.exists()) && !patience.hasExpired())
-        QThread::msleep(5);
+    EXPECT_TRUE(
+        desktop::waitUntil([&] { return history.size() == 0 && snapshot.exists(); }, patience));
 
     EXPECT_EQ(history.size(), 0);
     ASSERT_TRUE(snapshot.open(QFile::ReadOnly));
