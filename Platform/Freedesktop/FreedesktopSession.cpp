@@ -33,4 +33,30 @@ int FreedesktopSession::systemMajorVersion()
     return 0;
 }
 
+void FreedesktopSession::reveal(const QUrl &file)
+{
+    openAddress(file.adjusted(QUrl::RemoveFilename));
+}
+
+LoginItem FreedesktopSession::loginItem()
+{
+    return LoginItem::absent;
+}
+
+expected<void, QString> FreedesktopSession::setLoginItem(bool)
+{
+    return unexpected<QString>(u"This desktop is not asked yet."_s);
+}
+
+void FreedesktopSession::openLoginItems() { }
+
+void FreedesktopSession::notify(const QString &, const QString &, const QString &) { }
+
+DesktopLook FreedesktopSession::look()
+{
+    return {};
+}
+
+void FreedesktopSession::setListed(quint64, bool) { }
+
 } // namespace corvane::freedesktop

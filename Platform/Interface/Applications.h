@@ -50,6 +50,8 @@ public:
     /// Opens the application without activating it, where the desktop allows that. Its windows come
     /// later, perhaps in another process or never. The error is one sentence.
     [[nodiscard]] virtual expected<void, QString> open(const QString &bundleIdentifier) = 0;
+    /// Asks the application to quit, as its user would. It may take its time, ask its user or stay.
+    virtual void quit(pid_t pid) = 0;
 
 Q_SIGNALS:
     /// A process became a regular application. Arrives before the notice of its first window.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AXError.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtCore/QUrl>
@@ -7,6 +9,22 @@
 #include <optional>
 
 namespace corvane {
+
+/// What the user chose for every application's look.
+struct DesktopLook {
+    bool isDark = false;
+    bool hasHighContrast = false;
+
+    bool operator==(const DesktopLook &) const = default;
+};
+
+/// Whether the program opens when the user logs in.
+enum class LoginItem {
+    absent,
+    present,
+    /// Asked for, but the user has to allow it in the desktop's own settings.
+    awaitsApproval,
+};
 
 /// What the user's session offers beside windows and displays.
 class Session : public QObject
@@ -16,6 +34,8 @@ class Session : public QObject
 public:
     /// Opens the address in the application that the user chose for it. False when there is none.
     virtual bool openAddress(const QUrl &address) = 0;
+    /// Shows the file in the file browser, else the folder that it is in.
+    virtual void reveal(const QUrl &file) = 0;
 
     /// Where the user grants or repairs the permission to move windows.
     [[nodiscard]] virtual QUrl trustSettingsAddress() = 0;
@@ -24,6 +44,26 @@ public:
     virtual std::optional<int> clearTrustRow(const QString &bundleIdentifier) = 0;
     /// The operating system's major version on systems whose settings are named by it, else 0.
     [[nodiscard]] virtual int systemMajorVersion() = 0;
+
+    [[nodiscard]] virtual LoginItem loginItem() = 0;
+    /// Adds this program to what opens at login, or takes it out. The error is one sentence.
+    [[nodiscard]] virtual expected<void, QString> setLoginItem(bool opensAtLogin) = 0;
+    /// Shows the user where applications that open at login are allowed.
+    virtual void openLoginItems() = 0;
+
+    /// Shows a notification, in place of the one that was shown under this id before. Returns at
+    /// once; where nothing shows notifications, it is lost.
+    virtual void notify(const QString &id, const QString &title, const QString &body) = 0;
+
+    /// Light until the desktop has said otherwise, which may be a while after the start.
+    [[nodiscard]] virtual DesktopLook look() = 0;
+
+    /// Whether task bar and switcher list this window of the program's own, by the window system's
+    /// number. Lasts until the window is closed.
+    virtual void setListed(quint64 window, bool isListed) = 0;
+
+Q_SIGNALS:
+    void lookChanged(const corvane::DesktopLook &look);
 };
 
 } // namespace corvane

@@ -47,4 +47,10 @@ expected<void, QString> SimulatedApplications::open(const QString &bundleIdentif
     return {};
 }
 
+void SimulatedApplications::quit(pid_t pid)
+{
+    if (m_desktop.findApplication(pid))
+        m_desktop.quit(pid);
+}
+
 } // namespace corvane

@@ -24,4 +24,49 @@ int SimulatedSession::systemMajorVersion()
     return majorVersion;
 }
 
+void SimulatedSession::reveal(const QUrl &file)
+{
+    revealedFiles << file;
+}
+
+LoginItem SimulatedSession::loginItem()
+{
+    return item;
+}
+
+expected<void, QString> SimulatedSession::setLoginItem(bool opensAtLogin)
+{
+    if (!loginItemError.isEmpty())
+        return unexpected<QString>(loginItemError);
+    item = opensAtLogin ? itemOnceSet : LoginItem::absent;
+    return {};
+}
+
+void SimulatedSession::openLoginItems()
+{
+    ++loginItemsOpened;
+}
+
+void SimulatedSession::notify(const QString &id, const QString &title, const QString &body)
+{
+    notifications.removeIf([&id](const Notification &each) { return each.id == id; });
+    notifications.append({id, title, body});
+}
+
+DesktopLook SimulatedSession::look()
+{
+    return m_look;
+}
+
+void SimulatedSession::setListed(quint64 window, bool isListed)
+{
+    listed.insert(window, isListed);
+}
+
+void SimulatedSession::changeLook(const DesktopLook &look)
+{
+    m_look = look;
+    Q_EMIT lookChanged(look);
+}
+
 } // namespace corvane

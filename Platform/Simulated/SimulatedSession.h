@@ -2,6 +2,7 @@
 
 #include "Session.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QStringList>
 
@@ -13,18 +14,46 @@ class SimulatedSession final : public Session
     Q_OBJECT
 
 public:
+    struct Notification {
+        QString id;
+        QString title;
+        QString body;
+
+        bool operator==(const Notification &) const = default;
+    };
+
     bool openAddress(const QUrl &address) override;
+    void reveal(const QUrl &file) override;
     QUrl trustSettingsAddress() override;
     std::optional<int> clearTrustRow(const QString &bundleIdentifier) override;
     int systemMajorVersion() override;
+    LoginItem loginItem() override;
+    expected<void, QString> setLoginItem(bool opensAtLogin) override;
+    void openLoginItems() override;
+    void notify(const QString &id, const QString &title, const QString &body) override;
+    DesktopLook look() override;
+    void setListed(quint64 window, bool isListed) override;
+
+    /// As the user would in the desktop's settings.
+    void changeLook(const DesktopLook &look);
 
     bool opensAddresses = true;
     QUrl settingsAddress{QStringLiteral("help:window-access")};
     std::optional<int> clearingStatus{};
     int majorVersion = 0;
+    LoginItem item = LoginItem::absent;
+    LoginItem itemOnceSet = LoginItem::present;
+    QString loginItemError; ///< unless empty, the login item cannot be changed
 
     QList<QUrl> openedAddresses;
+    QList<QUrl> revealedFiles;
     QStringList clearedRows;
+    int loginItemsOpened = 0;
+    QList<Notification> notifications; ///< on the screen, oldest first
+    QHash<quint64, bool> listed; ///< by window
+
+private:
+    DesktopLook m_look;
 };
 
 } // namespace corvane

@@ -65,6 +65,11 @@ expected<void, QString> X11Applications::open(const QString &bundleIdentifier)
     return m_launcher.open(bundleIdentifier);
 }
 
+void X11Applications::quit(pid_t pid)
+{
+    kill(pid, SIGTERM);
+}
+
 void X11Applications::meet(const QList<WindowElement> &windows)
 {
     for (const WindowElement &window : windows) {

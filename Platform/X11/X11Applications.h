@@ -27,6 +27,7 @@ public:
 
     Installation installation(const QString &bundleIdentifier) override;
     expected<void, QString> open(const QString &bundleIdentifier) override;
+    void quit(pid_t pid) override;
 
 private:
     /// Watches one process for its end without polling (pidfd, Linux 5.3).

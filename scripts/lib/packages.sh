@@ -1,6 +1,7 @@
 # Sourced by the other scripts: installs the Debian packages that a task needs and that are missing.
 
-packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev libglib2.0-dev
+packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
+    qt6-l10n-tools qt6-tools-dev libglib2.0-dev
     libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xkb-dev libexpected-dev qcoro-qt6-dev"
 
 packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11-utils x11-xkb-utils
@@ -9,7 +10,7 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11
 
 packages_test="appstream desktop-file-utils git clang-format libgtest-dev libgmock-dev
     librapidcheck-dev xvfb xwayland fluxbox i3-wm icewm kwin-x11 marco
-    mate-settings-daemon-common metacity mutter sway xfwm4"
+    mate-settings-daemon-common metacity mutter sway xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
 
