@@ -52,9 +52,9 @@ AppDelegate::AppDelegate(Log log)
             this->log(report.line());
     };
     connect(&m_model, &AppModel::layoutsChanged, this, &AppDelegate::registerHotKeys);
-    connect(&m_model, &AppModel::layoutApplied, this, [this](const AppModel::LastApply &apply) {
+    connect(&m_model, &AppModel::lastApplyChanged, this, [this] {
         if (m_log == Log::verbose)
-            this->log(u"layout applied\n"_s + applyLines(apply.results));
+            this->log(u"layout applied\n"_s + applyLines(m_model.lastApply.value()->results));
     });
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
@@ -68,8 +68,8 @@ AppDelegate::AppDelegate(Log log)
 void AppDelegate::start()
 {
     Accessibility::setMessagingTimeout(messagingTimeout);
-    for (const StoreProblem &problem : m_model.problems())
-        std::fprintf(stderr, "%s\n", qUtf8Printable(sentence(problem)));
+    for (const AppModel::Notice &notice : m_model.notices())
+        std::fprintf(stderr, "%s\n", qUtf8Printable(notice.text));
     WindowWatcher::shared().onDiagnostic = [this](const QString &line) {
         FlightRecorder::shared().record(u"window-watcher"_s, line);
         log(line);

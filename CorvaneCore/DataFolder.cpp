@@ -24,4 +24,10 @@ const QString &dataFolder()
     return folder;
 }
 
+QString abbreviatedPath(const QString &path)
+{
+    const QString home = QDir::homePath();
+    return path == home || path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
+}
+
 } // namespace corvane

@@ -8,4 +8,7 @@ namespace corvane {
 /// Worked out once; it need not exist.
 [[nodiscard]] const QString &dataFolder();
 
+/// For the user's eyes: the home folder as "~".
+[[nodiscard]] QString abbreviatedPath(const QString &path);
+
 } // namespace corvane

@@ -1,24 +1,14 @@
 #include "StoreProblem.h"
 
+#include "DataFolder.h"
 #include "PrivateFile.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString abbreviated(const QString &path)
-{
-    const QString home = QDir::homePath();
-    return path == home || path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
-}
-
-} // namespace
 
 StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QDateTime &now)
 {
@@ -40,7 +30,7 @@ QString sentence(const StoreProblem &problem)
     if (!problem.kept)
         return text;
     const QFileInfo copy(problem.kept->toLocalFile());
-    return text + u" The old file is kept in "_s + abbreviated(copy.path()) + u" as "_s
+    return text + u" The old file is kept in "_s + abbreviatedPath(copy.path()) + u" as "_s
         + copy.fileName() + u'.';
 }
 

@@ -1,14 +1,9 @@
 #include "AppModel.h"
 
+#include "Accessibility.h"
+#include "DataFolder.h"
 #include "FlightRecorder.h"
-#include "Geometry.h"
-#include "Pause.h"
 #include "Platform.h"
-#include "Screens.h"
-
-#include <QtCore/QFileInfo>
-
-#include <algorithm>
 
 namespace corvane {
 
@@ -17,15 +12,24 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr Clock::Duration launchWait = 8s;
-constexpr Clock::Duration retryFor = 20s;
-// Some window managers move windows back after a display came, a while after they seem done.
-constexpr Clock::Duration secondLook = 500ms;
-constexpr double toleratedDrift = 4; // points
+// Most programs are gone by then.
+constexpr Clock::Duration timeToQuit = 1s;
 
-bool isPlaced(const PaneResult &result)
+void call(const std::function<void()> &callback)
 {
-    return std::holds_alternative<PaneStatus::Placed>(result.status.value);
+    if (callback)
+        callback();
+}
+
+void call(const std::function<void(bool)> &callback, bool value)
+{
+    if (callback)
+        callback(value);
+}
+
+QString saveFailedID()
+{
+    return u"save-failed"_s;
 }
 
 } // namespace
@@ -34,20 +38,28 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
     : m_store(std::move(store))
     , m_layoutStore(std::move(layoutStore))
     , m_activityLog(std::move(activityLog))
-    , m_layoutEngine(0)
+    , m_layoutApplier(m_activityLog)
 {
+    connect(this, &AppModel::recordingChanged, this, [this] {
+        if (recording.value())
+            recordingLayout = QUuid();
+        noteRecording();
+    });
+    connect(this, &AppModel::recordingLayoutChanged, this, [this] {
+        if (!recordingLayout.value().isNull())
+            recording = std::nullopt;
+        noteRecording();
+    });
     auto [settings, problem] = m_store.loadKeepingUnreadable();
     m_settings = std::move(settings);
     note(problem);
     loadLayouts();
-    m_layoutEngine.gap = m_settings.gap;
-    m_layoutEngine.onPlaced = [this](const AXWindow &window, const Rect &) {
-        if (const auto frame = window.frame())
-            m_placed << Placed{window, *frame};
-    };
-    m_layoutEngine.onDiagnostic = [](const QString &line) {
-        FlightRecorder::shared().record(u"layout"_s, line);
-    };
+    m_history.setSaved(m_layouts);
+    m_layoutApplier.engine().gap = m_settings.gap;
+    refreshTrust();
+    applyAppearance();
+    connect(
+        &Platform::current().session(), &Session::lookChanged, this, &AppModel::applyAppearance);
 }
 
 void AppModel::note(const std::optional<StoreProblem> &problem)
@@ -55,115 +67,133 @@ void AppModel::note(const std::optional<StoreProblem> &problem)
     if (!problem)
         return;
     FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
-    m_problems << *problem;
+    post({u"unreadable-"_s + problem->file, sentence(*problem), problem->kept});
 }
 
-void AppModel::loadLayouts()
+void AppModel::setSettings(Settings settings)
 {
-    m_layoutsStamp = layoutsStamp();
-    auto [layouts, problem] = m_layoutStore.loadKeepingUnreadable();
-    m_layouts = std::move(layouts);
-    note(problem);
-}
-
-AppModel::FileStamp AppModel::layoutsStamp() const
-{
-    const QFileInfo file(m_layoutStore.url().toLocalFile());
-    return {file.lastModified(), file.size()};
-}
-
-void AppModel::refreshLayouts()
-{
-    if (layoutsStamp() == m_layoutsStamp)
+    if (settings == m_settings)
         return;
-    loadLayouts();
-    Q_EMIT layoutsChanged();
+    QList<WindowLayout> layouts = m_layouts;
+    tell(settleShortcuts(settings.shortcuts, layouts));
+    const Settings old = std::exchange(m_settings, std::move(settings));
+    m_layoutApplier.engine().gap = m_settings.gap;
+    const bool isSaved =
+        save(m_store.url(), [this] { return m_store.save(m_settings); }).has_value();
+    Q_EMIT settingsChanged();
+    const bool layoutsLoseShortcuts = layouts != m_layouts;
+    static_cast<void>(setLayouts(std::move(layouts)));
+    if (m_settings.shortcuts != old.shortcuts && !layoutsLoseShortcuts)
+        call(onShortcutsChanged);
+    if (m_settings.launchAtLogin != old.launchAtLogin)
+        call(onLaunchAtLoginChanged, m_settings.launchAtLogin);
+    if (m_settings.showMenuBarIcon != old.showMenuBarIcon)
+        call(onMenuChanged);
+    if (m_settings.showInDock != old.showInDock)
+        call(onDockVisibilityChanged, m_settings.showInDock);
+    if (m_settings.appearance != old.appearance)
+        applyAppearance();
+    if (isSaved)
+        savedFlash = Platform::current().clock().date();
+    FlightRecorder::shared().record(
+        u"settings"_s, isSaved ? u"changed"_s : u"changed, not saved"_s);
 }
 
-std::optional<WindowLayout> AppModel::layout(const QString &nameOrID) const
+expected<void, QString> AppModel::save(
+    const QUrl &file, const std::function<expected<void, QString>()> &operation)
 {
-    auto found = std::ranges::find(m_layouts, QUuid(nameOrID), &WindowLayout::id);
-    if (found == m_layouts.end())
-        found = std::ranges::find(m_layouts, nameOrID, &WindowLayout::name);
-    return found == m_layouts.end() ? std::nullopt : std::optional(*found);
-}
-
-expected<WindowLayout, QString> AppModel::captureCurrentWindows(const QString &name)
-{
-    refreshLayouts();
-    const WindowLayout captured = m_layoutEngine.capture(uniqueName(name, m_layouts));
-    m_layouts << captured;
-    FlightRecorder::shared().record(u"layout"_s, u"captured %1 panes"_s.arg(captured.panes.size()));
-    Q_EMIT layoutsChanged();
-    const auto saved = m_layoutStore.save(m_layouts);
-    m_layoutsStamp = layoutsStamp();
-    if (!saved) {
-        FlightRecorder::shared().record(u"save-failed"_s, u"layouts.json: "_s + saved.error());
-        return unexpected<QString>(u"Corvane could not save to %1: %2"
-                                   " Changes work until Corvane quits."_s.arg(
-                                       m_layoutStore.url().toLocalFile(), saved.error()));
+    const auto saved = operation();
+    if (saved) {
+        dismissNotice(saveFailedID());
+        return {};
     }
-    return captured;
+    FlightRecorder::shared().record(saveFailedID(), file.fileName() + u": "_s + saved.error());
+    const QString text = tr("Corvane could not save to %1: %2 Changes work until Corvane quits.")
+                             .arg(abbreviatedPath(file.toLocalFile()), saved.error());
+    post({saveFailedID(), text, file});
+    return unexpected<QString>(text);
 }
 
-QCoro::Task<QList<PaneResult>> AppModel::apply(WindowLayout layout)
+void AppModel::completeOnboarding()
 {
-    m_placed.clear();
-    const QList<PaneResult> results = co_await m_layoutEngine.apply(layout, launchWait, retryFor);
-    writeDown(layout, results);
-    m_lastApply = LastApply{layout.id, results, Platform::current().clock().date()};
-    Q_EMIT layoutApplied(*m_lastApply);
-    co_return results;
+    Settings settings = m_settings;
+    settings.onboardingCompleted = true;
+    setSettings(settings);
 }
 
-void AppModel::applyOnConnect()
+void AppModel::replayTour()
 {
-    m_displayWatch.emplace();
-    connect(
-        &*m_displayWatch, &DisplayWatch::settled, this, [this](const QList<DisplayKey> &connected) {
-            refreshLayouts();
-            const auto found = std::ranges::find_if(m_layouts, [&](const WindowLayout &each) {
-                return each.applyOnConnect && each.matches(connected);
-            });
-            if (found != m_layouts.end())
-                restore(*found);
-        });
+    call(onReplayTour);
 }
 
-QCoro::Task<> AppModel::restore(WindowLayout layout)
+void AppModel::setAutomaticUpdateChecks(bool isOn)
 {
-    FlightRecorder::shared().record(u"layout"_s, u"its displays have connected"_s);
-    co_await apply(layout);
-    const Pause pause{secondLook};
-    co_await pause;
-    putBackWhatWasMoved();
+    if (automaticUpdateChecks.value() == isOn)
+        return;
+    automaticUpdateChecks = isOn;
+    call(onAutomaticUpdateChecksChanged, isOn);
 }
 
-void AppModel::putBackWhatWasMoved()
+void AppModel::post(const Notice &notice)
 {
-    for (const Placed &placed : std::as_const(m_placed)) {
-        const auto frame = placed.window.frame();
-        if (frame && !Geometry::approximatelyEqual(*frame, placed.frame, toleratedDrift))
-            static_cast<void>(placed.window.setFrame(placed.frame, std::nullopt, 0));
-    }
+    m_notices.removeIf([&notice](const Notice &each) { return each.id == notice.id; });
+    m_notices.append(notice);
+    FlightRecorder::shared().record(u"notice"_s, notice.text);
+    Q_EMIT noticesChanged();
+    call(onMenuChanged);
 }
 
-void AppModel::writeDown(const WindowLayout &layout, const QList<PaneResult> &results) const
+void AppModel::dismissNotice(const QString &id)
 {
-    const QDateTime now = Platform::current().clock().date();
-    const QList<ScreenInfo> screens = Screens::all();
-    for (const PaneResult &result : results) {
-        const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value);
-        if (!placed)
-            continue;
-        const auto screen = Screens::screenContaining(placed->frame, screens);
-        m_activityLog.append(
-            ActivityEntry::placedByLayout(layout.name, result.appName(), placed->windowTitle,
-                screen ? screen->name : QString(), placed->previous, placed->frame, now));
-    }
-    FlightRecorder::shared().record(u"layout"_s,
-        u"applied: %1 of %2 panes placed"_s.arg(std::ranges::count_if(results, isPlaced))
-            .arg(results.size()));
+    if (!m_notices.removeIf([&id](const Notice &each) { return each.id == id; }))
+        return;
+    Q_EMIT noticesChanged();
+    call(onMenuChanged);
+}
+
+void AppModel::applyAppearance()
+{
+    DesktopLook wanted = Platform::current().session().look();
+    const Appearance appearance = forcedAppearance.value_or(m_settings.appearance);
+    if (appearance != Appearance::matchMac)
+        wanted.isDark = appearance == Appearance::dark;
+    look = wanted;
+}
+
+void AppModel::refreshTrust()
+{
+    accessibilityTrusted = Accessibility::isTrusted();
+}
+
+void AppModel::refreshCompetitors()
+{
+    competitors = Competitor::running();
+}
+
+void AppModel::quit(const RunningApplication &competitor)
+{
+    FlightRecorder::shared().record(
+        u"competitor"_s, u"asked %1 to quit"_s.arg(competitor.localizedName));
+    Platform::current().applications().quit(competitor.pid);
+    Platform::current().clock().after(timeToQuit, this, [this] { refreshCompetitors(); });
+}
+
+void AppModel::refreshActivity()
+{
+    activity = m_activityLog.recent(activityShown);
+}
+
+void AppModel::endRecording()
+{
+    recording = std::nullopt;
+    recordingLayout = QUuid();
+}
+
+void AppModel::noteRecording()
+{
+    const bool isRecording = recording.value() || !recordingLayout.value().isNull();
+    if (std::exchange(m_wasRecording, isRecording) != isRecording)
+        call(onRecordingChanged, isRecording);
 }
 
 } // namespace corvane

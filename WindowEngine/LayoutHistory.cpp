@@ -44,11 +44,16 @@ std::optional<QString> LayoutHistory::redoTitle() const
     return lastTitle(m_redo);
 }
 
+void LayoutHistory::setSaved(const WindowLayout &layout)
+{
+    m_saved.insert(layout.id, layout);
+}
+
 void LayoutHistory::setSaved(const Layouts &layouts)
 {
     m_saved.clear();
     for (const WindowLayout &layout : layouts)
-        m_saved.insert(layout.id, layout);
+        setSaved(layout);
 }
 
 std::optional<WindowLayout> LayoutHistory::savedVersion(const QUuid &id) const

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] std::optional<QString> redoTitle() const;
 
     /// To these versions `revert` goes back.
+    void setSaved(const WindowLayout &layout);
     void setSaved(const Layouts &layouts);
     [[nodiscard]] std::optional<WindowLayout> savedVersion(const QUuid &id) const;
     /// Puts one layout back the way it was last saved, and records that. Absent when it is not in

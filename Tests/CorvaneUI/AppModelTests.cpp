@@ -86,15 +86,15 @@ TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
     AppModel model = desk.model();
     const WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
     int told = 0;
-    QObject::connect(&model, &AppModel::layoutApplied, &model, [&] { ++told; });
+    QObject::connect(&model, &AppModel::lastApplyChanged, &model, [&] { ++told; });
 
     const auto apply = model.apply(layout);
 
     ASSERT_TRUE(apply.isReady());
     EXPECT_EQ(desk.frame(), leftHalf);
     EXPECT_EQ(told, 1);
-    ASSERT_TRUE(model.lastApply());
-    EXPECT_EQ(model.lastApply()->layout, layout.id);
+    ASSERT_TRUE(model.lastApply.value());
+    EXPECT_EQ(model.lastApply.value()->layout, layout.id);
     const QList<ActivityEntry> history = ActivityLog(desk.folder.path()).recent(10);
     ASSERT_THAT(history, SizeIs(1));
     EXPECT_EQ(history.first().action, ActivityEntry::layoutAction);
@@ -133,7 +133,7 @@ TEST_F(AppModelTests, aNewApplyEndsOneThatStillWaits)
 
     EXPECT_TRUE(next.isReady());
     EXPECT_TRUE(waiting.isReady());
-    EXPECT_EQ(model.lastApply()->results.first().pane.app->name, u"Slow");
+    EXPECT_EQ(model.lastApply.value()->results.first().pane.app->name, u"Slow");
 }
 
 TEST_F(AppModelTests, aLayoutIsAppliedOnceItsDisplaysHaveConnected)
@@ -149,8 +149,8 @@ TEST_F(AppModelTests, aLayoutIsAppliedOnceItsDisplaysHaveConnected)
     AppModel model = desk.model();
     model.applyOnConnect();
     QList<QUuid> applied;
-    QObject::connect(&model, &AppModel::layoutApplied, &model,
-        [&](const AppModel::LastApply &apply) { applied << apply.layout; });
+    QObject::connect(&model, &AppModel::lastApplyChanged, &model,
+        [&] { applied << model.lastApply.value()->layout; });
 
     desk.settle(5s);
     EXPECT_THAT(applied, IsEmpty()) << "they were connected before";
@@ -209,7 +209,7 @@ RC_GTEST_PROP(AppModelPropertyTests, plugsAndUnplugsApplyOncePerBurst, ())
     AppModel model = desk.model();
     model.applyOnConnect();
     int applied = 0;
-    QObject::connect(&model, &AppModel::layoutApplied, &model, [&] { ++applied; });
+    QObject::connect(&model, &AppModel::lastApplyChanged, &model, [&] { ++applied; });
 
     bool isPlugged = true;
     int events = 0;

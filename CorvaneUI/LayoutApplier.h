@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ActivityLog.h"
+#include "LayoutEngine.h"
+
+namespace corvane {
+
+/// Puts windows back into layouts, looks again where that is called for, and writes down what was
+/// moved. Lives as long as the process.
+class LayoutApplier final
+{
+public:
+    explicit LayoutApplier(ActivityLog activityLog);
+
+    [[nodiscard]] LayoutEngine &engine() { return m_engine; }
+
+    /// Ends an apply that still waits for its apps.
+    [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(WindowLayout layout);
+    /// After displays came: puts back what the window manager has moved since the latest apply.
+    [[nodiscard]] QCoro::Task<> lookAgain();
+
+private:
+    struct Placed {
+        AXWindow window;
+        Rect frame;
+    };
+
+    void writeDown(const WindowLayout &layout, const QList<PaneResult> &results) const;
+
+    ActivityLog m_activityLog;
+    LayoutEngine m_engine;
+    QList<Placed> m_placed; ///< by the latest apply
+};
+
+} // namespace corvane
