@@ -121,7 +121,7 @@ std::optional<WindowLayout> AppModel::duplicateLayout(const QUuid &id)
     auto copy = layout(id);
     if (!copy)
         return std::nullopt;
-    const auto original = std::ranges::find(m_layouts, id, &WindowLayout::id);
+    const qsizetype original = m_layouts.indexOf(*copy);
     copy->id = QUuid::createUuid();
     copy->name = uniqueLayoutName(copy->name);
     copy->shortcut.reset();
@@ -130,7 +130,7 @@ std::optional<WindowLayout> AppModel::duplicateLayout(const QUuid &id)
     for (Pane &pane : copy->panes)
         pane.id = QUuid::createUuid();
     QList<WindowLayout> layouts = m_layouts;
-    layouts.insert(std::distance(m_layouts.begin(), original) + 1, *copy);
+    layouts.insert(original + 1, *copy);
     m_history.setSaved(*copy);
     static_cast<void>(perform(tr("Duplicate Layout"), std::move(layouts)));
     return copy;
