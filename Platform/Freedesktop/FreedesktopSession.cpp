@@ -1,5 +1,9 @@
 #include "FreedesktopSession.h"
 
+#include "AutostartEntry.h"
+#include "BusCall.h"
+#include "Spawn.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStandardPaths>
 
@@ -8,6 +12,23 @@
 namespace corvane::freedesktop {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+AutostartEntry autostartEntry()
+{
+    const QString settings =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return {settings + u"/autostart"_s, QCoreApplication::applicationFilePath()};
+}
+
+} // namespace
+
+FreedesktopSession::FreedesktopSession(const QDBusConnection &bus)
+    : m_bus(bus), m_notifications(bus), m_appearance(bus)
+{
+    connect(&m_appearance, &Appearance::changed, this, &Session::lookChanged);
+}
 
 bool FreedesktopSession::openAddress(const QUrl &address)
 {
@@ -35,26 +56,44 @@ int FreedesktopSession::systemMajorVersion()
 
 void FreedesktopSession::reveal(const QUrl &file)
 {
-    openAddress(file.adjusted(QUrl::RemoveFilename));
+    const QString service = u"org.freedesktop.FileManager1"_s;
+    auto call = QDBusMessage::createMethodCall(
+        service, u"/org/freedesktop/FileManager1"_s, service, u"ShowItems"_s);
+    call << QStringList{file.toString(QUrl::FullyEncoded)} << QString();
+    const auto openFolder = [this, file] { openAddress(file.adjusted(QUrl::RemoveFilename)); };
+    const auto onAnswer = [openFolder](const QDBusMessage &answer) {
+        if (answer.type() == QDBusMessage::ErrorMessage && !mayStillCome(answer))
+            openFolder();
+    };
+    if (!callLater(m_bus, call, startPatience, this, onAnswer))
+        openFolder();
 }
 
 LoginItem FreedesktopSession::loginItem()
 {
-    return LoginItem::absent;
+    return autostartEntry().state();
 }
 
-expected<void, QString> FreedesktopSession::setLoginItem(bool)
+expected<void, QString> FreedesktopSession::setLoginItem(bool opensAtLogin)
 {
-    return unexpected<QString>(u"This desktop is not asked yet."_s);
+    return opensAtLogin ? autostartEntry().add() : autostartEntry().remove();
 }
 
-void FreedesktopSession::openLoginItems() { }
+void FreedesktopSession::openLoginItems()
+{
+    const QByteArrayList command = autostartSettings(qgetenv("XDG_CURRENT_DESKTOP").split(':'));
+    if (command.isEmpty() || !spawn(command, {}).isEmpty())
+        reveal(QUrl::fromLocalFile(autostartEntry().path()));
+}
 
-void FreedesktopSession::notify(const QString &, const QString &, const QString &) { }
+void FreedesktopSession::notify(const QString &id, const QString &title, const QString &body)
+{
+    m_notifications.show(id, title, body);
+}
 
 DesktopLook FreedesktopSession::look()
 {
-    return {};
+    return m_appearance.look();
 }
 
 void FreedesktopSession::setListed(quint64, bool) { }

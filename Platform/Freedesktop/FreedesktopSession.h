@@ -1,14 +1,18 @@
 #pragma once
 
-#include "Session.h"
+#include "Appearance.h"
+#include "Notifications.h"
 
 namespace corvane::freedesktop {
 
-class FreedesktopSession final : public Session
+/// Without a session bus nothing is notified, and the look stays light.
+class FreedesktopSession : public Session
 {
     Q_OBJECT
 
 public:
+    explicit FreedesktopSession(const QDBusConnection &bus = QDBusConnection::sessionBus());
+
     bool openAddress(const QUrl &address) override;
     /// A local help page: no desktop has a settings pane for this.
     QUrl trustSettingsAddress() override;
@@ -20,7 +24,13 @@ public:
     void openLoginItems() override;
     void notify(const QString &id, const QString &title, const QString &body) override;
     DesktopLook look() override;
+    /// Nothing, as Wayland compositors let no window choose.
     void setListed(quint64 window, bool isListed) override;
+
+private:
+    QDBusConnection m_bus;
+    Notifications m_notifications;
+    Appearance m_appearance;
 };
 
 } // namespace corvane::freedesktop

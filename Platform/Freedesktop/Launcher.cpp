@@ -1,13 +1,10 @@
 #include "Launcher.h"
 
+#include "BusCall.h"
 #include "CommandLines.h"
 #include "Spawn.h"
 
 #include <QtCore/QDebug>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
 
 namespace corvane::freedesktop {
 
@@ -16,13 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int activationTimeout = 5000; // ms
-
-/// The application may be at work, slowly: a second start would open it twice.
-bool mayStillCome(const QDBusError &error)
-{
-    using enum QDBusError::ErrorType;
-    return error.type() == NoReply || error.type() == Timeout || error.type() == TimedOut;
-}
 
 QString objectPath(const QString &id)
 {
@@ -46,21 +36,18 @@ expected<void, QString> Launcher::open(const QString &id)
 
 bool Launcher::activate(const DesktopEntry &entry)
 {
-    auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !entry.id.contains(u'.'))
+    if (!entry.id.contains(u'.'))
         return false;
     auto call = QDBusMessage::createMethodCall(
         entry.id, objectPath(entry.id), u"org.freedesktop.Application"_s, u"Activate"_s);
     call << QVariantMap{{u"desktop-startup-id"_s, QString::fromLatin1(quietStartupId())}};
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, activationTimeout), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, entry] {
-        watcher->deleteLater();
-        if (!watcher->isError() || mayStillCome(watcher->error()))
+    const auto onAnswer = [this, entry](const QDBusMessage &answer) {
+        if (answer.type() != QDBusMessage::ErrorMessage || mayStillCome(answer))
             return;
         if (const auto started = start(entry); !started)
             qWarning("Corvane: %s", qUtf8Printable(started.error()));
-    });
-    return true;
+    };
+    return callLater(QDBusConnection::sessionBus(), call, activationTimeout, this, onAnswer);
 }
 
 expected<void, QString> Launcher::start(const DesktopEntry &entry)

@@ -22,6 +22,10 @@ namespace corvane::x11 {
 inline constexpr xcb_window_t noWindow = XCB_WINDOW_NONE;
 inline constexpr xcb_atom_t noAtom = XCB_ATOM_NONE;
 
+/// Who asks, in those messages to the window manager that say so.
+inline constexpr quint32 fromApplication = 1;
+inline constexpr quint32 fromPager = 2;
+
 struct FreeDeleter {
     void operator()(void *memory) const { std::free(memory); }
 };

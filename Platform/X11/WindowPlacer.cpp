@@ -14,7 +14,6 @@ constexpr auto softLimit = 250ms; ///< after which the geometry itself decides w
 constexpr auto clientWait =
     250ms; ///< toolkits restore their shadow this long after a state is gone
 
-constexpr quint32 fromPager = 2;
 constexpr int mostRounds = 16;
 // What a fence takes for its answer may be the answer to what was asked before.
 constexpr int mostFences = 4;

@@ -67,7 +67,19 @@ expected<void, QString> X11Applications::open(const QString &bundleIdentifier)
 
 void X11Applications::quit(pid_t pid)
 {
-    kill(pid, SIGTERM);
+    if (!m_processes.contains(pid))
+        return;
+    bool isAsked = false;
+    for (const xcb_window_t window : m_registry.frontToBack()) {
+        if (m_registry.known().value(window).pid != pid)
+            continue;
+        m_connection.sendToRoot(
+            window, Atom::netCloseWindow, {XCB_CURRENT_TIME, fromPager, 0, 0, 0});
+        isAsked = true;
+    }
+    xcb_flush(m_connection.xcb());
+    if (!isAsked)
+        kill(pid, SIGTERM);
 }
 
 void X11Applications::meet(const QList<WindowElement> &windows)

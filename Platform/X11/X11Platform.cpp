@@ -1,11 +1,11 @@
 #include "X11Platform.h"
 
-#include "FreedesktopSession.h"
 #include "Platform.h"
 #include "SystemClock.h"
 #include "X11Applications.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
+#include "X11Session.h"
 #include "X11WindowAccess.h"
 
 #include <QtCore/QCoreApplication>
@@ -48,6 +48,7 @@ public:
     explicit X11Platform(std::unique_ptr<Connection> connection)
         : m_connection(std::move(connection))
         , m_obstacle(isInsideWayland(*m_connection) ? waylandSentence() : QString())
+        , m_session(*m_connection)
         , m_windowManager(*m_connection)
         , m_registry(*m_connection)
         , m_applications(*m_connection, m_registry)
@@ -68,7 +69,7 @@ private:
     std::unique_ptr<Connection> m_connection;
     QString m_obstacle;
     SystemClock m_clock;
-    freedesktop::FreedesktopSession m_session;
+    X11Session m_session;
     WindowManagerLink m_windowManager;
     WindowRegistry m_registry;
     // Before the windows, so that an application is announced before its first window.

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 fromPager = 2;
-
 bool canBePlaced(const WindowSnapshot &window)
 {
     return window.kind != WindowKind::panel && window.kind != WindowKind::desktop;

@@ -1,0 +1,29 @@
+#include "BusCall.h"
+
+#include <QtDBus/QDBusError>
+#include <QtDBus/QDBusPendingCallWatcher>
+
+namespace corvane::freedesktop {
+
+bool callLater(const QDBusConnection &bus, const QDBusMessage &call, int timeout, QObject *context,
+    std::function<void(const QDBusMessage &answer)> onAnswer)
+{
+    if (!bus.isConnected())
+        return false;
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, timeout), context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
+        [watcher, onAnswer = std::move(onAnswer)] {
+            watcher->deleteLater();
+            onAnswer(watcher->reply());
+        });
+    return true;
+}
+
+bool mayStillCome(const QDBusMessage &answer)
+{
+    using enum QDBusError::ErrorType;
+    const auto type = QDBusError(answer).type();
+    return type == NoReply || type == Timeout || type == TimedOut;
+}
+
+} // namespace corvane::freedesktop
