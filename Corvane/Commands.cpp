@@ -62,9 +62,4 @@ QCoro::Task<CommandResult> Commands::apply(QString nameOrID, bool asJson)
     co_return applyResult(*layout, results, asJson);
 }
 
-CommandResult failure(int status, const QString &sentence)
-{
-    return {status, {}, u"corvane: "_s + sentence + u'\n'};
-}
-
 } // namespace corvane

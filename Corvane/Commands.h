@@ -2,6 +2,7 @@
 
 #include "AppModel.h"
 #include "CommandLine.h"
+#include "CommandResult.h"
 #include "Mover.h"
 
 namespace corvane {
@@ -22,8 +23,5 @@ private:
     AppModel &m_model;
     Mover &m_mover;
 };
-
-/// One sentence on standard error.
-[[nodiscard]] CommandResult failure(int status, const QString &sentence);
 
 } // namespace corvane

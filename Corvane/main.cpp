@@ -19,6 +19,7 @@ namespace {
 int finish(const CommandResult &result)
 {
     std::fputs(qUtf8Printable(result.output), stdout);
+    std::fflush(stdout);
     std::fputs(qUtf8Printable(result.error), stderr);
     return result.status;
 }
@@ -31,6 +32,12 @@ QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments)
         co_return failure(CommandResult::misused, line.error());
     const CommandResult result = co_await commands.run(*line);
     co_return result;
+}
+
+/// What the first start was asked, besides staying.
+QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
+{
+    finish(co_await commands.run(line));
 }
 
 int runOnce(const CommandLine &line)
@@ -83,6 +90,8 @@ int stay(const QStringList &arguments, const CommandLine &line)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
     delegate.start();
+    if (line.isCommand() || line.asksForScreens())
+        runAtStart(delegate.commands(), line);
     return QCoreApplication::exec();
 }
 
@@ -94,7 +103,8 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
     QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const QStringList arguments =
+        CommandLine::withAbsolutePaths(QCoreApplication::arguments().mid(1));
     const auto line = CommandLine::parse(arguments);
     if (!line)
         return finish(failure(CommandResult::misused, line.error()));
@@ -102,6 +112,6 @@ int main(int argc, char **argv)
         return finish(*result);
     if (const auto result = Instance::handOver(arguments))
         return finish(*result);
-    const bool isCommand = line->place || line->capture || line->applyLayout || line->layouts;
-    return isCommand ? runOnce(*line) : stay(arguments, *line);
+    const bool isDoneAtOnce = line->isCommand() && !line->asksForScreens();
+    return isDoneAtOnce ? runOnce(*line) : stay(arguments, *line);
 }
