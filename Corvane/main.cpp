@@ -4,6 +4,8 @@
 #include "FlightRecorder.h"
 #include "HistoryReport.h"
 #include "Instance.h"
+#include "LegacyIdentity.h"
+#include "UserDefaults.h"
 
 #include <qcorotask.h>
 #include <QtCore/QCoreApplication>
@@ -89,6 +91,8 @@ int stay(const QStringList &arguments, const CommandLine &line)
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
+    UserDefaults::prepare();
+    LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
     if (line.isCommand() || line.asksForScreens())
         runAtStart(delegate.commands(), line);

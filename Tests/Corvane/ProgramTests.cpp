@@ -55,6 +55,8 @@ protected:
         environment.insert(
             u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + folder.filePath(u"none"_s));
         environment.insert(u"XDG_DATA_HOME"_s, folder.filePath(u"data"_s));
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         environment.remove(u"DISPLAY"_s);
         describe(desk);
     }
@@ -392,7 +394,7 @@ TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
     const QJsonObject values = QJsonDocument::fromJson(snapshot.readAll()).object();
     EXPECT_EQ(values[u"accessibilityTrusted"_s], true);
     EXPECT_EQ(values[u"displays"_s][0][u"name"_s], u"Built-in"_s);
-    EXPECT_EQ(values[u"recentEvents"_s][0][u"kind"_s], u"hotkeys"_s);
+    EXPECT_EQ(values[u"recentEvents"_s][1][u"kind"_s], u"hotkeys"_s);
     resident->terminate();
     EXPECT_TRUE(resident->waitForFinished());
 }
