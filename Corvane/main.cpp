@@ -1,4 +1,5 @@
 #include "AppDelegate.h"
+#include "Catalogues.h"
 #include "CommandLine.h"
 #include "DesktopChoice.h"
 #include "FlightRecorder.h"
@@ -107,6 +108,7 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
     QCoreApplication application(argc, argv);
+    const Catalogues catalogues;
     const QStringList arguments =
         CommandLine::withAbsolutePaths(QCoreApplication::arguments().mid(1));
     const auto line = CommandLine::parse(arguments);

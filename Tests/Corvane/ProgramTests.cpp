@@ -430,7 +430,7 @@ TEST_F(ProgramTests, aLayoutWithAPaneThatFoundNoWindowSaysWhichAndExitsWithOne)
     const Result applied = run({u"--apply-layout"_s, u"Work"_s});
 
     EXPECT_EQ(applied.status, 1);
-    EXPECT_EQ(applied.output, "Editor: is not installed on this Mac\n");
+    EXPECT_EQ(applied.output, "Editor: is not installed on this computer\n");
 }
 
 TEST_F(ProgramTests, theRunningInstanceAppliesLayoutsAndAnswersWhenItIsDone)
