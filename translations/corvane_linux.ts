@@ -2,6 +2,36 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Accessibility</name>
+    <message>
+        <source>Device Control and Data Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Moving Windows</translation>
+    </message>
+</context>
+<context>
+    <name>ActivityEntry</name>
+    <message>
+        <source>An app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in full screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>did not answer (it may be busy)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>would not let its window move</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Appearance</name>
     <message>
         <source>Match Mac</source>
@@ -107,6 +137,10 @@
     <message>
         <source>is running but has no window to place</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accessibility not granted</source>
+        <translation>windows cannot be moved now</translation>
     </message>
 </context>
 <context>
@@ -257,6 +291,21 @@
     </message>
 </context>
 <context>
+    <name>StoreProblem</name>
+    <message>
+        <source>Corvane could not read some of your layouts in %1, so it used defaults for them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your settings in %1, so it used defaults for them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The old file is kept in %1 as %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>StoredJson</name>
     <message>
         <source>It is not JSON from its byte %1 on: %2.</source>
@@ -275,6 +324,57 @@
     <name>WindowLayout</name>
     <message>
         <source>No displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppModel</name>
+    <message>
+        <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of the File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the “%1” layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>untitled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 belongs to %2, so %3 has no shortcut now.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -51,7 +51,7 @@ bool namesTheMac(const QString &text)
 {
     static const QRegularExpression macWords(
         u"\\bMacs?\\b|macOS|\\bFinder\\b|\\bDock\\b|\\bLogin Items\\b|\\bSystem Settings\\b"
-        "|\\bAccessibility\\b|\\bmenu bar\\b|\\bApplications folder\\b|\\bPrivacy & Security\\b"_s);
+        "|\\b[Aa]ccessibility\\b|\\bmenu bar\\b|\\bApplications folder\\b|\\bPrivacy & Security\\b"_s);
     return text.contains(macWords);
 }
 
