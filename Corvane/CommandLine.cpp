@@ -1,7 +1,10 @@
 #include "CommandLine.h"
 
-#include <algorithm>
-#include <array>
+#include "Address.h"
+#include "FlagTable.h"
+#include "Wording.h"
+
+#include <QtCore/QDir>
 
 namespace corvane {
 
@@ -9,114 +12,92 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct FlagRow {
-    QLatin1StringView name;
-    QLatin1StringView value;
-    QLatin1StringView help;
-};
-
-constexpr std::array flagTable{
-    FlagRow{"--place"_L1, "PLACEMENT"_L1, "place the focused window and say what happened"_L1},
-    FlagRow{"--capture"_L1, "[NAME]"_L1, "save the windows as they stand as a new layout"_L1},
-    FlagRow{"--apply-layout"_L1, "NAME"_L1, "put the windows back into a layout, by name or id"_L1},
-    FlagRow{"--layouts"_L1, ""_L1, "list the layouts; * marks those for these displays"_L1},
-    FlagRow{"--history"_L1, "[N]"_L1, "show the newest moves, 20 unless told"_L1},
-    FlagRow{"--json"_L1, ""_L1, "with all of the above: answer in JSON, in one line"_L1},
-    FlagRow{"--print-settings"_L1, ""_L1, "show the settings in force, as JSON"_L1},
-    FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1},
-    FlagRow{"--help"_L1, ""_L1, "show this text"_L1},
-    FlagRow{"--version"_L1, ""_L1, "show the version"_L1},
-};
-
-/// The flags that are on or off.
-constexpr std::array switchTable{
-    std::pair{"--layouts"_L1, &CommandLine::layouts},
-    std::pair{"--print-settings"_L1, &CommandLine::printSettings},
-    std::pair{"--json"_L1, &CommandLine::json},
-    std::pair{"--verbose"_L1, &CommandLine::verbose},
-    std::pair{"--help"_L1, &CommandLine::help},
-    std::pair{"--version"_L1, &CommandLine::version},
-};
-
-QString placementNames()
-{
-    QStringList names;
-    for (const Placement placement : allPlacements())
-        names << rawValue(placement);
-    return names.join(u", "_s);
-}
-
-QString flagNames()
-{
-    QStringList names;
-    for (const FlagRow &row : flagTable)
-        names << row.name;
-    return names.join(u", "_s);
-}
-
 unexpected<QString> noSuchFlag(const QString &argument)
 {
-    return unexpected<QString>(
-        u"There is no flag \"%1\"; the flags are: %2."_s.arg(argument, flagNames()));
+    QStringList names;
+    for (const FlagRow &row : commandFlags())
+        names << row.name;
+    for (const FlagRow &row : screenFlags())
+        names << row.name;
+    return unexpected<QString>(u"There is no flag \"%1\"; the flags are: %2."_s.arg(
+        oneLine(argument), names.join(u", "_s)));
 }
 
-QString usualLayoutName()
+/// What no flag has taken.
+expected<void, QString> readBare(CommandLine &line, const QString &argument)
 {
-    return u"Layout"_s;
+    if (Address::isOurs(argument))
+        return Address::pane(argument).map(
+            [&line](SettingsPane pane) { line.screens.pane = pane; });
+    if (line.history && flagNamed(u"--history"_s)->set(line, argument))
+        return {};
+    return noSuchFlag(argument);
 }
 
-std::optional<int> count(const QString &argument)
+expected<void, QString> readFlag(CommandLine &line, const FlagRow &row, const QString &value)
 {
-    bool isNumber = false;
-    const int number = argument.toInt(&isNumber);
-    return isNumber && number > 0 ? std::optional(number) : std::nullopt;
+    if (row.set(line, value))
+        return {};
+    const QString problem = value.isEmpty()
+        ? u"%1 needs a value; %2."_s.arg(row.name, row.offer())
+        : u"%1 knows no \"%2\"; %3."_s.arg(row.name, oneLine(value), row.offer());
+    return unexpected<QString>(problem);
+}
+
+QString helpRows(std::span<const FlagRow> table, int width)
+{
+    QString text;
+    for (const FlagRow &row : table)
+        text += u"  %1  %2\n"_s.arg(row.name + u' ' + row.value, -width).arg(row.help);
+    return text;
 }
 
 } // namespace
 
+bool CommandLine::isCommand() const
+{
+    return place || capture || applyLayout || layouts || quitCompetitors || renderStatusIcon;
+}
+
 expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
 {
     CommandLine line;
-    for (auto at = arguments.cbegin(); at != arguments.cend(); ++at) {
-        const auto *const onOff =
-            std::ranges::find(switchTable, *at, [](const auto &row) { return QString(row.first); });
-        if (onOff != switchTable.end()) {
-            line.*onOff->second = true;
-        } else if (*at == "--place"_L1) {
-            const QString name = std::next(at) == arguments.cend() ? QString() : *++at;
-            line.place = placementNamed(name);
-            if (!line.place)
-                return unexpected<QString>(
-                    u"There is no placement \"%1\"; the placements are: %2."_s.arg(
-                        name, placementNames()));
-        } else if (*at == "--capture"_L1) {
-            const bool isNamed =
-                std::next(at) != arguments.cend() && !std::next(at)->startsWith(u"--");
-            line.capture = isNamed ? *++at : usualLayoutName();
-        } else if (*at == "--apply-layout"_L1) {
-            if (std::next(at) == arguments.cend())
-                return unexpected<QString>(
-                    u"--apply-layout needs a layout's name; corvane --layouts lists them."_s);
-            line.applyLayout = *++at;
-        } else if (*at == "--history"_L1) {
-            line.history = line.history.value_or(usualHistory);
-        } else if (const auto number = count(*at); number && line.history) {
-            line.history = number;
-        } else {
-            return noSuchFlag(*at);
+    for (qsizetype at = 0; at < arguments.size(); ++at) {
+        const FlagRow *row = flagNamed(arguments[at]);
+        if (!row) {
+            if (const auto read = readBare(line, arguments[at]); !read)
+                return unexpected<QString>(read.error());
+            continue;
         }
+        const bool hasValue = !row->value.isEmpty() && at + 1 < arguments.size()
+            && !arguments[at + 1].startsWith("--"_L1);
+        if (const auto read = readFlag(line, *row, hasValue ? arguments[++at] : QString()); !read)
+            return unexpected<QString>(read.error());
     }
     return line;
 }
 
+QStringList CommandLine::withAbsolutePaths(QStringList arguments)
+{
+    for (qsizetype at = 1; at < arguments.size(); ++at) {
+        const FlagRow *row = flagNamed(arguments[at - 1]);
+        if (row && row->value == "FILE"_L1 && !arguments[at].isEmpty())
+            arguments[at] = QDir::current().absoluteFilePath(arguments[at]);
+    }
+    return arguments;
+}
+
 QString CommandLine::helpText()
 {
-    QString text = u"Usage: corvane [flags]\n\n"
+    constexpr int commandWidth = 25;
+    constexpr int screenWidth = 34;
+    QString text = u"Usage: corvane [flags] [address]\n\n"
                    "Puts the focused window exactly where you want it, on a key press. Started\n"
-                   "with no flag but --verbose it stays, unless it runs already, and listens for\n"
-                   "its shortcuts.\n\n"_s;
-    for (const FlagRow &row : flagTable)
-        text += u"  %1  %2\n"_s.arg(row.name + u' ' + row.value, -20).arg(row.help);
+                   "with no flag but --verbose it stays and listens for its shortcuts; if it runs\n"
+                   "already, it opens its settings.\n\n"_s;
+    text += helpRows(commandFlags(), commandWidth);
+    text += u"\nWhat the running program shows; with none running, it starts and stays:\n"_s;
+    text += helpRows(screenFlags(), screenWidth);
     text += u"\nPlacements:\n"_s;
     for (const PlacementGroup group : placementGroups()) {
         QStringList names;
@@ -124,6 +105,11 @@ QString CommandLine::helpText()
             names << rawValue(placement);
         text += u"  %1  %2\n"_s.arg(title(group), -9).arg(names.join(u' '));
     }
+    text += u"\nPanes:\n  "_s;
+    for (const SettingsPane pane : settingsPanes)
+        text += rawValue(pane) + u' ';
+    text.back() = u'\n';
+    text += u"The address corvane://settings/PANE opens one, too.\n"_s;
     text +=
         u"\nExit status: 0 when the window moved, 1 when it did not, 2 for a flag or a placement "
         "that does not exist.\n"_s;

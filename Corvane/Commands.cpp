@@ -2,27 +2,30 @@
 
 #include "LayoutReport.h"
 #include "Platform.h"
+#include "ScreenRequests.h"
 #include "Screens.h"
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString names(const QList<WindowLayout> &layouts)
-{
-    QStringList names;
-    for (const WindowLayout &layout : layouts)
-        names << layout.name;
-    return names.join(u", "_s);
-}
-
-} // namespace
-
 QCoro::Task<CommandResult> Commands::run(CommandLine line)
 {
     m_model.refreshLayouts();
+    CommandResult result;
+    if (line.isCommand()) {
+        result = co_await perform(line);
+    } else if (!line.asksForScreens()) {
+        line.screens.openSettings = true;
+        result.output = u"Corvane is running already.\n"_s;
+    }
+    if (line.asksForScreens())
+        result += show(line.screens);
+    co_return result;
+}
+
+QCoro::Task<CommandResult> Commands::perform(CommandLine line)
+{
     if (line.place)
         co_return m_mover.perform(*line.place).result(line.json);
     if (line.capture)
@@ -34,7 +37,7 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
     if (line.layouts)
         co_return CommandResult{CommandResult::done,
             layoutList(m_model.layouts(), Screens::signature(), line.json), {}};
-    co_return CommandResult{CommandResult::done, u"Corvane is running already.\n"_s, {}};
+    co_return line.quitCompetitors ? quitCompetitors() : renderStatusIcon(*line.renderStatusIcon);
 }
 
 CommandResult Commands::capture(const QString &name, bool asJson)
@@ -51,20 +54,41 @@ CommandResult Commands::capture(const QString &name, bool asJson)
 QCoro::Task<CommandResult> Commands::apply(QString nameOrID, bool asJson)
 {
     const auto layout = m_model.layout(nameOrID);
-    if (!layout) {
-        const QString known = m_model.layouts().isEmpty()
-            ? u"none has been saved yet"_s
-            : u"the layouts are: "_s + names(m_model.layouts());
-        co_return failure(
-            CommandResult::misused, u"There is no layout \"%1\"; %2."_s.arg(nameOrID, known));
-    }
+    if (!layout)
+        co_return failure(CommandResult::misused, noSuchLayout(nameOrID, m_model.layouts()));
     const QList<PaneResult> results = co_await m_model.apply(*layout);
     co_return applyResult(*layout, results, asJson);
 }
 
-CommandResult failure(int status, const QString &sentence)
+CommandResult Commands::quitCompetitors()
 {
-    return {status, {}, u"corvane: "_s + sentence + u'\n'};
+    m_model.refreshCompetitors();
+    CommandResult result;
+    for (const Competitor::Running &each : m_model.competitors.value()) {
+        m_model.quit(each.application);
+        result.output += u"Asked %1 to quit.\n"_s.arg(each.competitor.name);
+    }
+    if (result.output.isEmpty())
+        result.output = u"No other window manager is running.\n"_s;
+    return result;
+}
+
+CommandResult Commands::renderStatusIcon(const QString &path)
+{
+    if (!onRenderStatusIcon)
+        return later(u"status icon"_s);
+    const auto drawn = onRenderStatusIcon(path);
+    return drawn ? CommandResult{} : failure(CommandResult::refused, drawn.error());
+}
+
+CommandResult Commands::show(const ScreenFlags &flags)
+{
+    CommandResult result = ScreenRequests::show(flags, m_model);
+    if (flags.popMenu && onPopMenu)
+        onPopMenu();
+    else if (flags.popMenu)
+        result += later(u"menu in the panel"_s);
+    return result;
 }
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include "AppModel.h"
 #include "CommandLine.h"
+#include "CommandResult.h"
 #include "Mover.h"
 
 namespace corvane {
@@ -13,17 +14,24 @@ class Commands final
 public:
     Commands(AppModel &model, Mover &mover) : m_model(model), m_mover(mover) { }
 
+    std::function<void()> onPopMenu; ///< opens the menu of the icon in the panel
+    /// Draws that icon to a file. The error is one sentence.
+    std::function<expected<void, QString>(const QString &path)> onRenderStatusIcon;
+
+    /// One that asks for nothing opens the settings.
     [[nodiscard]] QCoro::Task<CommandResult> run(CommandLine line);
 
 private:
+    [[nodiscard]] QCoro::Task<CommandResult> perform(CommandLine line);
     [[nodiscard]] CommandResult capture(const QString &name, bool asJson);
     [[nodiscard]] QCoro::Task<CommandResult> apply(QString nameOrID, bool asJson);
+
+    [[nodiscard]] CommandResult quitCompetitors();
+    [[nodiscard]] CommandResult renderStatusIcon(const QString &path);
+    [[nodiscard]] CommandResult show(const ScreenFlags &flags);
 
     AppModel &m_model;
     Mover &m_mover;
 };
-
-/// One sentence on standard error.
-[[nodiscard]] CommandResult failure(int status, const QString &sentence);
 
 } // namespace corvane

@@ -1,5 +1,8 @@
 #include "InstanceService.h"
 
+#include "Address.h"
+#include "Placement.h"
+
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusError>
 
@@ -20,6 +23,12 @@ QStringList actionArguments(const QString &action, const QVariantList &parameter
     if (placementNamed(action))
         return {u"--place"_s, action};
     return {};
+}
+
+void refuse(const QDBusMessage &call, const QString &sentence)
+{
+    call.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(call.createErrorReply(QDBusError::InvalidArgs, sentence));
 }
 
 } // namespace
@@ -54,9 +63,15 @@ void ApplicationService::Activate(const QVariantMap &)
     m_run({});
 }
 
-void ApplicationService::Open(const QStringList &, const QVariantMap &)
+void ApplicationService::Open(
+    const QStringList &uris, const QVariantMap &, const QDBusMessage &call)
 {
-    m_run({});
+    for (const QString &uri : uris) {
+        // Nothing but an address may come this way: a flag would be a command.
+        if (const auto pane = Address::pane(uri); !pane)
+            return refuse(call, pane.error());
+        m_run({uri});
+    }
 }
 
 void ApplicationService::ActivateAction(const QString &action, const QVariantList &parameter,
@@ -66,9 +81,7 @@ void ApplicationService::ActivateAction(const QString &action, const QVariantLis
         m_run(arguments);
         return;
     }
-    call.setDelayedReply(true);
-    QDBusConnection::sessionBus().send(call.createErrorReply(
-        QDBusError::InvalidArgs, u"There is no action \"%1\"."_s.arg(action)));
+    refuse(call, u"There is no action \"%1\"."_s.arg(action));
 }
 
 } // namespace corvane

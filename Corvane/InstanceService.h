@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandLine.h"
+#include "CommandResult.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QVariantMap>
@@ -46,7 +46,8 @@ public:
 
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
-    void Open(const QStringList &uris, const QVariantMap &platformData);
+    /// Shows what the first addresses ask for, up to one that does not exist.
+    void Open(const QStringList &uris, const QVariantMap &platformData, const QDBusMessage &call);
     /// The actions are "capture", every placement's name, and "place", which takes such a name.
     void ActivateAction(const QString &action, const QVariantList &parameter,
         const QVariantMap &platformData, const QDBusMessage &call);

@@ -73,6 +73,16 @@ QString layoutList(
     return textTable(rows) + u"* its displays are the ones connected now\n"_s;
 }
 
+QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts)
+{
+    QStringList names;
+    for (const WindowLayout &layout : layouts)
+        names << layout.name;
+    const QString known = names.isEmpty() ? u"none has been saved yet"_s
+                                          : u"the layouts are: "_s + names.join(u", "_s);
+    return u"There is no layout \"%1\"; %2."_s.arg(nameOrID, known);
+}
+
 QString captureText(const WindowLayout &layout, bool asJson)
 {
     if (asJson)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandLine.h"
+#include "CommandResult.h"
 #include "PaneResult.h"
 #include "WindowLayout.h"
 
@@ -10,6 +10,8 @@ namespace corvane {
 /// A table, those whose displays are the connected ones marked, or one JSON array.
 [[nodiscard]] QString layoutList(
     const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, bool asJson);
+/// One sentence that names those that exist.
+[[nodiscard]] QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts);
 /// One sentence, or the layout as one JSON object.
 [[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
 /// A line per pane.

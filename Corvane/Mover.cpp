@@ -4,6 +4,8 @@
 #include "Platform.h"
 #include "Screens.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -59,8 +61,9 @@ void Mover::writeDown(const OutcomeReport &report) const
     }
     if (const auto *refused = std::get_if<MoveOutcome::Refused>(&outcome.value))
         m_activity.append(ActivityEntry::refused(report.pressed,
-            report.frontmostName.value_or(u"An app"_s), activityText(refused->reason),
-            displayOfFocusedWindow(), Platform::current().clock().date()));
+            report.frontmostName.value_or(QCoreApplication::translate("ActivityEntry", "An app")),
+            activityText(refused->reason), displayOfFocusedWindow(),
+            Platform::current().clock().date()));
     FlightRecorder::shared().record(u"refusal"_s, report.line());
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandLine.h"
+#include "CommandResult.h"
 #include "MoveOutcome.h"
 
 #include <QtCore/QJsonObject>

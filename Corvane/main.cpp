@@ -1,9 +1,12 @@
 #include "AppDelegate.h"
+#include "Catalogues.h"
 #include "CommandLine.h"
 #include "DesktopChoice.h"
 #include "FlightRecorder.h"
 #include "HistoryReport.h"
 #include "Instance.h"
+#include "LegacyIdentity.h"
+#include "UserDefaults.h"
 
 #include <qcorotask.h>
 #include <QtCore/QCoreApplication>
@@ -19,6 +22,7 @@ namespace {
 int finish(const CommandResult &result)
 {
     std::fputs(qUtf8Printable(result.output), stdout);
+    std::fflush(stdout);
     std::fputs(qUtf8Printable(result.error), stderr);
     return result.status;
 }
@@ -31,6 +35,12 @@ QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments)
         co_return failure(CommandResult::misused, line.error());
     const CommandResult result = co_await commands.run(*line);
     co_return result;
+}
+
+/// What the first start was asked, besides staying.
+QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
+{
+    finish(co_await commands.run(line));
 }
 
 int runOnce(const CommandLine &line)
@@ -82,7 +92,11 @@ int stay(const QStringList &arguments, const CommandLine &line)
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
+    UserDefaults::prepare();
+    LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
+    if (line.isCommand() || line.asksForScreens())
+        runAtStart(delegate.commands(), line);
     return QCoreApplication::exec();
 }
 
@@ -94,7 +108,9 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
     QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const Catalogues catalogues;
+    const QStringList arguments =
+        CommandLine::withAbsolutePaths(QCoreApplication::arguments().mid(1));
     const auto line = CommandLine::parse(arguments);
     if (!line)
         return finish(failure(CommandResult::misused, line.error()));
@@ -102,6 +118,6 @@ int main(int argc, char **argv)
         return finish(*result);
     if (const auto result = Instance::handOver(arguments))
         return finish(*result);
-    const bool isCommand = line->place || line->capture || line->applyLayout || line->layouts;
-    return isCommand ? runOnce(*line) : stay(arguments, *line);
+    const bool isDoneAtOnce = line->isCommand() && !line->asksForScreens();
+    return isDoneAtOnce ? runOnce(*line) : stay(arguments, *line);
 }

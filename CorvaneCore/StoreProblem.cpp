@@ -3,12 +3,22 @@
 #include "DataFolder.h"
 #include "PrivateFile.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString translated(const char *sentence)
+{
+    return QCoreApplication::translate("StoreProblem", sentence);
+}
+
+} // namespace
 
 StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QDateTime &now)
 {
@@ -23,15 +33,18 @@ StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QD
 
 QString sentence(const StoreProblem &problem)
 {
-    const QString subject =
-        problem.file == "layouts.json"_L1 ? u"some of your layouts"_s : u"some of your settings"_s;
-    QString text = u"Corvane could not read "_s + subject + u" in "_s + problem.file
-        + u", so it used defaults for them."_s;
+    const QString pattern = problem.file == "layouts.json"_L1
+        ? translated(QT_TRANSLATE_NOOP("StoreProblem",
+            "Corvane could not read some of your layouts in %1, so it used defaults for them."))
+        : translated(QT_TRANSLATE_NOOP("StoreProblem",
+            "Corvane could not read some of your settings in %1, so it used defaults for them."));
+    const QString text = pattern.arg(problem.file);
     if (!problem.kept)
         return text;
     const QFileInfo copy(problem.kept->toLocalFile());
-    return text + u" The old file is kept in "_s + abbreviatedPath(copy.path()) + u" as "_s
-        + copy.fileName() + u'.';
+    return text + u' '
+        + translated(QT_TRANSLATE_NOOP("StoreProblem", "The old file is kept in %1 as %2."))
+              .arg(abbreviatedPath(copy.path()), copy.fileName());
 }
 
 QString detail(const StoreProblem &problem)

@@ -3,6 +3,8 @@
 #include "Identity.h"
 #include "Platform.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -56,8 +58,8 @@ QString Accessibility::paneName()
 {
     constexpr int lastWithAccessibilityPane = 26;
     return Platform::current().session().systemMajorVersion() > lastWithAccessibilityPane
-        ? u"Device Control and Data Access"_s
-        : u"Accessibility"_s;
+        ? QCoreApplication::translate("Accessibility", "Device Control and Data Access")
+        : QCoreApplication::translate("Accessibility", "Accessibility");
 }
 
 } // namespace corvane

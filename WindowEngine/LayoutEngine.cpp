@@ -3,6 +3,8 @@
 #include "LayoutRun.h"
 #include "Pause.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,7 @@ QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
     Platform &platform = Platform::current();
     LayoutRun run(*this, layout);
     if (!platform.windows().isTrusted()) {
-        run.refuseAll(u"accessibility not granted"_s);
+        run.refuseAll(QCoreApplication::translate("PaneResult", "accessibility not granted"));
         co_return run.results();
     }
     LayoutRun::Panes panes = run.begin();

@@ -2,6 +2,8 @@
 
 #include "Match.h"
 
+#include <QtCore/QCoreApplication>
+
 #include <array>
 
 namespace corvane {
@@ -47,10 +49,10 @@ QString refusalText(const MoveOutcome &outcome, const std::optional<QString> &fr
 QString activityText(const QString &refusedReason)
 {
     if (refusedReason.contains(u"full screen"))
-        return u"is in full screen"_s;
+        return QCoreApplication::translate("ActivityEntry", "is in full screen");
     if (refusedReason.contains(u"answer"))
-        return u"did not answer (it may be busy)"_s;
-    return u"would not let its window move"_s;
+        return QCoreApplication::translate("ActivityEntry", "did not answer (it may be busy)");
+    return QCoreApplication::translate("ActivityEntry", "would not let its window move");
 }
 
 } // namespace corvane

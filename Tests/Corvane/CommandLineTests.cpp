@@ -1,67 +1,132 @@
+#include "Address.h"
 #include "CommandLine.h"
 
 #include <gmock/gmock.h>
+
+#include <QtCore/QDir>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
+namespace {
+
+expected<CommandLine, QString> parse(const char *arguments)
+{
+    return CommandLine::parse(QString::fromLatin1(arguments).split(u' '));
+}
+
+/// The command line with what `change` sets.
+CommandLine lineWith(auto change)
+{
+    CommandLine line;
+    change(line);
+    return line;
+}
+
+} // namespace
+
 TEST(CommandLineTests, flagsAreReadInAnyOrder)
 {
-    const auto line = CommandLine::parse({u"--json"_s, u"--place"_s, u"topLeftSixth"_s});
-
-    ASSERT_TRUE(line);
-    EXPECT_EQ(line->place, Placement::topLeftSixth);
-    EXPECT_TRUE(line->json);
-    EXPECT_FALSE(line->verbose);
-}
-
-TEST(CommandLineTests, aCaptureMayBeNamed)
-{
-    EXPECT_EQ(CommandLine::parse({u"--capture"_s, u"My desk"_s})->capture, u"My desk"_s);
-    EXPECT_EQ(CommandLine::parse({u"--capture"_s, u"--json"_s})->capture, u"Layout"_s);
-    EXPECT_EQ(CommandLine::parse({u"--capture"_s})->capture, u"Layout"_s);
-}
-
-TEST(CommandLineTests, theHistoryTakesANumber)
-{
-    EXPECT_EQ(CommandLine::parse({u"--history"_s})->history, CommandLine::usualHistory);
-    EXPECT_EQ(CommandLine::parse({u"--history"_s, u"3"_s})->history, 3);
-    EXPECT_EQ(CommandLine::parse({u"--history"_s, u"--json"_s, u"3"_s})->history, 3);
-    for (const QString &wrong : {u"0"_s, u"-1"_s, u"x"_s, u"99999999999"_s})
-        EXPECT_FALSE(CommandLine::parse({u"--history"_s, wrong}));
-    EXPECT_FALSE(CommandLine::parse({u"3"_s}));
+    const auto layout = [](CommandLine &line) {
+        line.screens.layout = u"Work"_s;
+        line.screens.selectPane = 0;
+        line.screens.openAppPicker = true;
+    };
+    const struct {
+        const char *arguments;
+        CommandLine expected;
+    } lines[]{
+        {"--json --place topLeftSixth", {.place = Placement::topLeftSixth, .json = true}},
+        {"--capture Desk", {.capture = u"Desk"_s}},
+        {"--capture --json", {.capture = u"Layout"_s, .json = true}},
+        {"--capture", {.capture = u"Layout"_s}},
+        {"--history", {.history = CommandLine::usualHistory}},
+        {"--history 3", {.history = 3}},
+        {"--history --json 3", {.history = 3, .json = true}},
+        {"--pane tremorLog", {.screens = {.pane = SettingsPane::tremorLog}}},
+        {"--pane Tremor-Log", {.screens = {.pane = SettingsPane::tremorLog}}},
+        {"corvane://settings/about", {.screens = {.pane = SettingsPane::about}}},
+        {"--appearance dark", {.screens = {.appearance = Appearance::dark}}},
+        {"--appearance aqua", {.screens = {.appearance = Appearance::light}}},
+        {"--open-app-picker --select-pane 0 --layout Work", lineWith(layout)},
+        {"--preview-update-available 2.0", {.screens = {.previewUpdateAvailable = u"2.0"_s}}},
+        {"--quit-competitors --tour-page 2", {.quitCompetitors = true, .screens = {.tourPage = 2}}},
+    };
+    for (const auto &[arguments, expected] : lines)
+        EXPECT_EQ(parse(arguments), expected) << arguments;
 }
 
 TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
 {
     const struct {
-        QStringList arguments;
+        const char *arguments;
         const char *named;
         const char *offered;
     } mistakes[]{
-        {{u"--place"_s, u"LeftHalf"_s}, "\"LeftHalf\"", "leftHalf, rightHalf"},
-        {{u"--place"_s}, "\"\"", "snapBack, original."},
-        {{u"--place"_s, u"--json"_s}, "\"--json\"", "leftHalf"},
-        {{u"--plaec"_s, u"leftHalf"_s}, "\"--plaec\"", "--place, --capture"},
-        {{u"leftHalf"_s}, "\"leftHalf\"", "--place"},
+        {"--place LeftHalf", "\"LeftHalf\"", "leftHalf, rightHalf"},
+        {"--place", "--place needs", "snapBack, original."},
+        {"--place --json", "--place needs", "leftHalf"},
+        {"--plaec leftHalf", "\"--plaec\"", "--place, --capture"},
+        {"leftHalf", "\"leftHalf\"", "--show-tour"},
+        {"3", "\"3\"", "--history"},
+        {"--history 0", "\"0\"", "start at 1"},
+        {"--history -1", "\"-1\"", "start at 1"},
+        {"--history 99999999999", "99999999999", "start at 1"},
+        {"--apply-layout", "--apply-layout needs", "corvane --layouts"},
+        {"--pane tremor", "\"tremor\"", "general, shortcuts, layouts, tremorLog, about."},
+        {"--appearance", "--appearance needs", "dark, light"},
+        {"--select-pane -1", "\"-1\"", "from 0"},
+        {"--preview-update-window new", "\"new\"", "1.2.3"},
+        {"--render-status-icon", "needs", "file"},
+        {"corvane://place/leftHalf", "corvane://place/leftHalf", "corvane://settings/shortcuts"},
     };
-    for (const auto &mistake : mistakes) {
-        const auto line = CommandLine::parse(mistake.arguments);
+    for (const auto &[arguments, named, offered] : mistakes) {
+        const auto line = parse(arguments);
 
-        ASSERT_FALSE(line);
-        EXPECT_THAT(line.error().toStdString(), HasSubstr(mistake.named));
-        EXPECT_THAT(line.error().toStdString(), HasSubstr(mistake.offered));
+        ASSERT_FALSE(line) << arguments;
+        EXPECT_THAT(line.error().toStdString(), HasSubstr(named));
+        EXPECT_THAT(line.error().toStdString(), HasSubstr(offered));
     }
 }
 
-TEST(CommandLineTests, theHelpNamesEveryPlacement)
+TEST(CommandLineTests, theHelpNamesEveryPlacementAndPane)
 {
     const QString help = CommandLine::helpText();
 
     for (const Placement placement : allPlacements())
         EXPECT_TRUE(help.contains(rawValue(placement))) << rawValue(placement).data();
+    EXPECT_TRUE(help.contains(u"layouts tremorLog about\n"_s));
+}
+
+TEST(CommandLineTests, filesAreThoseOfTheFolderThatTheyWereNamedIn)
+{
+    const QStringList arguments{u"--json"_s, u"--render-status-icon"_s, u"a.png"_s, u"a.png"_s};
+
+    EXPECT_EQ(CommandLine::withAbsolutePaths(arguments),
+        (QStringList{u"--json"_s, u"--render-status-icon"_s, QDir::current().filePath(u"a.png"_s),
+            u"a.png"_s}));
+    EXPECT_EQ(
+        CommandLine::withAbsolutePaths({u"--preview-notes"_s}), QStringList{u"--preview-notes"_s});
+}
+
+TEST(AddressTests, anAddressShowsAPaneOrNothing)
+{
+    EXPECT_EQ(Address::pane(u"corvane://settings"_s), SettingsPane::general);
+    EXPECT_EQ(Address::pane(u"CORVANE://Settings/"_s), SettingsPane::general);
+    EXPECT_EQ(Address::pane(u"corvane://settings/tremorLog"_s), SettingsPane::tremorLog);
+    for (const char *hostile : {"", "corvane:", "corvane://", "corvane:settings",
+             "corvane:///settings", "corvane://settings/shortcuts/", "corvane://settings/../about",
+             "corvane://settings//about", "corvane://settings/about?apply-layout=Work",
+             "corvane://settings/about#x", "corvane://me@settings/about",
+             "corvane://settings:80/about", "corvane://place/leftHalf",
+             "corvane://settings/--capture", "corvane://settings/about%00", "--open-settings",
+             "https://settings/about", "file:///settings", "corvane://settings/%61bout%20"})
+        EXPECT_FALSE(Address::pane(QString::fromLatin1(hostile))) << hostile;
+    const auto noisy = Address::pane(u"corvane://\x1b[31m\u202e"_s + QString(9999, u'x'));
+    EXPECT_THAT(noisy.error().toStdString(), testing::Not(HasSubstr("\x1b")));
+    EXPECT_LT(noisy.error().size(), 400);
 }
 
 } // namespace corvane

@@ -55,6 +55,8 @@ protected:
         environment.insert(
             u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + folder.filePath(u"none"_s));
         environment.insert(u"XDG_DATA_HOME"_s, folder.filePath(u"data"_s));
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
+        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         environment.remove(u"DISPLAY"_s);
         describe(desk);
     }
@@ -126,12 +128,17 @@ protected:
     }
 
     /// Calls as a desktop does; returns the error's name, empty when there is none.
-    QString activateAction(const QString &action, const QVariantList &parameter = {}) const
+    QString callApplication(const QString &method, const QVariantList &arguments) const
     {
         auto call = QDBusMessage::createMethodCall(u"app.corvane.Corvane"_s,
-            u"/app/corvane/Corvane"_s, u"org.freedesktop.Application"_s, u"ActivateAction"_s);
-        call << action << QVariant(parameter) << QVariantMap();
+            u"/app/corvane/Corvane"_s, u"org.freedesktop.Application"_s, method);
+        call.setArguments(arguments);
         return sessionBus().call(call).errorName();
+    }
+
+    QString activateAction(const QString &action, const QVariantList &parameter = {}) const
+    {
+        return callApplication(u"ActivateAction"_s, {action, QVariant(parameter), QVariantMap()});
     }
 
     /// Ends the program that the bus has started.
@@ -234,6 +241,7 @@ TEST_F(ProgramTests, aSecondStartHandsItsFlagsToTheRunningOne)
     EXPECT_EQ(back.json()[u"to"_s], first.json()[u"to"_s]);
     EXPECT_EQ(again.status, 0);
     EXPECT_THAT(again.output, HasSubstr("running already"));
+    EXPECT_THAT(again.error, HasSubstr("settings window"));
     EXPECT_EQ(mistake.status, 2);
     EXPECT_THAT(readUntil(*resident, "snapBack").toStdString(), HasSubstr("leftHalf: Editor"));
     resident->terminate();
@@ -274,6 +282,25 @@ TEST_F(ProgramTests, actionsOfTheDesktopEntryAreCalledLikeThePlacements)
     const std::string log = readUntil(*resident, "topHalf: Editor").toStdString();
     EXPECT_THAT(log, HasSubstr("leftHalf: Editor"));
     EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("*  Layout"));
+    resident->terminate();
+    EXPECT_TRUE(resident->waitForFinished());
+}
+
+TEST_F(ProgramTests, nothingButAnAddressCanBeOpened)
+{
+    startBus();
+    const auto resident = startProgram({u"corvane://settings/about"_s});
+    const std::string log = readUntil(*resident, "later version").toStdString();
+    const auto open = [this](const QString &uri) {
+        return callApplication(u"Open"_s, {QStringList{uri}, QVariantMap()});
+    };
+
+    EXPECT_THAT(log, HasSubstr("settings window"));
+    EXPECT_EQ(open(u"corvane://settings/shortcuts"_s), QString());
+    for (const QString &hostile : {u"--capture"_s, u"corvane://capture"_s, u"file:///etc/passwd"_s})
+        EXPECT_EQ(open(hostile), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("--capture NAME"));
+    EXPECT_EQ(run({u"corvane://place/leftHalf"_s}).status, 2);
     resident->terminate();
     EXPECT_TRUE(resident->waitForFinished());
 }
@@ -392,7 +419,7 @@ TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
     const QJsonObject values = QJsonDocument::fromJson(snapshot.readAll()).object();
     EXPECT_EQ(values[u"accessibilityTrusted"_s], true);
     EXPECT_EQ(values[u"displays"_s][0][u"name"_s], u"Built-in"_s);
-    EXPECT_EQ(values[u"recentEvents"_s][0][u"kind"_s], u"hotkeys"_s);
+    EXPECT_EQ(values[u"recentEvents"_s][1][u"kind"_s], u"hotkeys"_s);
     resident->terminate();
     EXPECT_TRUE(resident->waitForFinished());
 }
@@ -428,7 +455,7 @@ TEST_F(ProgramTests, aLayoutWithAPaneThatFoundNoWindowSaysWhichAndExitsWithOne)
     const Result applied = run({u"--apply-layout"_s, u"Work"_s});
 
     EXPECT_EQ(applied.status, 1);
-    EXPECT_EQ(applied.output, "Editor: is not installed on this Mac\n");
+    EXPECT_EQ(applied.output, "Editor: is not installed on this computer\n");
 }
 
 TEST_F(ProgramTests, theRunningInstanceAppliesLayoutsAndAnswersWhenItIsDone)

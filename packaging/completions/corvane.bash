@@ -8,6 +8,10 @@ _corvane_placements() {
     corvane --help 2>/dev/null | sed -n '/^Placements:/,/^$/s/^  .*  //p' | tr ' ' '\n'
 }
 
+_corvane_panes() {
+    corvane --help 2>/dev/null | sed -n '/^Panes:/{n;p}'
+}
+
 # Each name on a line. A program that hangs must not hang the shell.
 _corvane_layouts() {
     local name
@@ -32,7 +36,13 @@ _corvane() {
     COMPREPLY=()
     case ${COMP_WORDS[COMP_CWORD - 1]} in
     --place) mapfile -t COMPREPLY < <(compgen -W "$(_corvane_placements)" -- "$typed") ;;
-    --apply-layout)
+    --pane) mapfile -t COMPREPLY < <(compgen -W "$(_corvane_panes)" -- "$typed") ;;
+    --appearance) mapfile -t COMPREPLY < <(compgen -W 'dark light' -- "$typed") ;;
+    --render-status-icon | --preview-notes)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$typed")
+        ;;
+    --apply-layout | --layout)
         case $typed in [\"\']*) quote=${typed:0:1} typed=${typed:1} ;; esac
         while IFS= read -r name; do
             name=$(_corvane_written "$quote" "$name")

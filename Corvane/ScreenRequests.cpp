@@ -1,0 +1,97 @@
+#include "ScreenRequests.h"
+
+#include "LayoutReport.h"
+
+namespace corvane::ScreenRequests {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The pane that the flags need, where they need one.
+std::optional<SettingsPane> settingsPane(const ScreenFlags &flags)
+{
+    if (flags.pane)
+        return flags.pane;
+    if (flags.layout || flags.selectPane || flags.openAppPicker || flags.previewLayoutEdit)
+        return SettingsPane::layouts;
+    if (flags.previewSteal)
+        return SettingsPane::shortcuts;
+    return flags.openSettings ? std::optional(SettingsPane::general) : std::nullopt;
+}
+
+/// A conflict over the keys of the left half.
+ShortcutSteal sampleSteal(const Settings &settings)
+{
+    const ShortcutMap preset = map(ShortcutPreset::sizeUp);
+    const Placement holder = Placement::leftHalf;
+    return {.combo = settings.shortcuts.value(holder, preset.value(holder)),
+        .to = {Placement::rightHalf},
+        .from = {holder}};
+}
+
+/// The error is one sentence.
+expected<void, QString> selectLayout(const ScreenFlags &flags, AppModel &model)
+{
+    if (flags.layout) {
+        const auto layout = model.layout(*flags.layout);
+        if (!layout)
+            return unexpected<QString>(noSuchLayout(*flags.layout, model.layouts()));
+        if (flags.selectPane && *flags.selectPane >= layout->panes.size())
+            return unexpected<QString>(
+                u"There is no pane %1 in \"%2\"; it has %3, counted from 0."_s
+                    .arg(*flags.selectPane)
+                    .arg(layout->name)
+                    .arg(layout->panes.size()));
+        model.pendingLayout = layout->id;
+    }
+    model.pendingPaneIndex = flags.selectPane;
+    model.pendingAppPicker = flags.openAppPicker;
+    return {};
+}
+
+bool asksForUpdateSheet(const ScreenFlags &flags)
+{
+    return flags.previewUpdateAvailable || flags.previewNewer || flags.previewUpdateWindow
+        || flags.previewNotes;
+}
+
+QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
+{
+    QStringList windows;
+    if (settingsPane(flags))
+        windows << u"settings window"_s;
+    if (flags.previewLayoutEdit)
+        windows << u"layout editor"_s;
+    if (flags.showTour || flags.tourPage)
+        windows << u"tour"_s;
+    if (asksForUpdateSheet(flags))
+        windows << u"update sheet"_s;
+    if (flags.checkForUpdates && !model.onCheckForUpdatesNow)
+        windows << u"update check"_s;
+    return windows;
+}
+
+} // namespace
+
+CommandResult show(const ScreenFlags &flags, AppModel &model)
+{
+    if (const auto selected = selectLayout(flags, model); !selected)
+        return failure(CommandResult::misused, selected.error());
+    if (const auto pane = settingsPane(flags))
+        model.pendingPane = rawValue(*pane);
+    if (flags.previewSteal)
+        model.pendingSteal = sampleSteal(model.settings());
+    if (flags.appearance) {
+        model.forcedAppearance = flags.appearance;
+        model.applyAppearance();
+    }
+    if (flags.checkForUpdates && model.onCheckForUpdatesNow)
+        model.onCheckForUpdatesNow();
+    CommandResult result;
+    for (const QString &window : missingWindows(flags, model))
+        result += later(window);
+    return result;
+}
+
+} // namespace corvane::ScreenRequests

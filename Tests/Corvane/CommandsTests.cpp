@@ -1,0 +1,146 @@
+#include "Commands.h"
+
+#include "SimulatedPlatform.h"
+
+#include <QtCore/QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+namespace {
+
+class CommandsTests : public testing::Test
+{
+protected:
+    CommandsTests()
+    {
+        platform.desktop().plug({{0, 0, 1440, 900}, u"Laptop"_s});
+        platform.deliver();
+    }
+
+    CommandResult run(const QString &arguments)
+    {
+        const auto line = CommandLine::parse(arguments.split(u' ', Qt::SkipEmptyParts));
+        return line ? QCoro::waitFor(commands.run(*line))
+                    : failure(CommandResult::misused, line.error());
+    }
+
+    void startCompetitor(const QString &bundleID, const QString &name)
+    {
+        const pid_t pid = platform.desktop().start(bundleID, name);
+        platform.desktop().openWindow(pid, {.title = name, .frame = {0, 0, 300, 200}});
+        platform.deliver();
+    }
+
+    QTemporaryDir folder;
+    SimulatedPlatform platform;
+    AppModel model{
+        SettingsStore(folder.path()), LayoutStore(folder.path()), ActivityLog(folder.path())};
+    Mover mover{model.settings()};
+    Commands commands{model, mover};
+};
+
+} // namespace
+
+TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
+{
+    const struct {
+        const char *arguments;
+        QString pane;
+        const char *window;
+    } requests[]{
+        {"", u"general"_s, "settings window"},
+        {"--open-settings", u"general"_s, "settings window"},
+        {"--verbose", u"general"_s, "settings window"},
+        {"--open-settings --pane about", u"about"_s, "settings window"},
+        {"corvane://settings/tremorLog", u"tremorLog"_s, "settings window"},
+        {"--preview-steal", u"shortcuts"_s, "settings window"},
+        {"--preview-layout-edit", u"layouts"_s, "layout editor"},
+        {"--tour-page 2", QString(), "tour"},
+        {"--pop-menu", QString(), "menu"},
+        {"--check-for-updates", QString(), "update check"},
+        {"--preview-update-available 9.0", QString(), "update sheet"},
+    };
+    for (const auto &[arguments, pane, window] : requests) {
+        model.pendingPane = QString();
+
+        const CommandResult result = run(QString::fromLatin1(arguments));
+
+        EXPECT_EQ(result.status, 0) << arguments;
+        EXPECT_EQ(model.pendingPane.value(), pane) << arguments;
+        EXPECT_THAT(result.error.toStdString(), HasSubstr(window)) << arguments;
+    }
+    ASSERT_TRUE(model.pendingSteal.value());
+    EXPECT_EQ(model.owner(model.pendingSteal.value()->combo), model.pendingSteal.value()->from);
+}
+
+TEST_F(CommandsTests, aLayoutIsOpenedAtOneOfItsPanes)
+{
+    const WindowLayout layout = model.newEmptyLayout();
+
+    run(u"--layout %1 --select-pane 0 --open-app-picker"_s.arg(layout.id.toString()));
+
+    EXPECT_EQ(model.pendingPane.value(), u"layouts"_s);
+    EXPECT_EQ(model.pendingLayout.value(), layout.id);
+    EXPECT_EQ(model.pendingPaneIndex.value(), 0);
+    EXPECT_TRUE(model.pendingAppPicker.value());
+
+    model.pendingPane = QString();
+    const CommandResult unknown = run(u"--layout Nowhere"_s);
+    const CommandResult beyond = run(u"--select-pane 1 --layout "_s + layout.id.toString());
+
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_THAT(unknown.error.toStdString(), HasSubstr(layout.name.toStdString()));
+    EXPECT_EQ(beyond.status, 2);
+    EXPECT_EQ(model.pendingPane.value(), QString());
+}
+
+TEST_F(CommandsTests, theLookIsForcedUntilItQuits)
+{
+    run(u"--appearance dark"_s);
+    EXPECT_TRUE(model.look.value().isDark);
+
+    run(u"--appearance light"_s);
+    EXPECT_FALSE(model.look.value().isDark);
+}
+
+TEST_F(CommandsTests, whatTheDelegateDoesIsHandedToIt)
+{
+    int menus = 0;
+    int checks = 0;
+    QString drawnTo;
+    EXPECT_THAT(run(u"--render-status-icon a.png"_s).error.toStdString(), HasSubstr("later"));
+    commands.onPopMenu = [&menus] { ++menus; };
+    model.onCheckForUpdatesNow = [&checks] { ++checks; };
+    commands.onRenderStatusIcon = [&drawnTo](const QString &path) -> expected<void, QString> {
+        drawnTo = path;
+        return unexpected<QString>(u"The disk is full."_s);
+    };
+
+    run(u"--pop-menu --check-for-updates"_s);
+    const CommandResult drawn = run(u"--render-status-icon /tmp/a.png"_s);
+
+    EXPECT_EQ(menus, 1);
+    EXPECT_EQ(checks, 1);
+    EXPECT_EQ(drawnTo, u"/tmp/a.png"_s);
+    EXPECT_EQ(drawn, failure(CommandResult::refused, u"The disk is full."_s));
+}
+
+TEST_F(CommandsTests, everyRunningCompetitorIsAskedToQuit)
+{
+    EXPECT_EQ(run(u"--quit-competitors"_s).output, u"No other window manager is running.\n"_s);
+    startCompetitor(u"com.manytricks.Moom"_s, u"Moom"_s);
+    startCompetitor(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
+
+    const CommandResult asked = run(u"--quit-competitors"_s);
+    platform.deliver();
+
+    EXPECT_EQ(asked.output, u"Asked SizeUp to quit.\nAsked Moom to quit.\n"_s);
+    EXPECT_TRUE(Competitor::running().isEmpty());
+}
+
+} // namespace corvane

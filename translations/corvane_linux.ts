@@ -1,0 +1,426 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>Accessibility</name>
+    <message>
+        <source>Device Control and Data Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Moving Windows</translation>
+    </message>
+</context>
+<context>
+    <name>ActivityEntry</name>
+    <message>
+        <source>An app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in full screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>did not answer (it may be busy)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>would not let its window move</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Appearance</name>
+    <message>
+        <source>Match Mac</source>
+        <translation>Match System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DisplayKey</name>
+    <message>
+        <source>%1 × %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name, size</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FileError</name>
+    <message>
+        <source>Permission was denied.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk quota is used up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file would become too large.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk reported an error.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a folder in its place.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is a link that leads nowhere.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its folder is not a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not a regular file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The disk is read-only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is larger than %1 MiB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LayoutHistory</name>
+    <message>
+        <source>Revert %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PaneResult</name>
+    <message>
+        <source>its display is not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not installed on this Mac</source>
+        <translation>is not installed on this computer</translation>
+    </message>
+    <message>
+        <source>is not running (opening it is off for this pane)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>was opened, and still had no window after 20 seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is running but has no window to place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accessibility not granted</source>
+        <translation>windows cannot be moved now</translation>
+    </message>
+</context>
+<context>
+    <name>Placement</name>
+    <message>
+        <source>Left Half</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Right Half</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Half</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Half</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Left Quarter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Right Quarter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Left Quarter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Right Quarter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left Third</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Center Third</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Right Third</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left Two Thirds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Right Two Thirds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Left Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Center Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top Right Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Left Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Center Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom Right Sixth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Almost Maximize</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Previous Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Original Orientation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Halves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Thirds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sixths</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StoreProblem</name>
+    <message>
+        <source>Corvane could not read some of your layouts in %1, so it used defaults for them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your settings in %1, so it used defaults for them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The old file is kept in %1 as %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StoredJson</name>
+    <message>
+        <source>It is not JSON from its byte %1 on: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its brackets are not those of what it should hold.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Values in it that cannot be used: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WindowLayout</name>
+    <message>
+        <source>No displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppModel</name>
+    <message>
+        <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of the File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the “%1” layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>untitled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::X11Platform</name>
+    <message>
+        <source>This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts yet; it works in an X11 session.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::freedesktop::Launcher</name>
+    <message>
+        <source>&quot;%1&quot; is not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: there is no terminal for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry describes no application.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry names no program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its program is not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::x11::X11WindowAccess</name>
+    <message>
+        <source>No window manager that moves windows for other programs is running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>
