@@ -1,0 +1,159 @@
+#include "StatusItem.h"
+
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+
+namespace corvane {
+
+using namespace std::chrono_literals;
+
+namespace {
+/// At login panels may start after us.
+constexpr auto grace = 8s;
+/// How long a press on the icon lasts at most.
+constexpr auto longestPress = 700ms;
+} // namespace
+
+QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen)
+{
+    const int below = anchor.y() + anchor.height();
+    const int above = anchor.y() - menu.height();
+    const bool fitsBelow = below + menu.height() <= screen.y() + screen.height();
+    const QPoint furthest(
+        screen.x() + screen.width() - menu.width(), screen.y() + screen.height() - menu.height());
+    return {std::max(screen.x(), std::min(anchor.x(), furthest.x())),
+        std::max(screen.y(), std::min(fitsBelow ? below : above, furthest.y()))};
+}
+
+StatusItem::StatusItem(QObject *parent) : QObject(parent)
+{
+    m_grace.setSingleShot(true);
+    m_grace.setInterval(grace);
+    connect(&m_grace, &QTimer::timeout, this, [this] {
+        m_isToldUnreachable = true;
+        Q_EMIT unreachable();
+    });
+    connect(&m_services, &TrayServicesWatch::changed, this, &StatusItem::follow);
+    connect(&m_embedding, &EmbeddingTray::changed, this, &StatusItem::follow);
+}
+
+StatusItem::~StatusItem() = default;
+
+void StatusItem::setMenus(QMenu *drawn, QMenu *plain)
+{
+    if (m_plain)
+        m_plain->disconnect(this);
+    if (m_drawn)
+        m_drawn->disconnect(this);
+    m_drawn = drawn;
+    m_plain = plain;
+    connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::noteClosing);
+    connect(m_plain, &QMenu::aboutToShow, this, &StatusItem::aboutToOpen);
+    follow();
+}
+
+void StatusItem::setIcon(const QIcon &icon, const QString &description)
+{
+    m_image = icon;
+    m_description = description;
+    if (m_icon) {
+        m_icon->setIcon(m_image);
+        m_icon->setToolTip(m_description);
+    }
+}
+
+void StatusItem::setVisible(bool visible)
+{
+    m_isVisible = visible;
+    follow();
+}
+
+bool StatusItem::isReachable() const
+{
+    return m_services.services().hasHost || m_embedding.isThere();
+}
+
+void StatusItem::follow()
+{
+    if (!m_isVisible) {
+        m_grace.stop();
+        if (m_icon)
+            m_icon->hide();
+    } else if (m_services.isKnown() && isReachable()) {
+        m_grace.stop();
+        show();
+    } else if (!m_isToldUnreachable && !m_grace.isActive()) {
+        m_grace.start();
+    }
+}
+
+void StatusItem::show()
+{
+    if (!m_icon) {
+        // Qt decides once, by what is there now, whether it shows icons over the bus.
+        m_icon = std::make_unique<QSystemTrayIcon>();
+        m_icon->setIcon(m_image);
+        m_icon->setToolTip(m_description);
+        connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activate);
+    }
+    const TrayServices &services = m_services.services();
+    if (services.hasHost && menuForm(services) != MenuForm::drawn)
+        m_icon->setContextMenu(m_plain);
+    m_icon->show();
+}
+
+void StatusItem::activate(QSystemTrayIcon::ActivationReason reason)
+{
+    const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context;
+    const TrayServices &services = m_services.services();
+    const bool isForPanel = services.hasHost && menuForm(services) == MenuForm::exported;
+    if (isClick && !isForPanel && !hasClosedByThisClick())
+        open(anchor());
+}
+
+void StatusItem::popUp()
+{
+    open(anchor());
+}
+
+QRect StatusItem::anchor() const
+{
+    const QRect icon = m_icon && m_icon->isVisible() ? m_icon->geometry() : QRect();
+    if (!icon.isEmpty())
+        return icon;
+    const QPoint pointer = QCursor::pos();
+    if (QGuiApplication::screenAt(pointer))
+        return {pointer, QSize(1, 1)};
+    return {QGuiApplication::primaryScreen()->geometry().topRight(), QSize(1, 0)};
+}
+
+void StatusItem::open(const QRect &anchor)
+{
+    if (!m_drawn || m_drawn->isVisible())
+        return;
+    Q_EMIT aboutToOpen();
+    const QScreen *screen = QGuiApplication::screenAt(anchor.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    m_drawn->popup(menuOrigin(anchor, m_drawn->sizeHint(), screen->geometry()));
+    m_grab.hold(*m_drawn);
+}
+
+void StatusItem::noteClosing()
+{
+    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+        return m_sinceClosedByPress.invalidate();
+    m_sinceClosedByPress.start();
+    m_closingPress = QCursor::pos();
+}
+
+// The menu takes the press that closes it, but a panel hears of the release.
+bool StatusItem::hasClosedByThisClick() const
+{
+    return m_sinceClosedByPress.isValid()
+        && !m_sinceClosedByPress.hasExpired(std::chrono::milliseconds(longestPress).count())
+        && (QCursor::pos() - m_closingPress).manhattanLength() < 4;
+}
+
+} // namespace corvane

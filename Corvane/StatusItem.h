@@ -1,0 +1,71 @@
+#pragma once
+
+#include "EmbeddingTray.h"
+#include "PopupGrab.h"
+#include "TrayServices.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtGui/QIcon>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QSystemTrayIcon>
+
+namespace corvane {
+
+/// Where a menu of this size opens beside `anchor`, wholly on `screen`: below it, above where there
+/// is no room.
+[[nodiscard]] QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen);
+
+/// The program's icon in the panel's tray, whenever there is a tray. Main thread only.
+class StatusItem final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit StatusItem(QObject *parent = nullptr);
+    ~StatusItem() override;
+
+    /// `drawn` opens at a click; `plain` stands in where the panel insists on drawing the menu
+    /// itself. Neither is owned.
+    void setMenus(QMenu *drawn, QMenu *plain);
+    /// The description is read out and shown as tool tip.
+    void setIcon(const QIcon &icon, const QString &description);
+    void setVisible(bool visible);
+    /// Opens the drawn menu without a click.
+    void popUp();
+
+    /// Whether there is a tray now.
+    [[nodiscard]] bool isReachable() const;
+
+Q_SIGNALS:
+    /// Just before either menu opens.
+    void aboutToOpen();
+    /// Told once, when there has been no tray for a while.
+    void unreachable();
+
+private:
+    void follow();
+    void show();
+    void activate(QSystemTrayIcon::ActivationReason reason);
+    void open(const QRect &anchor);
+    void noteClosing();
+    [[nodiscard]] bool hasClosedByThisClick() const;
+    [[nodiscard]] QRect anchor() const;
+
+    TrayServicesWatch m_services;
+    EmbeddingTray m_embedding;
+    PopupGrab m_grab;
+    QTimer m_grace;
+    QPointer<QMenu> m_drawn;
+    QPointer<QMenu> m_plain;
+    QIcon m_image;
+    QString m_description;
+    bool m_isVisible = false;
+    bool m_isToldUnreachable = false;
+    QElapsedTimer m_sinceClosedByPress;
+    QPoint m_closingPress;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+};
+
+} // namespace corvane
