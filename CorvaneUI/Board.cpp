@@ -1,0 +1,138 @@
+#include "Board.h"
+
+#include <QtGui/QFontDatabase>
+#include <QtGui/QFontInfo>
+#include <QtGui/QGuiApplication>
+
+#include <array>
+#include <cmath>
+
+namespace corvane::Board {
+
+namespace {
+
+constexpr double drawnTextSize = 13;
+
+Palette lightPalette()
+{
+    return {.ground = 0xF4F2EC,
+        .sheet = 0xFBFAF6,
+        .raised = 0xFFFFFF,
+        .fore = 0x1B1D22,
+        .muted = 0x5C6069,
+        .faint = 0x6B6E76,
+        .accent = 0x2B55D9,
+        .accentType = 0x2449BF,
+        .onAccent = 0xFFFFFF,
+        .hairline = 0xDEDAD0,
+        .grid = 0xE9E6DD,
+        .control = 0xFFFFFF,
+        .edge = 0xCBC7BC,
+        .error = 0xB3261E,
+        .ready = 0x1F7A4D,
+        .attention = 0x9A5B00};
+}
+
+Palette darkPalette()
+{
+    return {.ground = 0x16181D,
+        .sheet = 0x1C1F26,
+        .raised = 0x242832,
+        .fore = 0xECEAE4,
+        .muted = 0xA3A7B0,
+        .faint = 0x8A8F9A,
+        .accent = 0x5B82FF,
+        .accentType = 0x8FACFF,
+        .onAccent = 0x0E1016,
+        .hairline = 0x2C313C,
+        .grid = 0x20242C,
+        .control = 0x262B35,
+        .edge = 0x3D4452,
+        .error = 0xFF8A80,
+        .ready = 0x5CC08B,
+        .attention = 0xF0A94B};
+}
+
+Palette inHighContrast(Palette palette)
+{
+    palette.hairline = palette.edge = palette.muted = palette.faint = palette.fore;
+    return palette;
+}
+
+double linear(double channel)
+{
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor &color)
+{
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+        + 0.0722 * linear(color.blueF());
+}
+
+/// The font at a share of its size; in pixels, so that every view rounds it alike.
+QFont scaled(QFont font, double share)
+{
+    font.setPixelSize(std::max(1, qRound(QFontInfo(font).pixelSize() * share)));
+    return font;
+}
+
+} // namespace
+
+const Palette &palette(const DesktopLook &look)
+{
+    static const std::array palettes{lightPalette(), darkPalette(), inHighContrast(lightPalette()),
+        inHighContrast(darkPalette())};
+    return palettes[(look.isDark ? 1U : 0U) + (look.hasHighContrast ? 2U : 0U)];
+}
+
+QFont font(Type type)
+{
+    const QFont body = scaled(QGuiApplication::font(), 1);
+    switch (type) {
+    case Type::title: {
+        QFont font = scaled(body, 20 / drawnTextSize);
+        font.setWeight(QFont::DemiBold);
+        return font;
+    }
+    case Type::body:
+        return body;
+    case Type::secondary:
+        return scaled(body, 12 / drawnTextSize);
+    case Type::label: {
+        QFont font = scaled(body, 11 / drawnTextSize);
+        font.setWeight(QFont::DemiBold);
+        font.setCapitalization(QFont::AllUppercase);
+        font.setLetterSpacing(QFont::PercentageSpacing, 109);
+        return font;
+    }
+    case Type::numerals: {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setPixelSize(body.pixelSize());
+        return font;
+    }
+    }
+    return body;
+}
+
+int length(double drawn)
+{
+    return qRound(drawn * QFontInfo(QGuiApplication::font()).pixelSize() / drawnTextSize);
+}
+
+QColor blended(const QColor &over, const QColor &ground)
+{
+    const auto mix = [share = over.alphaF()](
+                         float above, float below) { return above * share + below * (1 - share); };
+    return QColor::fromRgbF(mix(over.redF(), ground.redF()), mix(over.greenF(), ground.greenF()),
+        mix(over.blueF(), ground.blueF()));
+}
+
+double contrast(const QColor &text, const QColor &ground)
+{
+    const double first = luminance(text) + 0.05;
+    const double second = luminance(ground) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+} // namespace corvane::Board

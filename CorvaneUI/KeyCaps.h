@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Board.h"
+
+#include <QtCore/QRectF>
+#include <QtCore/QStringList>
+
+#include <array>
+
+class QPainter;
+
+namespace corvane {
+
+struct KeyCap {
+    /// The characters that stand for a key or a modifier.
+    static constexpr std::array<QStringView, 16> glyphs{u"⌃", u"⌥", u"⇧", u"⌘", u"⇪", u"⏎", u"↩",
+        u"⌫", u"⌦", u"⎋", u"⇥", u"←", u"→", u"↑", u"↓", u"⌤"};
+
+    /// What a cap shows for one of `KeyCombo::parts`: modifiers by their names on this system's
+    /// keyboards, and by name, too, any glyph that no font has.
+    [[nodiscard]] static QString label(const QString &part, const QFont &glyphFont);
+};
+
+/// The lengths and fonts of key caps, in points.
+struct KeyCapStyle {
+    double height = 0;
+    double gap = 0;
+    double cornerRadius = 0;
+    double padding = 0;
+    QFont glyphFont;
+    QFont nameFont;
+
+    /// For a height as drawn for text of 13 pixels.
+    [[nodiscard]] static KeyCapStyle ofHeight(double drawn);
+};
+
+/// A combination as one cap per part, in a row.
+class KeyCaps
+{
+public:
+    enum class Form {
+        plain,
+        lit, ///< on an accent fill
+        dimmed,
+    };
+
+    KeyCaps(const QStringList &parts, KeyCapStyle style);
+
+    /// Whitespace is skipped; each modifier's glyph is a part of its own, the rest is one last part.
+    [[nodiscard]] static QStringList split(QStringView glyphs);
+    /// On one line of text: "Ctrl+Alt+Super+←".
+    [[nodiscard]] static QString plainText(const QStringList &parts);
+    /// As assistive technology reads it: "Control Alt Super Left Arrow".
+    [[nodiscard]] static QString spoken(const QStringList &parts);
+
+    [[nodiscard]] QSizeF size() const;
+    /// One per part, of a row that begins at `at`.
+    [[nodiscard]] QList<QRectF> rects(const QPointF &at) const;
+    [[nodiscard]] const QStringList &labels() const { return m_labels; }
+    void paint(
+        QPainter &painter, const QPointF &at, const Board::Palette &palette, Form form) const;
+
+private:
+    [[nodiscard]] const QFont &fontOf(const QString &label) const;
+    void paintLabel(QPainter &painter, const QRectF &cap, const QString &label) const;
+
+    QStringList m_labels;
+    KeyCapStyle m_style;
+};
+
+} // namespace corvane
