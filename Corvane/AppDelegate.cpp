@@ -1,13 +1,13 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
-#include "Competitors.h"
 #include "FlightRecorder.h"
 #include "LayoutReport.h"
 #include "Platform.h"
 #include "Screens.h"
 #include "WindowWatcher.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QJsonArray>
 #include <QtCore/QThreadPool>
 
@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
+
 constexpr double messagingTimeout = 1.0;
 constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
@@ -32,12 +33,6 @@ QStringList names(const QList<Competitor::Running> &competitors)
     return names;
 }
 
-/// Off the main thread: a month of moves takes a while to read.
-void pruneFiles()
-{
-    FlightRecorder::shared().prune(daysKept);
-    QThreadPool::globalInstance()->start([] { ActivityLog().prune(daysKept); });
-}
 } // namespace
 
 AppDelegate::AppDelegate(Log log)
@@ -45,17 +40,12 @@ AppDelegate::AppDelegate(Log log)
     , m_model(SettingsStore(), LayoutStore(), ActivityLog())
     , m_mover(m_model.settings())
     , m_commands(m_model, m_mover)
+    , m_shortcuts(m_model)
+    , m_trust(m_model)
+    , m_competitors(m_model)
+    , m_loginItem(m_model)
+    , m_menus(m_model)
 {
-    m_mover.onPerformed = [this](const OutcomeReport &report) {
-        keepHistoryPruned();
-        if (m_log == Log::verbose)
-            this->log(report.line());
-    };
-    connect(&m_model, &AppModel::layoutsChanged, this, &AppDelegate::registerHotKeys);
-    connect(&m_model, &AppModel::lastApplyChanged, this, [this] {
-        if (m_log == Log::verbose)
-            this->log(u"layout applied\n"_s + applyLines(m_model.lastApply.value()->results));
-    });
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_pruning, &QTimer::timeout, this, [this] {
@@ -67,87 +57,74 @@ AppDelegate::AppDelegate(Log log)
 
 void AppDelegate::start()
 {
+    connectModel();
     Accessibility::setMessagingTimeout(messagingTimeout);
+    FlightRecorder::shared().prune(daysKept);
+    m_loginItem.carryOver();
+    startWindowWatcher();
+    registerHotKeys();
+    m_menus.start();
+    m_dock.set(m_model.settings().showInDock);
+    recordLaunch();
+    m_trust.start();
+    m_competitors.start();
+    m_model.applyOnConnect();
+    m_loginItem.refreshNote();
+    pruneHistory();
+}
+
+void AppDelegate::connectModel()
+{
+    m_model.onShortcutsChanged = [this] { registerHotKeys(); };
+    m_model.onMenuChanged = [this] { m_menus.rebuild(); };
+    m_model.onDockVisibilityChanged = [this](bool isRegular) { m_dock.set(isRegular); };
+    m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
+    m_model.onNotify = [](const QString &title, const QString &body) {
+        Platform::current().session().notify(title, title, body);
+    };
+    m_model.onRecordingChanged = [this](bool isRecording) {
+        if (isRecording)
+            m_shortcuts.suspend();
+        else
+            registerHotKeys();
+    };
+    connect(&m_model, &AppModel::settingsChanged, this,
+        [this] { m_mover.follow(m_model.settings()); });
+    connect(&m_model, &AppModel::lastApplyChanged, this, &AppDelegate::tellWhatFailed);
+    connect(&m_model, &AppModel::accessibilityTrustedChanged, this, [this] {
+        log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
+                                         : Platform::current().windows().distrustReason());
+    });
     for (const AppModel::Notice &notice : m_model.notices())
         std::fprintf(stderr, "%s\n", qUtf8Printable(notice.text));
+    m_mover.onPerformed = [this](const OutcomeReport &report) {
+        keepRecentMovesPruned();
+        if (m_log == Log::verbose)
+            log(report.line());
+        m_model.refreshActivity();
+    };
+}
+
+void AppDelegate::startWindowWatcher()
+{
     WindowWatcher::shared().onDiagnostic = [this](const QString &line) {
         FlightRecorder::shared().record(u"window-watcher"_s, line);
         log(line);
     };
     WindowWatcher::shared().start();
-    connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,
-        &AppDelegate::registerHotKeys);
-    registerHotKeys();
-    m_model.applyOnConnect();
-    watchTrust();
-    recordLaunch();
-    pruneFiles();
-}
-
-void AppDelegate::keepHistoryPruned()
-{
-    // Only while there is something to prune, so that an idle program never wakes up.
-    if (!m_mover.windowManager().history().isEmpty() && !m_pruning.isActive())
-        m_pruning.start();
-}
-
-void AppDelegate::watchTrust()
-{
-    WindowAccess &windows = Platform::current().windows();
-    connect(&windows, &WindowAccess::trustChanged, this, [this, &windows](bool trusted) {
-        if (trusted)
-            WindowWatcher::shared().restart();
-        const QString line = trusted ? u"windows can be moved again"_s : windows.distrustReason();
-        FlightRecorder::shared().record(u"accessibility"_s, line);
-        log(line);
-    });
-    if (!windows.isTrusted())
-        std::fprintf(stderr, "Corvane: %s\n", qUtf8Printable(windows.distrustReason()));
 }
 
 void AppDelegate::registerHotKeys()
 {
-    m_hotKeys.clear();
-    QStringList refused;
-    for (const auto &[placement, combo] : m_model.settings().shortcuts.asKeyValueRange()) {
-        const Placement pressed = placement;
-        if (!registerHotKey(combo, [this, pressed] { m_mover.perform(pressed); }))
-            refused << rawValue(placement);
-    }
-    for (const WindowLayout &layout : m_model.layouts()) {
-        if (!layout.shortcut)
-            continue;
-        const auto apply = [this, id = layout.id] {
-            m_model.refreshLayouts();
-            if (const auto current = m_model.layout(id.toString()))
-                std::ignore = m_model.apply(*current);
-        };
-        if (!registerHotKey(*layout.shortcut, apply))
-            refused << u"layout "_s + layout.name;
-    }
-    const QString registered = u"%1 of %2 hot keys registered"_s.arg(m_hotKeys.size())
-                                   .arg(m_hotKeys.size() + refused.size());
-    const QString names = refused.join(u", "_s);
-    log(u"ready: "_s + registered
-        + (names.isEmpty() ? QString() : u"; refused by the desktop or another app: "_s + names));
-    FlightRecorder::shared().record(u"hotkeys"_s,
-        registered
-            + (names.isEmpty() ? QString() : u"; refused by macOS or another app: "_s + names));
+    log(u"ready: "_s + m_shortcuts.registerAll());
+    m_menus.rebuild();
 }
 
-bool AppDelegate::registerHotKey(const KeyCombo &combo, std::function<void()> action)
+void AppDelegate::recordLaunch()
 {
-    auto hotKey = std::make_unique<HotKey>(combo.keyCode, combo.modifiers, std::move(action));
-    if (!hotKey->isRegistered())
-        return false;
-    m_hotKeys.push_back(std::move(hotKey));
-    return true;
-}
-
-void AppDelegate::recordLaunch() const
-{
-    const bool isTrusted = Platform::current().windows().isTrusted();
-    const QStringList competitors = names(Competitor::running());
+    m_model.refreshCompetitors();
+    const bool isTrusted = m_model.accessibilityTrusted;
+    const QStringList competitors = names(m_model.competitors);
     FlightRecorder &recorder = FlightRecorder::shared();
     recorder.record(u"launch"_s,
         u"version " CORVANE_VERSION
@@ -158,6 +135,60 @@ void AppDelegate::recordLaunch() const
             {u"competitors"_s, QJsonArray::fromStringList(competitors)},
             {u"displays"_s, encode(Screens::signature())},
             {u"settings"_s, m_model.settings().toJson()}});
+}
+
+void AppDelegate::pruneHistory()
+{
+    // Off the main thread: a month of moves takes a while to read.
+    QThreadPool::globalInstance()->start([] { ActivityLog().prune(daysKept); });
+}
+
+void AppDelegate::keepRecentMovesPruned()
+{
+    // Only while there is something to prune, so that an idle program never wakes up.
+    if (!m_mover.windowManager().history().isEmpty() && !m_pruning.isActive())
+        m_pruning.start();
+}
+
+void AppDelegate::perform(Placement placement)
+{
+    m_model.refreshTrust();
+    m_mover.perform(placement);
+}
+
+void AppDelegate::applyLayout(const QUuid &id)
+{
+    m_model.refreshLayouts();
+    if (const auto layout = m_model.layout(id))
+        std::ignore = m_model.apply(*layout);
+}
+
+void AppDelegate::captureLayout()
+{
+    const auto captured = m_model.captureCurrentWindows(tr("Layout"));
+    if (captured)
+        m_model.onNotify(tr("Captured “%1”").arg(captured->name),
+            tr("Its windows come back from Corvane's menu, under Layouts."));
+}
+
+void AppDelegate::tellWhatFailed()
+{
+    const AppModel::LastApply apply = *m_model.lastApply.value();
+    if (m_log == Log::verbose)
+        log(u"layout applied\n"_s + applyLines(apply.results));
+    const auto layout = m_model.layout(apply.layout);
+    const QString lines = failureLines(apply.results);
+    if (layout && !lines.isEmpty())
+        m_model.onNotify(tr("“%1” is not complete").arg(layout->name), lines);
+}
+
+void AppDelegate::show(const ScreenFlags &flags)
+{
+    const CommandResult result = m_commands.show(flags);
+    std::fputs(qUtf8Printable(result.error), stderr);
+    // There is no window yet that could say so.
+    if (!result.error.isEmpty())
+        m_model.onNotify(u"Corvane"_s, result.error.trimmed());
 }
 
 void AppDelegate::log(const QString &line) const

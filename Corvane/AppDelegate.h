@@ -1,17 +1,19 @@
 #pragma once
 
 #include "Commands.h"
-#include "HotKey.h"
+#include "CompetitorWatch.h"
+#include "DockPresence.h"
+#include "LoginItemSwitch.h"
+#include "MenuBoard.h"
+#include "ShortcutRegistrar.h"
+#include "TrustWatch.h"
 
-#include <QtCore/QObject>
 #include <QtCore/QTimer>
-
-#include <memory>
-#include <vector>
 
 namespace corvane {
 
-/// The resident program: hears the hot keys and has the window manager act on them.
+/// The resident program: makes the model and the services around it, starts them in their order,
+/// and carries each wish from where it is uttered to where it is done.
 class AppDelegate final : public QObject
 {
     Q_OBJECT
@@ -22,23 +24,35 @@ public:
     /// Reads what the user's files say.
     explicit AppDelegate(Log log);
 
+    /// No step stops the ones after it: what fails is recorded and shown.
     void start();
     [[nodiscard]] Commands &commands() { return m_commands; }
 
 private:
-    void watchTrust();
+    void connectModel();
+    void startWindowWatcher();
     void registerHotKeys();
-    /// Whether the system took it.
-    bool registerHotKey(const KeyCombo &combo, std::function<void()> action);
-    void keepHistoryPruned();
-    void recordLaunch() const;
+    void recordLaunch();
+    static void pruneHistory();
+
+    void perform(Placement placement);
+    void applyLayout(const QUuid &id);
+    void captureLayout();
+    void tellWhatFailed();
+    void show(const ScreenFlags &flags);
+    void keepRecentMovesPruned();
     void log(const QString &line) const;
 
     Log m_log;
     AppModel m_model;
     Mover m_mover;
     Commands m_commands;
-    std::vector<std::unique_ptr<HotKey>> m_hotKeys;
+    ShortcutRegistrar m_shortcuts;
+    TrustWatch m_trust;
+    CompetitorWatch m_competitors;
+    LoginItemSwitch m_loginItem;
+    DockPresence m_dock;
+    MenuBoard m_menus;
     QTimer m_pruning;
 };
 

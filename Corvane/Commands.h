@@ -20,6 +20,7 @@ public:
 
     /// One that asks for nothing opens the settings.
     [[nodiscard]] QCoro::Task<CommandResult> run(CommandLine line);
+    [[nodiscard]] CommandResult show(const ScreenFlags &flags);
 
 private:
     [[nodiscard]] QCoro::Task<CommandResult> perform(CommandLine line);
@@ -28,7 +29,6 @@ private:
 
     [[nodiscard]] CommandResult quitCompetitors();
     [[nodiscard]] CommandResult renderStatusIcon(const QString &path);
-    [[nodiscard]] CommandResult show(const ScreenFlags &flags);
 
     AppModel &m_model;
     Mover &m_mover;

@@ -7,9 +7,18 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString backEnd()
+{
+    return qEnvironmentVariable("CORVANE_BACKEND", u"x11"_s);
+}
+
+} // namespace
+
 expected<std::unique_ptr<Platform>, QString> openDesktop(std::function<void()> onBroken)
 {
-    const QString name = qEnvironmentVariable("CORVANE_BACKEND", u"x11"_s);
+    const QString name = backEnd();
     if (name == "x11"_L1)
         return openX11Platform(std::move(onBroken));
     if (name == "simulated"_L1) {
@@ -20,6 +29,18 @@ expected<std::unique_ptr<Platform>, QString> openDesktop(std::function<void()> o
     }
     return unexpected<QString>(
         u"CORVANE_BACKEND names no back end: \"%1\" is neither x11 nor simulated."_s.arg(name));
+}
+
+QString prepareWindows()
+{
+    // Qt ends the program when it cannot reach the desktop, so we try first.
+    const auto desktop = openDesktop([] {});
+    if (!desktop)
+        return desktop.error();
+    const bool isSeen = backEnd() == "x11"_L1 || qEnvironmentVariableIsSet("DISPLAY");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", isSeen ? "xcb" : "offscreen");
+    return {};
 }
 
 } // namespace corvane

@@ -13,4 +13,8 @@ namespace corvane {
 [[nodiscard]] expected<std::unique_ptr<Platform>, QString> openDesktop(
     std::function<void()> onBroken);
 
+/// Before the application object that is to show windows: has it show them on the desktop that
+/// `openDesktop` opens. Why there is none, in one sentence; empty when there is.
+[[nodiscard]] QString prepareWindows();
+
 } // namespace corvane

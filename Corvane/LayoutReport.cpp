@@ -101,6 +101,16 @@ QString applyLines(const QList<PaneResult> &results)
     return lines;
 }
 
+QString failureLines(const QList<PaneResult> &results)
+{
+    QStringList lines;
+    for (const PaneResult &result : results) {
+        if (!needsNothing(result))
+            lines << paneLine(result);
+    }
+    return lines.join(u'\n');
+}
+
 CommandResult applyResult(const WindowLayout &layout, const QList<PaneResult> &results, bool asJson)
 {
     const bool isWhole = std::ranges::all_of(results, needsNothing);

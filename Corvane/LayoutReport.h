@@ -16,6 +16,8 @@ namespace corvane {
 [[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
 /// A line per pane.
 [[nodiscard]] QString applyLines(const QList<PaneResult> &results);
+/// Of the panes whose app is not in its place.
+[[nodiscard]] QString failureLines(const QList<PaneResult> &results);
 /// The lines, or one JSON object. Done when every pane with an app was placed.
 [[nodiscard]] CommandResult applyResult(
     const WindowLayout &layout, const QList<PaneResult> &results, bool asJson);

@@ -42,6 +42,11 @@ Mover::Mover(const Settings &settings)
 {
 }
 
+void Mover::follow(const Settings &settings)
+{
+    m_windowManager.setOptions({settings.gap, settings.cycling, settings.sizeStep});
+}
+
 OutcomeReport Mover::perform(Placement placement)
 {
     OutcomeReport result = report(placement, m_windowManager.perform(placement));

@@ -18,6 +18,7 @@ public:
     /// Told of each placement, once it is written down.
     std::function<void(const OutcomeReport &)> onPerformed;
 
+    void follow(const Settings &settings);
     [[nodiscard]] WindowManager &windowManager() { return m_windowManager; }
 
     OutcomeReport perform(Placement placement);

@@ -9,8 +9,8 @@
 #include "UserDefaults.h"
 
 #include <qcorotask.h>
-#include <QtCore/QCoreApplication>
 #include <QtCore/QJsonDocument>
+#include <QtWidgets/QApplication>
 
 #include <cstdio>
 
@@ -75,8 +75,14 @@ std::optional<CommandResult> answerFromFiles(const CommandLine &line)
     return std::nullopt;
 }
 
-int stay(const QStringList &arguments, const CommandLine &line)
+int stay(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
 {
+    // What desktops bring along for the looks of widgets is four times as large as the whole program.
+    QApplication::setDesktopSettingsAware(false);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    UserDefaults::prepare();
+    const Catalogues catalogues;
     const auto desktop = openDesktop([] {
         std::fputs("Corvane: the desktop is gone.\n", stderr);
         QCoreApplication::exit(1);
@@ -92,12 +98,27 @@ int stay(const QStringList &arguments, const CommandLine &line)
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
-    UserDefaults::prepare();
     LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
     if (line.isCommand() || line.asksForScreens())
         runAtStart(delegate.commands(), line);
     return QCoreApplication::exec();
+}
+
+/// What is done without staying. Nothing when the program is to stay.
+std::optional<int> finishEarly(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
+{
+    const QCoreApplication application(argc, argv);
+    const Catalogues catalogues;
+    if (const auto result = answerFromFiles(line))
+        return finish(*result);
+    if (const auto result = Instance::handOver(arguments))
+        return finish(*result);
+    if (line.isCommand() && !line.asksForScreens())
+        return runOnce(line);
+    if (const QString problem = prepareWindows(); !problem.isEmpty())
+        return finish(failure(CommandResult::refused, problem));
+    return std::nullopt;
 }
 
 } // namespace
@@ -107,17 +128,13 @@ int main(int argc, char **argv)
     // GLib's loop would add its own bookkeeping to every key press.
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
-    QCoreApplication application(argc, argv);
-    const Catalogues catalogues;
-    const QStringList arguments =
-        CommandLine::withAbsolutePaths(QCoreApplication::arguments().mid(1));
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    arguments = CommandLine::withAbsolutePaths(arguments);
     const auto line = CommandLine::parse(arguments);
     if (!line)
         return finish(failure(CommandResult::misused, line.error()));
-    if (const auto result = answerFromFiles(*line))
-        return finish(*result);
-    if (const auto result = Instance::handOver(arguments))
-        return finish(*result);
-    const bool isDoneAtOnce = line->isCommand() && !line->asksForScreens();
-    return isDoneAtOnce ? runOnce(*line) : stay(arguments, *line);
+    const auto status = finishEarly(argc, argv, arguments, *line);
+    return status ? *status : stay(argc, argv, arguments, *line);
 }

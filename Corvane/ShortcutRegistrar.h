@@ -1,0 +1,34 @@
+#pragma once
+
+#include "AppModel.h"
+#include "HotKey.h"
+
+#include <memory>
+#include <vector>
+
+namespace corvane {
+
+/// Keeps the model's shortcuts registered as system-wide hot keys.
+class ShortcutRegistrar final
+{
+public:
+    explicit ShortcutRegistrar(AppModel &model) : m_model(model) { }
+
+    std::function<void(Placement)> onPlacement;
+    std::function<void(const QUuid &)> onLayout;
+
+    /// Registers the whole set afresh and tells the model which were refused. One line that says how
+    /// it went.
+    QString registerAll();
+    /// Until the next `registerAll`.
+    void suspend() { m_hotKeys.clear(); }
+
+private:
+    [[nodiscard]] bool registerOne(const KeyCombo &combo, const ShortcutOwner &owner);
+    void press(const ShortcutOwner &owner) const;
+
+    AppModel &m_model;
+    std::vector<std::unique_ptr<HotKey>> m_hotKeys;
+};
+
+} // namespace corvane
