@@ -204,7 +204,8 @@ KeyCaps keyCaps(const QStringList &parts, const Style &style)
 
 Places places(const QRectF &rect, const Row &row, const Style &style, Kind kind)
 {
-    Places places{.field = fieldOf(rect)};
+    Places places;
+    places.field = fieldOf(rect);
     const double left = rect.left() + margin();
     const double right = rect.right() - margin();
     places.icon = QRectF(left, rect.top(), style.iconSlot, rect.height());
