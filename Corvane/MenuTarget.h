@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Competitors.h"
+#include "Placement.h"
+
+#include <QtCore/QUuid>
+
+#include <functional>
+
+namespace corvane {
+
+/// What the rows of the menus do. All are filled in before a row is chosen.
+struct MenuTarget {
+    std::function<void(Placement)> perform;
+    std::function<void(const QUuid &)> applyLayout;
+    std::function<void()> captureLayout;
+
+    std::function<void()> grantAccess;
+    std::function<void()> openShortcuts;
+    std::function<void(const Competitor::Running &)> quitCompetitor;
+    std::function<void()> openUpdates;
+
+    std::function<void()> openAbout;
+    std::function<void()> openSettings;
+    std::function<void()> openTremorLog;
+    std::function<void()> openWebsite;
+    std::function<void()> showTour;
+
+    std::function<void()> hide;
+    std::function<void()> hideOthers;
+    std::function<void()> showAll;
+    std::function<void()> quit;
+
+    std::function<void()> undo; ///< where no text field has the focus
+    std::function<void()> redo;
+};
+
+} // namespace corvane
