@@ -19,6 +19,7 @@ public:
     [[nodiscard]] Rect iconPlace() const;
     /// Whether anything is drawn there.
     [[nodiscard]] bool showsIcon() const;
+    [[nodiscard]] bool isRunning() { return m_process->isRunning(); }
     void stop();
 
 private:
