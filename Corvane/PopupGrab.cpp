@@ -1,11 +1,33 @@
 #include "PopupGrab.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtGui/QWindow>
 #include <QtWidgets/QMenu>
+
+#include <cstdlib>
+#include <xcb/xcb.h>
 
 namespace corvane {
 
 using namespace std::chrono_literals;
+
+namespace {
+
+// Qt takes any answer of the server for consent, a refusal too.
+bool isPointerFree(const QWindow &window)
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return true;
+    const auto cookie = xcb_grab_pointer(x11->connection(), 0,
+        static_cast<xcb_window_t>(window.winId()), XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+        XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    const std::unique_ptr<xcb_grab_pointer_reply_t, void (*)(void *)> reply(
+        xcb_grab_pointer_reply(x11->connection(), cookie, nullptr), std::free);
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+} // namespace
 
 PopupGrab::PopupGrab(QObject *parent) : QObject(parent)
 {
@@ -26,7 +48,8 @@ void PopupGrab::attempt()
     if (!m_menu->isVisible())
         return;
     QWindow *window = m_menu->windowHandle();
-    if (window->setKeyboardGrabEnabled(true) && window->setMouseGrabEnabled(true))
+    if (window->setKeyboardGrabEnabled(true) && isPointerFree(*window)
+        && window->setMouseGrabEnabled(true))
         return;
     if (m_deadline.hasExpired())
         m_menu->close();

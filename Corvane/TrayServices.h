@@ -9,8 +9,8 @@ namespace corvane {
 
 /// What the session bus says of the programs that show status items.
 struct TrayServices {
-    QString watcher; ///< who keeps the list of status items, by its unique name; empty for nobody
-    QString shell; ///< GNOME's, likewise
+    QString watcher{}; ///< who keeps the list of status items, by its unique name; empty for nobody
+    QString shell{}; ///< GNOME's, likewise
     bool hasHost = false; ///< somebody shows what is on the list
     bool hasIndicators = false; ///< Unity's kind of host
     bool hasPlasma = false;

@@ -7,6 +7,7 @@ namespace corvane::desktop {
 
 /// Physical keys by evdev code, which no keyboard layout changes.
 enum class Key : quint8 {
+    escape = 1,
     digit1 = 2,
     minus = 12,
     equal = 13,

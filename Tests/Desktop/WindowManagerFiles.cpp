@@ -75,8 +75,7 @@ KeyTaskBarSwitchNext=""
 const char *const icewmWorkspaces = R"(WorkspaceNames=" 1 "
 )";
 
-const char *const fluxboxFile = R"(session.screen0.toolbar.visible: false
-session.screen0.slit.autoHide: true
+const char *const fluxboxFile = R"(session.screen0.slit.autoHide: true
 session.screen0.workspaces: 1
 session.screen0.focusNewWindows: true
 session.screen0.focusModel: ClickToFocus
@@ -117,6 +116,15 @@ Number=1
 [Plugins]
 kwin4_effect_startupfeedbackEnabled=false
 )";
+
+// In a home without this folder fluxbox writes its own files over any given ones.
+QList<WindowManagerFiles::File> fluxboxFiles(const QByteArray &toolbar)
+{
+    return {{u"../.fluxbox/init"_s, fluxboxFile + toolbar}, {u"../.fluxbox/keys"_s, "# none\n"},
+        {u"../.fluxbox/apps"_s, "# none\n"}, {u"../.fluxbox/menu"_s, "# none\n"},
+        {u"../.fluxbox/windowmenu"_s, "# none\n"},
+        {u"../.fluxbox/overlay"_s, "background: none\n"}};
+}
 
 // One "[schema]" section with every key of the list unbound.
 QByteArray unbound(const QByteArray &section, const QByteArray &value, const QByteArrayList &keys)
@@ -184,12 +192,11 @@ const QList<WindowManagerFiles> &WindowManagerFiles::all()
         {u"icewm"_s, u"icewm"_s, {}, u"--replace"_s, u"IceWM"_s,
             {{u"icewm/preferences"_s, QByteArray(icewmFile) + icewmWorkspaces},
                 {u"icewm/keys"_s, "# none\n"}, {u"icewm/startup"_s, ""}}},
-        // In a home without this folder fluxbox writes its own files over any given ones.
         {u"fluxbox"_s, u"fluxbox"_s, {}, QString(), u"Fluxbox"_s,
-            {{u"../.fluxbox/init"_s, fluxboxFile}, {u"../.fluxbox/keys"_s, "# none\n"},
-                {u"../.fluxbox/apps"_s, "# none\n"}, {u"../.fluxbox/menu"_s, "# none\n"},
-                {u"../.fluxbox/windowmenu"_s, "# none\n"},
-                {u"../.fluxbox/overlay"_s, "background: none\n"}}},
+            fluxboxFiles("session.screen0.toolbar.visible: false\n")},
+        {u"fluxbox-tray"_s, u"fluxbox"_s, {}, QString(), u"Fluxbox"_s,
+            fluxboxFiles("session.screen0.toolbar.tools: iconbar, systemtray\n"
+                         "session.screen0.toolbar.widthPercent: 100\n")},
         {u"i3"_s, u"i3"_s, {u"-c"_s, u"%1/i3/floating"_s}, u"--replace"_s, u"i3"_s,
             {{u"i3/floating"_s, floatingFile}}},
         {u"i3-tiling"_s, u"i3"_s, {u"-c"_s, u"%1/i3/tiling"_s}, u"--replace"_s, u"i3"_s,

@@ -18,7 +18,7 @@ public:
     /// windows; the error is a sentence.
     [[nodiscard]] static expected<std::unique_ptr<WindowManagerProcess>, QString> start(
         VirtualDesktop &desktop, const QString &name, Takeover takeover = Takeover::none);
-    /// The nine target window managers, and "i3-tiling".
+    /// The nine target window managers, "i3-tiling", and "fluxbox-tray", whose toolbar takes icons in.
     [[nodiscard]] static QStringList names();
     [[nodiscard]] static bool canReplace(const QString &name);
 

@@ -1,0 +1,221 @@
+#include "LiveDesk.h"
+#include "PanelProcess.h"
+#include "PointerPresser.h"
+#include "PopupProbe.h"
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Button = PointerPresser::Button;
+
+constexpr Rect somewhere{500, 300, 600, 400};
+/// Rows above that of the halves, without any problem to be told and without layouts.
+constexpr int rowsAboveHalves = 3;
+
+Point centre(const Rect &rect)
+{
+    return {rect.midX(), rect.midY()};
+}
+
+/// On fluxbox-tray the icon's window stands in the window manager's own toolbar, else a panel draws
+/// the icon.
+class TrayTests : public LiveTests
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(LiveTests::SetUp());
+        pointer().moveTo({900, 900});
+        if (!isEmbedded())
+            startPanel();
+        m_window = showFocused({.geometry = somewhere});
+    }
+
+    static bool isEmbedded() { return isManager({"fluxbox-tray"}); }
+    PointerPresser pointer() { return PointerPresser(desktop().connection()); }
+    QList<xcb_window_t> menus()
+    {
+        return PopupProbe(desktop().connection()).openMenus(corvane().pid());
+    }
+
+    void startPanel()
+    {
+        auto panel = PanelProcess::start(desktop());
+        ASSERT_TRUE(panel) << qPrintable(panel.error());
+        m_panel = std::move(*panel);
+    }
+
+    Rect icon()
+    {
+        if (m_panel) {
+            EXPECT_TRUE(waitUntil([this] { return m_panel->showsIcon(); }));
+            return m_panel->iconPlace();
+        }
+        xcb_window_t icon = XCB_WINDOW_NONE;
+        EXPECT_TRUE(waitUntil([&] {
+            icon = PopupProbe(desktop().connection()).trayIcon(corvane().pid());
+            return icon != XCB_WINDOW_NONE;
+        }));
+        return frame(icon);
+    }
+
+    /// Clicks on the icon; the menu's place once it is there.
+    std::optional<Rect> openMenu(Button button = Button::left)
+    {
+        pointer().click(centre(icon()), button);
+        if (!waitUntil([this] { return menus().size() == 1; }))
+            return std::nullopt;
+        return probe().clientGeometry(menus().first());
+    }
+    bool isClosed()
+    {
+        return waitUntil([this] { return menus().isEmpty(); });
+    }
+
+    void press(Key key) { LiveTests::press({0, key}); }
+
+    /// What the keyboard has just lit.
+    Rect litRow(const Rect &menu, const QByteArray &before)
+    {
+        const qsizetype line = static_cast<qsizetype>(menu.width) * bytesPerPixel;
+        QByteArray now;
+        const auto differs = [&](qsizetype y) {
+            return now.mid(y * line, line) != before.mid(y * line, line);
+        };
+        EXPECT_TRUE(
+            waitUntil([&] { return (now = pixelsOn(desktop().connection(), menu)) != before; }));
+        qsizetype top = 0;
+        while (top < menu.height && !differs(top))
+            ++top;
+        return {menu.x, menu.y + static_cast<double>(top), menu.width, 12};
+    }
+
+    /// What the hot key makes of the window, which is then put back.
+    Rect leftHalf()
+    {
+        LiveTests::press(strokes::leftHalf);
+        EXPECT_TRUE(waitUntil([this] { return frame(m_window).x == 0; }));
+        const Rect half = frame(m_window);
+        pager().moveResize(m_window, somewhere);
+        EXPECT_TRUE(waitUntil([&] { return frame(m_window).x > half.x; }));
+        return half;
+    }
+
+    xcb_window_t m_window = XCB_WINDOW_NONE;
+    std::unique_ptr<PanelProcess> m_panel;
+};
+
+} // namespace
+
+TEST_F(TrayTests, aClickOpensTheMenuBesideTheIconAndEscapeClosesIt)
+{
+    const Rect place = icon();
+
+    const auto menu = openMenu();
+
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(menu->x >= 0 && menu->maxX() <= standardDisplay.maxX())
+        << testing::PrintToString(*menu);
+    EXPECT_TRUE(menu->y >= 0 && menu->maxY() <= standardDisplay.maxY())
+        << testing::PrintToString(*menu);
+    EXPECT_LE(
+        std::min(std::abs(menu->y - place.maxY()), std::abs(place.y - menu->maxY())), place.height);
+    EXPECT_EQ(probe().activeWindow(), m_window);
+    press(Key::escape);
+    EXPECT_TRUE(isClosed());
+    EXPECT_EQ(probe().activeWindow(), m_window);
+}
+
+TEST_F(TrayTests, aSecondClickOnTheIconClosesTheMenu)
+{
+    ASSERT_TRUE(openMenu());
+
+    pointer().click(centre(icon()));
+
+    EXPECT_TRUE(isClosed());
+    EXPECT_FALSE(waitUntil([this] { return !menus().isEmpty(); }, Milliseconds{500}));
+}
+
+TEST_F(TrayTests, aClickElsewhereClosesTheMenuAndLeavesTheFocus)
+{
+    ASSERT_TRUE(openMenu());
+
+    pointer().click(centre(standardDisplay));
+
+    EXPECT_TRUE(isClosed());
+    EXPECT_EQ(probe().activeWindow(), m_window);
+}
+
+TEST_F(TrayTests, aRightClickOpensAMenu)
+{
+    // A panel that never passes right clicks on draws the menu itself.
+    PopupProbe popups(desktop().connection());
+    pointer().click(centre(icon()), Button::right);
+
+    ASSERT_TRUE(waitUntil([&] { return !popups.openMenus().isEmpty(); }));
+    EXPECT_EQ(menus().isEmpty(), !isEmbedded());
+    EXPECT_EQ(probe().activeWindow(), m_window);
+    press(Key::escape);
+    EXPECT_TRUE(waitUntil([&] { return popups.openMenus().isEmpty(); }));
+}
+
+TEST_F(TrayTests, aPlacementChosenWithTheKeyboardMovesTheWindowThatHadTheFocus)
+{
+    const Rect half = leftHalf();
+    ASSERT_TRUE(openMenu());
+
+    for (int row = 0; row <= rowsAboveHalves; ++row)
+        press(Key::down);
+    press(Key::right);
+    ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
+    press(Key::enter);
+
+    EXPECT_EQ(reached(m_window, half), half);
+    EXPECT_TRUE(isClosed());
+    EXPECT_EQ(probe().activeWindow(), m_window);
+}
+
+TEST_F(TrayTests, aPlacementChosenWithTheMouseMovesTheWindowThatHadTheFocus)
+{
+    const Rect half = leftHalf();
+    const auto menu = openMenu();
+    ASSERT_TRUE(menu);
+    for (int row = 0; row < rowsAboveHalves; ++row)
+        press(Key::down);
+    const QByteArray before = settled([&] { return pixelsOn(desktop().connection(), *menu); });
+    press(Key::down);
+
+    pointer().click(centre(litRow(*menu, before)));
+    ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
+    const Rect submenu = frame(menus().last());
+    pointer().click({submenu.midX(), submenu.y + 16});
+
+    EXPECT_EQ(reached(m_window, half), half);
+    EXPECT_TRUE(isClosed());
+    EXPECT_EQ(probe().activeWindow(), m_window);
+}
+
+TEST_F(TrayTests, withoutATrayTheProgramSaysSoOnceAndStaysReachable)
+{
+    if (isEmbedded())
+        GTEST_SKIP() << "the tray is the window manager's";
+    m_panel->stop();
+    ASSERT_TRUE(waitUntil([this] { return !m_panel->isRunning(); }));
+    corvane().stop();
+    ASSERT_TRUE(corvane().start());
+
+    ASSERT_TRUE(corvane().waitForLog(u"no tray"_s, 0, Milliseconds{20000}));
+    EXPECT_TRUE(moved(corvane().place(u"rightHalf"_s)));
+    EXPECT_EQ(corvane().ask({u"--pop-menu"_s}).exitStatus, 0);
+    EXPECT_TRUE(waitUntil([this] { return menus().size() == 1; }));
+    press(Key::escape);
+    EXPECT_TRUE(isClosed());
+    EXPECT_EQ(corvane().log().filter(u"no tray"_s).size(), 1);
+}
+
+} // namespace corvane::desktop
