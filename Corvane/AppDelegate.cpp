@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "FlightRecorder.h"
+#include "Identity.h"
 #include "LayoutReport.h"
 #include "Platform.h"
 #include "Screens.h"
@@ -44,8 +45,10 @@ AppDelegate::AppDelegate(Log log)
     , m_trust(m_model)
     , m_competitors(m_model)
     , m_loginItem(m_model)
-    , m_menus(m_model)
+    , m_menus(m_model, menuTarget())
 {
+    m_commands.onPopMenu = [this] { m_menus.popUp(); };
+    m_commands.onRenderStatusIcon = StatusIcon::render;
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_pruning, &QTimer::timeout, this, [this] {
@@ -189,6 +192,36 @@ void AppDelegate::show(const ScreenFlags &flags)
     // There is no window yet that could say so.
     if (!result.error.isEmpty())
         m_model.onNotify(u"Corvane"_s, result.error.trimmed());
+}
+
+void AppDelegate::show(SettingsPane pane)
+{
+    show({.pane = pane});
+}
+
+MenuTarget AppDelegate::menuTarget()
+{
+    return {
+        .perform = [this](Placement placement) { perform(placement); },
+        .applyLayout = [this](const QUuid &id) { applyLayout(id); },
+        .captureLayout = [this] { captureLayout(); },
+        .grantAccess = [] { Accessibility::openSettings(); },
+        .openShortcuts = [this] { show(SettingsPane::shortcuts); },
+        .quitCompetitor =
+            [this](const Competitor::Running &competitor) { m_model.quit(competitor.application); },
+        .openUpdates = [this] { show({.checkForUpdates = true}); },
+        .openAbout = [this] { show(SettingsPane::about); },
+        .openSettings = [this] { show({.openSettings = true}); },
+        .openTremorLog = [this] { show(SettingsPane::tremorLog); },
+        .openWebsite = [] { Platform::current().session().openAddress(QUrl(Identity::website)); },
+        .showTour = [this] { show({.showTour = true}); },
+        .hide = {},
+        .hideOthers = {},
+        .showAll = {},
+        .quit = [] { QCoreApplication::quit(); },
+        .undo = [this] { m_model.undo(); },
+        .redo = [this] { m_model.redo(); },
+    };
 }
 
 void AppDelegate::log(const QString &line) const

@@ -40,6 +40,8 @@ private:
     void captureLayout();
     void tellWhatFailed();
     void show(const ScreenFlags &flags);
+    void show(SettingsPane pane);
+    [[nodiscard]] MenuTarget menuTarget();
     void keepRecentMovesPruned();
     void log(const QString &line) const;
 

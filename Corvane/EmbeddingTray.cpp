@@ -31,9 +31,9 @@ xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t cookie)
 EmbeddingTray::EmbeddingTray(QObject *parent) : QObject(parent)
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    m_connection = x11 ? x11->connection() : nullptr;
+    if (!m_connection)
         return;
-    m_connection = x11->connection();
     const auto selection = ask(m_connection, "_NET_SYSTEM_TRAY_S0");
     const auto manager = ask(m_connection, "MANAGER");
     m_selection = atom(m_connection, selection);

@@ -1,25 +1,38 @@
 #pragma once
 
-#include "AppModel.h"
+#include "MainMenu.h"
+#include "StatusIcon.h"
 #include "StatusItem.h"
+#include "StatusMenu.h"
 
 namespace corvane {
 
-/// The status item with its menus, and the main menu, each as the model is when it opens.
+/// The status item and its menus, which follow the model.
 class MenuBoard final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit MenuBoard(AppModel &model) : m_model(model) { }
+    MenuBoard(AppModel &model, const MenuTarget &target);
 
-    void start() { m_item.setVisible(true); }
-    void rebuild() {}
-    void popUp() { m_item.popUp(); }
+    /// Shows the status item, if the settings want one.
+    void start();
+    /// Soon, and once for any number of calls.
+    void rebuild();
+    /// Opens the status menu without a click.
+    void popUp();
 
 private:
+    void prepareToOpen();
+    void fill();
+    void drawIcon();
+
     AppModel &m_model;
+    StatusMenu m_drawn;
+    StatusMenu m_plain;
     StatusItem m_item;
+    bool m_isStale = true; ///< the menus differ from the model
+    bool m_isFillPending = false;
 };
 
 } // namespace corvane

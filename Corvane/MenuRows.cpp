@@ -73,7 +73,9 @@ QMenu *MenuRows::makeMenu(QWidget *parent)
 QAction *MenuRows::add(QMenu &menu, const Row &row, std::function<void()> perform, QAction *before)
 {
     auto *action = new QAction(&menu);
-    connect(action, &QAction::triggered, this, std::move(perform));
+    action->setEnabled(bool(perform));
+    if (perform)
+        connect(action, &QAction::triggered, this, std::move(perform));
     note(*action, row);
     menu.insertAction(before, action);
     return action;

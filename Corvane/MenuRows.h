@@ -83,7 +83,7 @@ public:
 
     /// An empty menu in this form. Of its rows only those added here are drawn.
     [[nodiscard]] QMenu *makeMenu(QWidget *parent);
-    /// Before `before`, or at the end.
+    /// Before `before`, or at the end. Disabled where there is nothing to perform.
     QAction *add(
         QMenu &menu, const Row &row, std::function<void()> perform, QAction *before = nullptr);
     QMenu *addSubmenu(QMenu &menu, const Row &row);

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// What the rows of the menus do. All are filled in before a row is chosen.
+/// What the rows of the menus do. A row without a function is disabled.
 struct MenuTarget {
     std::function<void(Placement)> perform;
     std::function<void(const QUuid &)> applyLayout;
