@@ -45,8 +45,10 @@ expected<void, QString> selectLayout(const ScreenFlags &flags, AppModel &model)
                     .arg(layout->panes.size()));
         model.pendingLayout = layout->id;
     }
-    model.pendingPaneIndex = flags.selectPane;
-    model.pendingAppPicker = flags.openAppPicker;
+    if (flags.selectPane)
+        model.pendingPaneIndex = flags.selectPane;
+    if (flags.openAppPicker)
+        model.pendingAppPicker = true;
     return {};
 }
 

@@ -40,7 +40,8 @@ QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments)
 /// What the first start was asked, besides staying.
 QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
 {
-    finish(co_await commands.run(line));
+    const CommandResult result = co_await commands.run(line);
+    finish(result);
 }
 
 int runOnce(const CommandLine &line)

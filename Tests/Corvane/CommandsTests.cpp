@@ -29,13 +29,6 @@ protected:
                     : failure(CommandResult::misused, line.error());
     }
 
-    void startCompetitor(const QString &bundleID, const QString &name)
-    {
-        const pid_t pid = platform.desktop().start(bundleID, name);
-        platform.desktop().openWindow(pid, {.title = name, .frame = {0, 0, 300, 200}});
-        platform.deliver();
-    }
-
     QTemporaryDir folder;
     SimulatedPlatform platform;
     AppModel model{
@@ -48,13 +41,8 @@ protected:
 
 TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
 {
-    const struct {
-        const char *arguments;
-        QString pane;
-        const char *window;
-    } requests[]{
+    const std::tuple<const char *, QString, const char *> requests[]{
         {"", u"general"_s, "settings window"},
-        {"--open-settings", u"general"_s, "settings window"},
         {"--verbose", u"general"_s, "settings window"},
         {"--open-settings --pane about", u"about"_s, "settings window"},
         {"corvane://settings/tremorLog", u"tremorLog"_s, "settings window"},
@@ -99,42 +87,32 @@ TEST_F(CommandsTests, aLayoutIsOpenedAtOneOfItsPanes)
     EXPECT_EQ(model.pendingPane.value(), QString());
 }
 
-TEST_F(CommandsTests, theLookIsForcedUntilItQuits)
+TEST_F(CommandsTests, whatTheShellDoesIsHandedToIt)
 {
-    run(u"--appearance dark"_s);
-    EXPECT_TRUE(model.look.value().isDark);
-
-    run(u"--appearance light"_s);
-    EXPECT_FALSE(model.look.value().isDark);
-}
-
-TEST_F(CommandsTests, whatTheDelegateDoesIsHandedToIt)
-{
-    int menus = 0;
-    int checks = 0;
-    QString drawnTo;
+    QStringList done;
     EXPECT_THAT(run(u"--render-status-icon a.png"_s).error.toStdString(), HasSubstr("later"));
-    commands.onPopMenu = [&menus] { ++menus; };
-    model.onCheckForUpdatesNow = [&checks] { ++checks; };
-    commands.onRenderStatusIcon = [&drawnTo](const QString &path) -> expected<void, QString> {
-        drawnTo = path;
-        return unexpected<QString>(u"The disk is full."_s);
+    commands.onPopMenu = [&done] { done << u"menu"_s; };
+    model.onCheckForUpdatesNow = [&done] { done << u"check"_s; };
+    commands.onRenderStatusIcon = [&done](const QString &path) {
+        done << path;
+        return expected<void, QString>(tl::unexpect, u"The disk is full."_s);
     };
 
-    run(u"--pop-menu --check-for-updates"_s);
-    const CommandResult drawn = run(u"--render-status-icon /tmp/a.png"_s);
+    EXPECT_EQ(run(u"--pop-menu --check-for-updates --appearance dark"_s), CommandResult{});
+    EXPECT_EQ(run(u"--render-status-icon /tmp/a.png"_s),
+        failure(CommandResult::refused, u"The disk is full."_s));
 
-    EXPECT_EQ(menus, 1);
-    EXPECT_EQ(checks, 1);
-    EXPECT_EQ(drawnTo, u"/tmp/a.png"_s);
-    EXPECT_EQ(drawn, failure(CommandResult::refused, u"The disk is full."_s));
+    EXPECT_EQ(done, (QStringList{u"check"_s, u"menu"_s, u"/tmp/a.png"_s}));
+    EXPECT_TRUE(model.look.value().isDark);
 }
 
 TEST_F(CommandsTests, everyRunningCompetitorIsAskedToQuit)
 {
     EXPECT_EQ(run(u"--quit-competitors"_s).output, u"No other window manager is running.\n"_s);
-    startCompetitor(u"com.manytricks.Moom"_s, u"Moom"_s);
-    startCompetitor(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
+    for (const QString &id : {u"com.manytricks.Moom"_s, u"com.irradiatedsoftware.SizeUp"_s})
+        platform.desktop().openWindow(
+            platform.desktop().start(id, {}), {.title = {}, .frame = {0, 0, 300, 200}});
+    platform.deliver();
 
     const CommandResult asked = run(u"--quit-competitors"_s);
     platform.deliver();
