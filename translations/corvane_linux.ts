@@ -32,6 +32,25 @@
     </message>
 </context>
 <context>
+    <name>AppStatus</name>
+    <message>
+        <source>Waiting on Accessibility</source>
+        <translation>Waiting for a window manager</translation>
+    </message>
+    <message>
+        <source>A shortcut is not working</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is also running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Appearance</name>
     <message>
         <source>Match Mac</source>
@@ -236,6 +255,102 @@
     </message>
 </context>
 <context>
+    <name>MainMenu</name>
+    <message>
+        <source>Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide Others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Placements</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Menu</name>
+    <message>
+        <source>made for displays that are not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MenuHeader</name>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MenuRows</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PaneResult</name>
     <message>
         <source>its display is not connected</source>
@@ -410,6 +525,21 @@
     </message>
 </context>
 <context>
+    <name>StatusIcon</name>
+    <message>
+        <source>Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane, needs attention</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The status icon could not be written to %1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>StoreProblem</name>
     <message>
         <source>Corvane could not read some of your layouts in %1, so it used defaults for them.</source>
@@ -443,6 +573,25 @@
     <name>WindowLayout</name>
     <message>
         <source>No displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppDelegate</name>
+    <message>
+        <source>Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Captured “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its windows come back from Corvane&apos;s menu, under Layouts.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is not complete</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -494,6 +643,114 @@
     </message>
     <message>
         <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::CompetitorWatch</name>
+    <message>
+        <source> and </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is also running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are also running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit it from Corvane&apos;s menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LoginItemSwitch</name>
+    <message>
+        <source>macOS would not add Corvane to Login Items: </source>
+        <translation>Corvane could not be set to open at login: </translation>
+    </message>
+    <message>
+        <source>macOS would not take Corvane out of Login Items: </source>
+        <translation>Corvane could not be kept from opening at login: </translation>
+    </message>
+    <message>
+        <source>macOS is waiting for you to allow Corvane in System Settings → General → Login Items.</source>
+        <translation>Your desktop&apos;s settings keep Corvane from opening at login. Allow it there.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::StatusMenu</name>
+    <message>
+        <source>Accessibility Is Off: Open Accessibility Settings</source>
+        <translation>Windows Cannot Be Moved: Show Why</translation>
+    </message>
+    <message>
+        <source>A Shortcut Is Not Working: Open Shortcuts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shortcuts Are Not Working: Open Shortcuts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 Is Also Running: Quit It</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Update to Corvane %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tremor Log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Website</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit Corvane</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
