@@ -29,7 +29,8 @@ bool isSwitchedOff(const KeyFile &entry)
 /// Quoted as an argument, then escaped as every text of a key file.
 QByteArray execValue(const QString &program)
 {
-    QByteArray argument = "\"";
+    // GLib looks for the first word as it stands, with its percent signs still doubled.
+    QByteArray argument = program.contains(u'%') ? "env \"" : "\"";
     for (const char byte : program.toUtf8()) {
         if (QByteArrayView("\"`$\\").contains(byte))
             argument += '\\';

@@ -2,7 +2,6 @@
 #include "FakeService.h"
 #include "FreedesktopSession.h"
 
-#include <QtCore/QFile>
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusVariant>
 
@@ -24,6 +23,19 @@ protected:
     {
         return eventually([&] { return service.calls.size() >= count; });
     }
+};
+
+class OpeningSession final : public FreedesktopSession
+{
+public:
+    using FreedesktopSession::FreedesktopSession;
+    bool openAddress(const QUrl &address) override
+    {
+        opened << address.toString();
+        return true;
+    }
+
+    QStringList opened;
 };
 
 class NotificationTests : public SessionTests
@@ -144,32 +156,22 @@ TEST_F(LookTests, aPortalThatKnowsNothingLeavesItLight)
 
 TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
 {
-    const EntryFolders folders;
-    const QString opener = folders.addProgram(u"opener"_s);
-    folders.writeFile(
-        u"bin/opener"_s, "#!/bin/sh\necho \"$1\" > \"" + opener.toUtf8() + ".ran\"\n");
-    folders.install(u"browser"_s, "MimeType=inode/directory;\nExec=" + opener.toUtf8() + " %u");
-    folders.writeFile(
-        u"home/applications/mimeinfo.cache"_s, "[MIME Cache]\ninode/directory=browser.desktop;\n");
-    folders.writeFile(u"some file"_s, {});
-    const auto hasOpened = [&] { return QFile::exists(opener + u".ran"_s); };
-    const auto reveal = [&](FreedesktopSession &by) {
-        by.reveal(QUrl::fromLocalFile(folders.path(u"some file"_s)));
-    };
-    FreedesktopSession withoutBus{QDBusConnection(u"none"_s)};
+    const QUrl file = QUrl::fromLocalFile(u"/tmp/some file"_s);
+    OpeningSession onBus;
+    OpeningSession withoutBus{QDBusConnection(u"none"_s)};
     FakeService service{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s};
 
-    reveal(session);
-    ASSERT_TRUE(hasCalls(service, 1));
-    EXPECT_THAT(service.calls[0].arguments()[0].toStringList().join(u' ').toStdString(),
-        testing::MatchesRegex("file:///.*/some%20file"));
-    EXPECT_FALSE(hasOpened());
+    onBus.reveal(file);
+    onBus.reveal(file);
+    withoutBus.reveal(file);
+    ASSERT_TRUE(hasCalls(service, 2));
+    EXPECT_EQ(service.calls[0].arguments()[0], QStringList{u"file:///tmp/some%20file"_s});
+    service.answer(0, {});
+    service.refuse(1);
 
-    service.refuse(0);
-    EXPECT_TRUE(eventually(hasOpened));
-    QFile::remove(opener + u".ran"_s);
-    reveal(withoutBus);
-    EXPECT_TRUE(eventually(hasOpened));
+    EXPECT_TRUE(eventually([&] { return !onBus.opened.isEmpty(); }));
+    EXPECT_THAT(onBus.opened, ElementsAre(u"file:///tmp/"_s));
+    EXPECT_THAT(withoutBus.opened, ElementsAre(u"file:///tmp/"_s));
 }
 
 TEST(SessionWithoutBusTests, nothingIsShownAndTheLookIsLight)
