@@ -13,61 +13,39 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class AutostartEntryTests : public testing::Test
-{
-protected:
+struct AutostartEntryTests : testing::Test {
     EntryFolders folders;
-    AutostartEntry entry{folders.path(u"settings/autostart"_s), u"/usr/bin/corvane"_s};
-
-    void writeEntry(const QByteArray &keys) const
-    {
-        folders.writeFile(u"settings/autostart/app.corvane.Corvane.desktop"_s,
-            "[Desktop Entry]\nType=Application\nName=Corvane\nExec=other\n" + keys);
-    }
-    [[nodiscard]] QByteArray contents() const
-    {
-        QFile file(entry.path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    AutostartEntry entry{folders.path(u"autostart"_s), u"/usr/bin/corvane"_s};
 };
 
 } // namespace
 
-TEST_F(AutostartEntryTests, comesAndGoesAndMayBeAbsentAlready)
+TEST_F(AutostartEntryTests, anEntryComesAndGoesButStaysOffWhereTheUserSwitchedItOff)
 {
-    EXPECT_TRUE(entry.remove());
-    EXPECT_EQ(entry.state(), LoginItem::absent);
-    EXPECT_TRUE(entry.add());
-    EXPECT_EQ(entry.state(), LoginItem::present);
-    EXPECT_TRUE(entry.remove());
-    EXPECT_FALSE(QFile::exists(entry.path()));
-}
-
-TEST_F(AutostartEntryTests, whatTheUserSwitchedOffStaysOff)
-{
-    for (const QByteArray off : {"Hidden=true", "X-GNOME-Autostart-enabled=false",
-             "X-MATE-Autostart-enabled=false", "X-GNOME-Autostart-enabled=perhaps"}) {
-        writeEntry(off);
-        const QByteArray before = contents();
-
-        EXPECT_TRUE(entry.add()) << off.constData();
-
-        EXPECT_EQ(entry.state(), LoginItem::awaitsApproval) << off.constData();
-        EXPECT_EQ(contents(), before);
-    }
-    EXPECT_TRUE(entry.remove());
-    EXPECT_EQ(entry.state(), LoginItem::absent);
-}
-
-TEST_F(AutostartEntryTests, anEntryThatIsOnIsBroughtUpToDateAndABrokenOneReplaced)
-{
-    for (const QByteArray keys : {"Hidden=false", "X-GNOME-Autostart-enabled=true", "[broken"}) {
-        writeEntry(keys);
+    using enum LoginItem;
+    struct Case {
+        QByteArray keys;
+        LoginItem before;
+        LoginItem after;
+    };
+    for (const auto &[keys, before, after] :
+        {Case{"[broken", absent, present}, Case{"Hidden=true", awaitsApproval, awaitsApproval},
+            Case{"X-GNOME-Autostart-enabled=false", awaitsApproval, awaitsApproval},
+            Case{"X-MATE-Autostart-enabled=false", awaitsApproval, awaitsApproval},
+            Case{"Hidden=false\nX-GNOME-Autostart-enabled=true", present, present}}) {
+        EXPECT_TRUE(entry.remove());
+        EXPECT_TRUE(entry.remove());
+        EXPECT_EQ(entry.state(), absent);
+        folders.writeFile(u"autostart/app.corvane.Corvane.desktop"_s,
+            "[Desktop Entry]\nType=Application\nName=Corvane\nExec=other\n" + keys);
+        EXPECT_EQ(entry.state(), before) << keys.constData();
 
         EXPECT_TRUE(entry.add());
 
-        EXPECT_EQ(entry.state(), LoginItem::present) << keys.constData();
-        EXPECT_TRUE(contents().contains("Exec=\"/usr/bin/corvane\"\n")) << keys.constData();
+        EXPECT_EQ(entry.state(), after) << keys.constData();
+        QFile file(entry.path());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll().contains("\nExec=\"/usr/bin/corvane\"\n"), after == present);
     }
 }
 
@@ -76,11 +54,9 @@ TEST_F(AutostartEntryTests, everyPathIsStartedAsItIs)
     for (const QString &program : {u"/opt/two words/corvane"_s, u"/opt/\"it's\"/corvane"_s,
              u"/opt/$HOME `id`/corvane"_s, u"/opt/100%/%U/corvane"_s, u"/opt/a\\nb\\\\c"_s,
              u"/opt/two\nlines\t"_s, u"/opt/Größe;#~&"_s}) {
-        const AutostartEntry odd(folders.path(u"home/applications"_s), program);
-        EXPECT_TRUE(odd.add());
+        EXPECT_TRUE(AutostartEntry(folders.path(u"home/applications"_s), program).add());
 
-        DesktopEntries entries;
-        const auto read = entries.entry(u"app.corvane.Corvane"_s);
+        const auto read = DesktopEntries().entry(u"app.corvane.Corvane"_s);
 
         ASSERT_TRUE(read) << qPrintable(program);
         EXPECT_EQ(ownPrograms(*read), QByteArrayList{program.toUtf8()});
@@ -89,12 +65,10 @@ TEST_F(AutostartEntryTests, everyPathIsStartedAsItIs)
 
 TEST_F(AutostartEntryTests, whatCannotBeChangedIsToldInOneSentenceAndStays)
 {
-    folders.writeFile(u"file"_s, {});
-    const AutostartEntry below(folders.path(u"file"_s), u"/usr/bin/corvane"_s);
-    const AutostartEntry device(u"/proc"_s, u"/usr/bin/corvane"_s);
-    folders.writeFile(u"settings/autostart/app.corvane.Corvane.desktop/in the way"_s, {});
+    const AutostartEntry readOnly(u"/proc"_s, u"/usr/bin/corvane"_s);
+    folders.writeFile(u"autostart/app.corvane.Corvane.desktop/in the way"_s, {});
 
-    for (const auto &result : {below.add(), device.add(), entry.add(), entry.remove()}) {
+    for (const auto &result : {readOnly.add(), entry.add(), entry.remove()}) {
         ASSERT_FALSE(result);
         EXPECT_THAT(result.error().toStdString(),
             testing::MatchesRegex("\"/.*desktop\" cannot be (written|removed): [^.]+\\."));
@@ -104,7 +78,7 @@ TEST_F(AutostartEntryTests, whatCannotBeChangedIsToldInOneSentenceAndStays)
 
 TEST_F(AutostartEntryTests, theSettingsAreThoseOfTheDesktopThatAreInstalled)
 {
-    const QString path = qEnvironmentVariable("PATH");
+    const QByteArray systemPath = qgetenv("PATH");
     qputenv("PATH", folders.path(u"bin"_s).toLocal8Bit());
     std::ignore = folders.addProgram(u"kcmshell5"_s);
     std::ignore = folders.addProgram(u"gnome-session-properties"_s);
@@ -112,7 +86,7 @@ TEST_F(AutostartEntryTests, theSettingsAreThoseOfTheDesktopThatAreInstalled)
     EXPECT_EQ(autostartSettings({"KDE"}), (QByteArrayList{"kcmshell5", "kcm_autostart"}));
     EXPECT_EQ(autostartSettings({"ubuntu", "GNOME"}), QByteArrayList{"gnome-session-properties"});
     EXPECT_EQ(autostartSettings({"XFCE"}), QByteArrayList());
-    qputenv("PATH", path.toLocal8Bit());
+    qputenv("PATH", systemPath);
 }
 
 } // namespace corvane::freedesktop

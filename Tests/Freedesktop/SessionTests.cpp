@@ -1,9 +1,9 @@
 #include "EntryFolders.h"
-#include "FakeService.h"
 #include "FreedesktopSession.h"
 
+#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusVariant>
+#include <QtDBus/QDBusVirtualObject>
 
 #include <gmock/gmock.h>
 
@@ -14,20 +14,42 @@ using testing::ElementsAre;
 
 namespace {
 
-class SessionTests : public testing::Test
-{
-protected:
-    FreedesktopSession session;
-
-    static bool hasCalls(const FakeService &service, qsizetype count)
+/// A service on the session bus that notes every call, and answers when the test says so.
+struct FakeService final : QDBusVirtualObject {
+    FakeService(const QString &name, const QString &path)
+        : bus(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name))
     {
-        return eventually([&] { return service.calls.size() >= count; });
+        EXPECT_TRUE(bus.registerVirtualObject(path, this) && bus.registerService(name));
     }
+    ~FakeService() override { QDBusConnection::disconnectFromBus(bus.name()); }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &) override
+    {
+        message.setDelayedReply(true);
+        calls << message;
+        return true;
+    }
+    QString introspect(const QString &) const override { return {}; }
+
+    void answer(qsizetype call, const QVariantList &values)
+    {
+        bus.send(calls[call].createReply(values));
+    }
+    void refuse(qsizetype call) { bus.send(calls[call].createErrorReply(QDBusError::Failed, {})); }
+    bool hears(qsizetype count)
+    {
+        return eventually([&] { return calls.size() >= count; });
+    }
+    QVariant argument(qsizetype call, qsizetype index)
+    {
+        return calls.value(call).arguments().value(index);
+    }
+
+    QDBusConnection bus;
+    QList<QDBusMessage> calls;
 };
 
-class OpeningSession final : public FreedesktopSession
-{
-public:
+struct OpeningSession final : FreedesktopSession {
     using FreedesktopSession::FreedesktopSession;
     bool openAddress(const QUrl &address) override
     {
@@ -38,45 +60,34 @@ public:
     QStringList opened;
 };
 
-class NotificationTests : public SessionTests
-{
-protected:
-    FakeService service{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s};
-
-    [[nodiscard]] quint32 replaced(qsizetype call) const
-    {
-        return service.calls.at(call).arguments().at(1).toUInt();
-    }
-    [[nodiscard]] QString body(qsizetype call) const
-    {
-        return service.calls.at(call).arguments().at(4).toString();
-    }
+struct SessionTests : testing::Test {
+    OpeningSession session;
+    OpeningSession withoutBus{QDBusConnection(u"none"_s)};
 };
 
-class LookTests : public SessionTests
-{
-protected:
-    const QString settings = u"org.freedesktop.portal.Settings"_s;
-    const QString group = u"org.freedesktop.appearance"_s;
-    FakeService portal{u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s};
+struct NotificationTests : SessionTests {
+    FakeService service{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s};
+};
+
+struct LookTests : SessionTests {
+    const QString path = u"/org/freedesktop/portal/desktop"_s;
+    FakeService portal{u"org.freedesktop.portal.Desktop"_s, path};
     QList<DesktopLook> changes;
 
     void SetUp() override
     {
-        qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
         QObject::connect(&session, &Session::lookChanged, &session,
             [this](const DesktopLook &look) { changes << look; });
-    }
-    void answer(const QVariantMap &values)
-    {
         EXPECT_EQ(session.look(), DesktopLook());
-        EXPECT_TRUE(hasCalls(portal, 1));
-        portal.answer(0, {QVariant::fromValue(QMap<QString, QVariantMap>{{group, values}})});
+        EXPECT_TRUE(portal.hears(1));
     }
     void change(const QString &key, quint32 value)
     {
-        portal.signal(
-            settings, u"SettingChanged"_s, {group, key, QVariant::fromValue(QDBusVariant(value))});
+        auto signal = QDBusMessage::createSignal(
+            path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        signal << u"org.freedesktop.appearance"_s << key
+               << QVariant::fromValue(QDBusVariant(value));
+        portal.bus.send(signal);
     }
 };
 
@@ -85,68 +96,60 @@ protected:
 TEST_F(NotificationTests, aNotificationTakesThePlaceOfTheLastOneWithItsId)
 {
     session.notify(u"a"_s, u"Title <1>"_s, u"<b>\"x\" & y</b>"_s);
-    ASSERT_TRUE(hasCalls(service, 1));
+    ASSERT_TRUE(service.hears(1));
     EXPECT_EQ(service.calls[0].signature(), u"susssasa{sv}i");
-    EXPECT_EQ(service.calls[0].arguments()[3].toString(), u"Title <1>");
-    EXPECT_EQ(body(0), u"&lt;b&gt;\"x\" &amp; y&lt;/b&gt;");
+    EXPECT_EQ(service.argument(0, 3), u"Title <1>"_s);
+    EXPECT_EQ(service.argument(0, 4), u"&lt;b&gt;\"x\" &amp; y&lt;/b&gt;"_s);
     service.answer(0, {7u});
     session.notify(u"b"_s, {}, {});
-    ASSERT_TRUE(hasCalls(service, 2));
+    ASSERT_TRUE(service.hears(2));
 
     session.notify(u"a"_s, {}, {});
 
-    ASSERT_TRUE(hasCalls(service, 3));
-    EXPECT_EQ(replaced(1), 0u);
-    EXPECT_EQ(replaced(2), 7u);
+    ASSERT_TRUE(service.hears(3));
+    EXPECT_EQ(service.argument(1, 1), 0u);
+    EXPECT_EQ(service.argument(2, 1), 7u);
 }
 
 TEST_F(NotificationTests, whileAnAnswerIsAwaitedOnlyTheNewestWaitsForIt)
 {
     for (const QString &text : {u"first"_s, u"second"_s, u"third"_s})
         session.notify(u"a"_s, {}, text);
-    ASSERT_TRUE(hasCalls(service, 1));
+    ASSERT_TRUE(service.hears(1));
 
     service.answer(0, {7u});
-    ASSERT_TRUE(hasCalls(service, 2));
+    ASSERT_TRUE(service.hears(2));
     service.refuse(1);
     session.notify(u"a"_s, {}, u"fourth"_s);
-    ASSERT_TRUE(hasCalls(service, 3));
+    ASSERT_TRUE(service.hears(3));
 
-    EXPECT_EQ(body(1), u"third");
-    EXPECT_EQ(replaced(1), 7u);
-    EXPECT_EQ(body(2), u"fourth");
-    EXPECT_EQ(replaced(2), 0u);
+    EXPECT_EQ(service.argument(1, 4), u"third"_s);
+    EXPECT_EQ(service.argument(1, 1), 7u);
+    EXPECT_EQ(service.argument(2, 4), u"fourth"_s);
+    EXPECT_EQ(service.argument(2, 1), 0u);
 }
 
-TEST_F(LookTests, isWhatThePortalSaysHoweverWrapped)
+TEST_F(LookTests, isWhatThePortalSaysHoweverWrappedAndOnlyRealChangesAreTold)
 {
-    answer({{u"color-scheme"_s, QVariant::fromValue(QDBusVariant(1u))}, {u"contrast"_s, 1u}});
+    qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
+    const QVariantMap values{
+        {u"color-scheme"_s, QVariant::fromValue(QDBusVariant(1u))}, {u"contrast"_s, 1u}};
+    const QMap<QString, QVariantMap> groups{{u"org.freedesktop.appearance"_s, values}};
+    portal.answer(0, {QVariant::fromValue(groups)});
 
-    EXPECT_TRUE(eventually([this] { return !changes.isEmpty(); }));
-
-    EXPECT_EQ(session.look(), (DesktopLook{true, true}));
-    EXPECT_THAT(changes, ElementsAre(DesktopLook{true, true}));
-}
-
-TEST_F(LookTests, onlyRealChangesAreTold)
-{
-    answer({{u"color-scheme"_s, 0u}});
-
-    for (const quint32 scheme : {2u, 1u, 1u, 0u})
+    for (const quint32 scheme : {1u, 2u, 0u, 1u})
         change(u"color-scheme"_s, scheme);
     change(u"accent-color"_s, 1);
-    change(u"contrast"_s, 1);
+    change(u"contrast"_s, 0);
 
-    EXPECT_TRUE(eventually([this] { return session.look().hasHighContrast; }));
-    EXPECT_THAT(
-        changes, ElementsAre(DesktopLook{true, false}, DesktopLook{}, DesktopLook{false, true}));
-    EXPECT_EQ(portal.calls.size(), 1);
+    EXPECT_TRUE(eventually([this] { return changes.size() == 4; }));
+    EXPECT_THAT(changes,
+        ElementsAre(DesktopLook{true, true}, DesktopLook{false, true}, DesktopLook{true, true},
+            DesktopLook{true, false}));
 }
 
-TEST_F(LookTests, aPortalThatKnowsNothingLeavesItLight)
+TEST_F(LookTests, withoutAnAnswerItStaysLightUntilASettingChanges)
 {
-    EXPECT_EQ(session.look(), DesktopLook());
-    ASSERT_TRUE(hasCalls(portal, 1));
     portal.refuse(0);
     change(u"contrast"_s, 1);
 
@@ -156,33 +159,26 @@ TEST_F(LookTests, aPortalThatKnowsNothingLeavesItLight)
 
 TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
 {
-    const QUrl file = QUrl::fromLocalFile(u"/tmp/some file"_s);
-    OpeningSession onBus;
-    OpeningSession withoutBus{QDBusConnection(u"none"_s)};
-    FakeService service{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s};
+    FakeService browser{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s};
 
-    onBus.reveal(file);
-    onBus.reveal(file);
-    withoutBus.reveal(file);
-    ASSERT_TRUE(hasCalls(service, 2));
-    EXPECT_EQ(service.calls[0].arguments()[0], QStringList{u"file:///tmp/some%20file"_s});
-    service.answer(0, {});
-    service.refuse(1);
+    for (OpeningSession *each : {&session, &session, &withoutBus})
+        each->reveal(QUrl::fromLocalFile(u"/tmp/some file"_s));
+    ASSERT_TRUE(browser.hears(2));
+    EXPECT_EQ(browser.argument(0, 0), QStringList{u"file:///tmp/some%20file"_s});
+    browser.answer(0, {});
+    browser.refuse(1);
 
-    EXPECT_TRUE(eventually([&] { return !onBus.opened.isEmpty(); }));
-    EXPECT_THAT(onBus.opened, ElementsAre(u"file:///tmp/"_s));
+    EXPECT_TRUE(eventually([&] { return !session.opened.isEmpty(); }));
+    EXPECT_THAT(session.opened, ElementsAre(u"file:///tmp/"_s));
     EXPECT_THAT(withoutBus.opened, ElementsAre(u"file:///tmp/"_s));
 }
 
-TEST(SessionWithoutBusTests, nothingIsShownAndTheLookIsLight)
+TEST_F(SessionTests, withoutABusNothingIsShownAndTheLookIsLight)
 {
-    FreedesktopSession session{QDBusConnection(u"none"_s)};
-
     for (const QString &text : {u"first"_s, u"second"_s})
-        session.notify(u"a"_s, text, text);
+        withoutBus.notify(u"a"_s, text, text);
 
-    EXPECT_EQ(session.look(), DesktopLook());
-    EXPECT_EQ(session.look(), DesktopLook());
+    EXPECT_EQ(withoutBus.look(), DesktopLook());
 }
 
 } // namespace corvane::freedesktop

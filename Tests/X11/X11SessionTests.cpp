@@ -14,28 +14,19 @@ using namespace desktop;
 
 namespace {
 
-const std::array<QByteArray, 2> unlistedStates{
-    "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"};
-
-class X11SessionTests : public testing::Test
-{
-protected:
-    std::unique_ptr<VirtualDesktop> desk;
-    std::unique_ptr<WindowManagerProcess> windowManager;
-    std::unique_ptr<Platform> platform;
+struct X11SessionTests : testing::Test {
+    expected<std::unique_ptr<VirtualDesktop>, QString> desk = VirtualDesktop::start({});
+    expected<std::unique_ptr<WindowManagerProcess>, QString> windowManager;
+    expected<std::unique_ptr<Platform>, QString> platform;
 
     void SetUp() override
     {
-        auto started = VirtualDesktop::start({});
-        ASSERT_TRUE(started) << qPrintable(started.error());
-        desk = std::move(*started);
-        auto managed = WindowManagerProcess::start(*desk, u"openbox"_s);
-        ASSERT_TRUE(managed) << qPrintable(managed.error());
-        windowManager = std::move(*managed);
-        qputenv("DISPLAY", desk->displayName().toLocal8Bit());
-        auto opened = openX11Platform([] {});
-        ASSERT_TRUE(opened) << qPrintable(opened.error());
-        platform = std::move(*opened);
+        ASSERT_TRUE(desk) << qPrintable(desk.error());
+        windowManager = WindowManagerProcess::start(**desk, u"openbox"_s);
+        ASSERT_TRUE(windowManager) << qPrintable(windowManager.error());
+        qputenv("DISPLAY", (*desk)->displayName().toLocal8Bit());
+        platform = openX11Platform([] {});
+        ASSERT_TRUE(platform) << qPrintable(platform.error());
     }
     static bool eventually(const std::function<bool()> &condition)
     {
@@ -44,58 +35,51 @@ protected:
             return condition();
         });
     }
-    bool isRunning(pid_t pid) { return platform->applications().application(pid).has_value(); }
 };
 
 } // namespace
 
 TEST_F(X11SessionTests, anApplicationIsAskedToCloseItsWindowsAndEndsOnceItHasNone)
 {
-    TestClient client(*desk);
-    TestClient stranger(*desk);
-    const xcb_window_t windows[]{client.show({}), client.show({})};
-    EXPECT_TRUE(eventually([&] { return isRunning(client.pid()); }));
+    Applications &applications = (*platform)->applications();
+    TestClient client(**desk);
+    TestClient stranger(**desk);
+    ASSERT_TRUE(client.show({}) && client.show({}));
+    EXPECT_TRUE(eventually([&] { return applications.application(client.pid()).has_value(); }));
 
-    platform->applications().quit(client.pid());
-    platform->applications().quit(stranger.pid());
+    applications.quit(client.pid());
+    applications.quit(stranger.pid());
 
-    const auto isListed = [&](xcb_window_t window) {
-        return WindowProbe(desk->connection()).clients().contains(window);
-    };
-    EXPECT_TRUE(eventually([&] { return !isListed(windows[0]) && !isListed(windows[1]); }));
+    EXPECT_TRUE(eventually([&] { return WindowProbe((*desk)->connection()).clients().isEmpty(); }));
     EXPECT_TRUE(client.isRunning());
-    platform->applications().quit(client.pid());
+    applications.quit(client.pid());
     EXPECT_TRUE(eventually([&] { return !client.isRunning(); }));
     EXPECT_TRUE(stranger.isRunning());
 }
 
 TEST_F(X11SessionTests, aWindowIsListedOrNotBeforeItIsShownAndAfterwards)
 {
-    XConnection &connection = desk->connection();
-    Session &session = platform->session();
-    xcb_connection_t *xcb = connection.raw();
-    const xcb_window_t window = xcb_generate_id(xcb);
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, window, connection.root(), 0, 0, 200, 100, 0,
-        XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    XConnection &connection = (*desk)->connection();
+    WindowProbe probe(connection);
+    const xcb_window_t window = xcb_generate_id(connection.raw());
+    xcb_create_window(connection.raw(), XCB_COPY_FROM_PARENT, window, connection.root(), 0, 0, 200,
+        100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     connection.setNumbers(
         window, "_NET_WM_STATE", "ATOM", {connection.atom("_NET_WM_STATE_ABOVE")});
     connection.sync();
-    const auto hasState = [&](const QByteArray &state) {
-        return WindowProbe(connection).hasState(window, state);
-    };
 
-    session.setListed(window, false);
-    EXPECT_TRUE(hasState("_KDE_NET_WM_STATE_SKIP_SWITCHER"));
-    xcb_map_window(xcb, window);
-    EXPECT_TRUE(eventually([&] { return WindowProbe(connection).isManaged(window); }));
-    EXPECT_TRUE(std::ranges::all_of(unlistedStates, hasState));
+    (*platform)->session().setListed(window, false);
+    EXPECT_TRUE(probe.hasState(window, "_KDE_NET_WM_STATE_SKIP_SWITCHER"));
+    xcb_map_window(connection.raw(), window);
+    EXPECT_TRUE(eventually([&] { return probe.isManaged(window); }));
+    EXPECT_TRUE(probe.hasState(window, "_NET_WM_STATE_SKIP_TASKBAR"));
 
     for (const bool isListed : {true, false, true}) {
-        session.setListed(window, isListed);
-        for (const QByteArray &state : unlistedStates)
-            EXPECT_TRUE(eventually([&] { return hasState(state) != isListed; })) << isListed;
+        (*platform)->session().setListed(window, isListed);
+        for (const char *state : {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
+            EXPECT_TRUE(eventually([&] { return probe.hasState(window, state) != isListed; }));
     }
-    EXPECT_TRUE(hasState("_NET_WM_STATE_ABOVE"));
+    EXPECT_TRUE(probe.hasState(window, "_NET_WM_STATE_ABOVE"));
 }
 
 } // namespace corvane
