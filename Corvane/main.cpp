@@ -119,6 +119,8 @@ std::optional<int> finishEarly(int argc, char **argv, const QStringList &argumen
         return runOnce(line);
     if (const QString problem = prepareWindows(); !problem.isEmpty())
         return finish(failure(CommandResult::refused, problem));
+    // Qt lets calls from the bus in only once this event has come, and it would end with this object.
+    QCoreApplication::sendPostedEvents();
     return std::nullopt;
 }
 
