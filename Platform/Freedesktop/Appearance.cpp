@@ -44,6 +44,8 @@ DesktopLook Appearance::look()
 
 void Appearance::ask()
 {
+    // Else the slot is not found by its parameters.
+    qRegisterMetaType<QDBusVariant>();
     // From whomever: to follow one service only, its owner would have to be waited for.
     m_bus.connect({}, path, interface, u"SettingChanged"_s, {appearanceGroup}, u"ssv"_s, this,
         SLOT(takeSetting(QString, QString, QDBusVariant)));
