@@ -160,8 +160,10 @@ TEST_F(TrayTests, aRightClickOpensAMenu)
     ASSERT_TRUE(waitUntil([&] { return !popups.openMenus().isEmpty(); }));
     EXPECT_EQ(menus().isEmpty(), !isEmbedded());
     EXPECT_EQ(probe().activeWindow(), m_window);
-    press(Key::escape);
-    EXPECT_TRUE(waitUntil([&] { return popups.openMenus().isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] {
+        press(Key::escape);
+        return popups.openMenus().isEmpty();
+    }));
 }
 
 TEST_F(TrayTests, aPlacementChosenWithTheKeyboardMovesTheWindowThatHadTheFocus)
