@@ -119,6 +119,9 @@ std::optional<int> finishEarly(int argc, char **argv, const QStringList &argumen
         return runOnce(line);
     if (const QString problem = prepareWindows(); !problem.isEmpty())
         return finish(failure(CommandResult::refused, problem));
+    // Qt hears calls on the bus from the first turn of the event loop on, and forgets that it is to
+    // when this application ends without one.
+    QCoreApplication::sendPostedEvents();
     return std::nullopt;
 }
 
