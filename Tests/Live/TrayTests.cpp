@@ -199,6 +199,33 @@ TEST_F(TrayTests, aPlacementChosenWithTheMouseMovesTheWindowThatHadTheFocus)
     EXPECT_EQ(probe().activeWindow(), m_window);
 }
 
+TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsKeyboardAndPointerGetsThemLater)
+{
+    XConnection &holder = desktop().connection();
+    const xcb_window_t root = holder.root();
+    const auto byKey = [this] { press(Key::escape); };
+    const auto byMouse = [this] { pointer().click(centre(standardDisplay)); };
+    for (const std::function<void()> &close : {std::function<void()>(byKey), {byMouse}}) {
+        xcb_grab_keyboard(
+            holder.raw(), 0, root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        xcb_grab_pointer(holder.raw(), 0, root, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+            XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+        holder.sync();
+        ASSERT_EQ(corvane().ask({u"--pop-menu"_s}).exitStatus, 0);
+        ASSERT_TRUE(waitUntil([this] { return menus().size() == 1; }));
+
+        xcb_ungrab_keyboard(holder.raw(), XCB_CURRENT_TIME);
+        xcb_ungrab_pointer(holder.raw(), XCB_CURRENT_TIME);
+
+        EXPECT_TRUE(waitUntil(
+            [&] {
+                close();
+                return menus().isEmpty();
+            },
+            Milliseconds{2000}));
+    }
+}
+
 TEST_F(TrayTests, withoutATrayTheProgramSaysSoOnceAndStaysReachable)
 {
     if (isEmbedded())
