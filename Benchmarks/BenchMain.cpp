@@ -2,6 +2,7 @@
 #include "IdleBenchmark.h"
 #include "KeyBenchmark.h"
 #include "LayoutBenchmark.h"
+#include "MenuBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
 
@@ -69,7 +70,10 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
         {u"Files"_s, measureStores},
         {u"Start, %1 times"_s.arg(effort.starts),
             [&] { return measureStart(desktop, effort.starts); }},
-        {u"Idle, hot keys registered"_s, [&] { return measureIdle(desktop, effort.idle); }},
+        {u"Idle, hot keys, status item and menu"_s,
+            [&] { return measureIdle(desktop, effort.idle); }},
+        {u"Menu, opened %1 times"_s.arg(effort.starts),
+            [&] { return measureMenu(desktop, effort.starts); }},
         {u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(effort.rounds),
             [&desktop, window, &effort] { return measureKeys(desktop, window, effort.rounds); }},
         {u"Key press to a whole layout on openbox, %1 presses each"_s.arg(effort.layoutRounds),

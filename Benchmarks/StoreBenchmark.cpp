@@ -2,6 +2,7 @@
 
 #include "ActivityLog.h"
 #include "LayoutStore.h"
+#include "SampleLayouts.h"
 #include "Samples.h"
 
 #include <QtCore/QFile>
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int historyLines = 100'000;
 constexpr int layoutCount = 500;
-constexpr int panesPerLayout = 12;
 
 /// In milliseconds.
 double duration(const std::function<void()> &action)
@@ -61,23 +61,6 @@ bool writeHistory(const QString &path)
     return file.open(QFile::WriteOnly) && file.write(text) == text.size();
 }
 
-QList<WindowLayout> manyLayouts()
-{
-    QList<WindowLayout> layouts;
-    for (int number = 0; number < layoutCount; ++number) {
-        WindowLayout layout{.name = u"Layout %1"_s.arg(number)};
-        layout.displays = {{u"Built-in"_s, 1920, 1080}, {u"Desk"_s, 2560, 1440}};
-        for (int pane = 0; pane < panesPerLayout; ++pane)
-            layout.panes << Pane{.display = pane % 2,
-                .rect = {pane / 12.0, 0, 1 / 12.0, 1},
-                .app = AppRef{u"org.example.App%1"_s.arg(pane), u"App %1"_s.arg(pane)},
-                .titleContains = u"Window %1"_s.arg(pane),
-                .stack = pane};
-        layouts << layout;
-    }
-    return layouts;
-}
-
 QByteArray contents(const QString &path)
 {
     QFile file(path);
@@ -96,7 +79,7 @@ Measurements measureStores()
     const QTemporaryDir folder;
     const ActivityLog log(folder.path());
     const LayoutStore layouts(folder.path());
-    if (!writeHistory(log.url().toLocalFile()) || !layouts.save(manyLayouts()))
+    if (!writeHistory(log.url().toLocalFile()) || !layouts.save(sampleLayouts(layoutCount)))
         return unexpected<QString>(u"the files could not be written"_s);
 
     qsizetype found = 0;

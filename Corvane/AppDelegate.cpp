@@ -47,6 +47,8 @@ AppDelegate::AppDelegate(Log log)
     , m_loginItem(m_model)
     , m_menus(m_model, menuTarget())
 {
+    m_shortcuts.onPlacement = [this](Placement placement) { perform(placement); };
+    m_shortcuts.onLayout = [this](const QUuid &layout) { applyLayout(layout); };
     m_commands.onPopMenu = [this] { m_menus.popUp(); };
     m_commands.onRenderStatusIcon = StatusIcon::render;
     m_pruning.setInterval(pruningInterval);

@@ -48,6 +48,7 @@ void StatusItem::setMenus(QMenu *drawn, QMenu *plain)
         m_drawn->disconnect(this);
     m_drawn = drawn;
     m_plain = plain;
+    m_drawn->setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
     connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::noteClosing);
     connect(m_plain, &QMenu::aboutToShow, this, &StatusItem::aboutToOpen);
     follow();
@@ -105,7 +106,9 @@ void StatusItem::show()
 
 void StatusItem::activate(QSystemTrayIcon::ActivationReason reason)
 {
-    const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context;
+    // After Escape, a quick second click counts as a double one.
+    const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context
+        || reason == QSystemTrayIcon::DoubleClick;
     const TrayServices &services = m_services.services();
     const bool isForPanel = services.hasHost && menuForm(services) == MenuForm::exported;
     if (isClick && !isForPanel && !hasClosedByThisClick())

@@ -40,6 +40,15 @@ const char *const panelFile = R"(<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 )";
 
+// An empty desktop keeps the picture of what stood there before.
+void clear(XConnection &connection)
+{
+    const quint32 black = connection.screen().black_pixel;
+    xcb_change_window_attributes(connection.raw(), connection.root(), XCB_CW_BACK_PIXEL, &black);
+    xcb_clear_area(connection.raw(), 0, connection.root(), 0, 0, 0, 0);
+    connection.sync();
+}
+
 } // namespace
 
 PanelProcess::PanelProcess(VirtualDesktop &desktop) : m_desktop(desktop) { }
@@ -52,9 +61,9 @@ expected<std::unique_ptr<PanelProcess>, QString> PanelProcess::start(VirtualDesk
         return unexpected<QString>(u"%1 could not be written"_s.arg(file.fileName()));
     file.write(QByteArray(panelFile).replace("%1", QByteArray::number(height)));
     file.close();
+    clear(desktop.connection());
     std::unique_ptr<PanelProcess> panel(new PanelProcess(desktop));
     panel->m_process = desktop.launch(u"xfce4-panel"_s, {u"--disable-wm-check"_s});
-    WindowProbe probe(desktop.connection());
     const auto isDrawn = [&] {
         const QByteArray pixels = pixelsOn(desktop.connection(), panel->iconPlace());
         return std::ranges::any_of(pixels, [](char each) { return each != 0; });

@@ -4,6 +4,10 @@
 
 namespace corvane::desktop {
 
+namespace {
+constexpr double largestIcon = 64;
+} // namespace
+
 QByteArray pixelsOn(XConnection &connection, const Rect &area)
 {
     const auto cookie = xcb_get_image(connection.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP,
@@ -32,13 +36,16 @@ QList<xcb_window_t> PopupProbe::openMenus(pid_t pid)
 xcb_window_t PopupProbe::trayIcon(pid_t pid)
 {
     WindowProbe probe(m_connection);
+    const auto isIcon = [&](xcb_window_t window) {
+        const auto place = probe.clientGeometry(window);
+        return probe.hasProcess(window, pid) && probe.isViewable(window) && place
+            && place->width <= largestIcon && place->height <= largestIcon;
+    };
     QList<xcb_window_t> windows = childrenOf(m_connection.root());
     for (qsizetype i = 0; i < windows.size(); ++i) {
-        const xcb_window_t window = windows[i];
-        const bool isEmbedded = !m_connection.property(window, "_XEMBED_INFO").isEmpty();
-        if (isEmbedded && probe.hasProcess(window, pid) && probe.isViewable(window))
-            return window;
-        windows << childrenOf(window);
+        if (isIcon(windows[i]))
+            return windows[i];
+        windows << childrenOf(windows[i]);
     }
     return XCB_WINDOW_NONE;
 }
@@ -56,11 +63,18 @@ QList<xcb_window_t> PopupProbe::childrenOf(xcb_window_t window)
 
 bool PopupProbe::isOpenMenu(xcb_window_t window, pid_t pid)
 {
-    WindowProbe probe(m_connection);
+    const auto cookie = xcb_get_window_attributes(m_connection.raw(), window);
+    const Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(m_connection.raw(), cookie, nullptr));
+    if (!attributes || !attributes->override_redirect
+        || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+        return false;
     const QList<quint32> types = m_connection.numbers(window, "_NET_WM_WINDOW_TYPE");
-    const bool isMenu = types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_POPUP_MENU"))
-        || types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"));
-    return isMenu && (pid == 0 || probe.hasProcess(window, pid)) && probe.isViewable(window);
+    const bool isTip = types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_TOOLTIP"));
+    WindowProbe probe(m_connection);
+    // Window managers keep helpers of their own beyond the edge.
+    const bool isOnScreen = probe.clientGeometry(window).value_or(Rect()).maxX() > 0;
+    return isOnScreen && !types.isEmpty() && !isTip && (pid == 0 || probe.hasProcess(window, pid));
 }
 
 } // namespace corvane::desktop

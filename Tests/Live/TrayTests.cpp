@@ -14,8 +14,8 @@ namespace {
 using Button = PointerPresser::Button;
 
 constexpr Rect somewhere{500, 300, 600, 400};
-/// Rows above that of the halves, without any problem to be told and without layouts.
-constexpr int rowsAboveHalves = 3;
+/// Rows above the halves that the arrow keys stop at, without a problem to be told and without layouts.
+constexpr int rowsAboveHalves = 4;
 
 Point centre(const Rect &rect)
 {
@@ -79,20 +79,17 @@ protected:
 
     void press(Key key) { LiveTests::press({0, key}); }
 
-    /// What the keyboard has just lit.
-    Rect litRow(const Rect &menu, const QByteArray &before)
+    /// A point of the row that has just been lit, below the one that was.
+    Point litRow(const Rect &menu, const QByteArray &before)
     {
-        const qsizetype line = static_cast<qsizetype>(menu.width) * bytesPerPixel;
         QByteArray now;
-        const auto differs = [&](qsizetype y) {
-            return now.mid(y * line, line) != before.mid(y * line, line);
-        };
         EXPECT_TRUE(
             waitUntil([&] { return (now = pixelsOn(desktop().connection(), menu)) != before; }));
-        qsizetype top = 0;
-        while (top < menu.height && !differs(top))
-            ++top;
-        return {menu.x, menu.y + static_cast<double>(top), menu.width, 12};
+        const qsizetype line = static_cast<qsizetype>(menu.width) * bytesPerPixel;
+        qsizetype lowest = static_cast<qsizetype>(menu.height) - 1;
+        while (lowest > 0 && now.mid(lowest * line, line) == before.mid(lowest * line, line))
+            --lowest;
+        return {menu.midX(), menu.y + static_cast<double>(lowest) - 8};
     }
 
     /// What the hot key makes of the window, which is then put back.
@@ -160,8 +157,10 @@ TEST_F(TrayTests, aRightClickOpensAMenu)
     ASSERT_TRUE(waitUntil([&] { return !popups.openMenus().isEmpty(); }));
     EXPECT_EQ(menus().isEmpty(), !isEmbedded());
     EXPECT_EQ(probe().activeWindow(), m_window);
-    press(Key::escape);
-    EXPECT_TRUE(waitUntil([&] { return popups.openMenus().isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] {
+        press(Key::escape);
+        return popups.openMenus().isEmpty();
+    }));
 }
 
 TEST_F(TrayTests, aPlacementChosenWithTheKeyboardMovesTheWindowThatHadTheFocus)
@@ -190,7 +189,7 @@ TEST_F(TrayTests, aPlacementChosenWithTheMouseMovesTheWindowThatHadTheFocus)
     const QByteArray before = settled([&] { return pixelsOn(desktop().connection(), *menu); });
     press(Key::down);
 
-    pointer().click(centre(litRow(*menu, before)));
+    pointer().click(litRow(*menu, before));
     ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
     const Rect submenu = frame(menus().last());
     pointer().click({submenu.midX(), submenu.y + 16});
@@ -198,6 +197,33 @@ TEST_F(TrayTests, aPlacementChosenWithTheMouseMovesTheWindowThatHadTheFocus)
     EXPECT_EQ(reached(m_window, half), half);
     EXPECT_TRUE(isClosed());
     EXPECT_EQ(probe().activeWindow(), m_window);
+}
+
+TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsKeyboardAndPointerGetsThemLater)
+{
+    XConnection &holder = desktop().connection();
+    const xcb_window_t root = holder.root();
+    const auto byKey = [this] { press(Key::escape); };
+    const auto byMouse = [this] { pointer().click(centre(standardDisplay)); };
+    for (const std::function<void()> &close : {std::function<void()>(byKey), {byMouse}}) {
+        xcb_grab_keyboard(
+            holder.raw(), 0, root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        xcb_grab_pointer(holder.raw(), 0, root, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
+            XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+        holder.sync();
+        ASSERT_EQ(corvane().ask({u"--pop-menu"_s}).exitStatus, 0);
+        ASSERT_TRUE(waitUntil([this] { return menus().size() == 1; }));
+
+        xcb_ungrab_keyboard(holder.raw(), XCB_CURRENT_TIME);
+        xcb_ungrab_pointer(holder.raw(), XCB_CURRENT_TIME);
+
+        EXPECT_TRUE(waitUntil(
+            [&] {
+                close();
+                return menus().isEmpty();
+            },
+            Milliseconds{2000}));
+    }
 }
 
 TEST_F(TrayTests, withoutATrayTheProgramSaysSoOnceAndStaysReachable)

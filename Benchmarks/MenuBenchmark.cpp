@@ -1,0 +1,129 @@
+#include "MenuBenchmark.h"
+
+#include "CorvaneProcess.h"
+#include "KeyPresser.h"
+#include "PopupProbe.h"
+#include "Programs.h"
+#include "SampleLayouts.h"
+#include "Samples.h"
+
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+
+namespace corvane::bench {
+
+using namespace desktop;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int layoutCount = 50;
+constexpr double millisecondsToPaint = 50;
+
+struct Picture {
+    Rect place;
+    QByteArray pixels;
+};
+
+/// The resident program, asked over the session bus as a second start asks it.
+class MenuStopwatch
+{
+public:
+    explicit MenuStopwatch(VirtualDesktop &desktop)
+        : m_desktop(desktop)
+        , m_bus(QDBusConnection::connectToBus(
+              desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s), u"menu"_s))
+        , m_corvane(desktop, corvaneProgram)
+    {
+    }
+    ~MenuStopwatch() { QDBusConnection::disconnectFromBus(u"menu"_s); }
+    Q_DISABLE_COPY_MOVE(MenuStopwatch)
+
+    [[nodiscard]] bool start() { return m_bus.isConnected() && m_corvane.start(); }
+
+    /// The menu once nothing of it changes any more.
+    [[nodiscard]] std::optional<Picture> look()
+    {
+        popUp();
+        if (!waitUntil([this] { return !menus().isEmpty(); }))
+            return std::nullopt;
+        const Rect place =
+            WindowProbe(m_desktop.connection()).clientGeometry(menus().first()).value_or(Rect());
+        const auto pixels = settled([&] { return pixelsOn(m_desktop.connection(), place); });
+        return close() ? std::optional<Picture>({place, pixels}) : std::nullopt;
+    }
+
+    /// Milliseconds until the screen shows just that.
+    [[nodiscard]] std::optional<double> timeTo(const Picture &picture)
+    {
+        using Clock = std::chrono::steady_clock;
+        const auto start = Clock::now();
+        popUp();
+        while (pixelsOn(m_desktop.connection(), picture.place) != picture.pixels) {
+            if (Clock::now() - start > patience)
+                return std::nullopt;
+        }
+        const std::chrono::duration<double, std::milli> duration = Clock::now() - start;
+        return close() ? std::optional(duration.count()) : std::nullopt;
+    }
+
+private:
+    void popUp()
+    {
+        QDBusMessage call = QDBusMessage::createMethodCall(u"app.corvane.Corvane"_s,
+            u"/app/corvane/Corvane"_s, u"app.corvane.Corvane.Instance"_s, u"Run"_s);
+        call << QStringList{u"--pop-menu"_s};
+        static_cast<void>(m_bus.send(call));
+    }
+    bool close()
+    {
+        KeyPresser(m_desktop.connection()).press({0, Key::escape});
+        return waitUntil([this] { return menus().isEmpty(); });
+    }
+    QList<xcb_window_t> menus()
+    {
+        return PopupProbe(m_desktop.connection()).openMenus(m_corvane.pid());
+    }
+
+    VirtualDesktop &m_desktop;
+    QDBusConnection m_bus;
+    CorvaneProcess m_corvane;
+};
+
+expected<Picture, QString> finishedMenu(VirtualDesktop &desktop)
+{
+    MenuStopwatch trial(desktop);
+    const auto picture = trial.start() ? trial.look() : std::nullopt;
+    if (!picture)
+        return unexpected<QString>(u"no menu appeared:\n%1"_s.arg(desktop.logs()));
+    return *picture;
+}
+
+} // namespace
+
+Measurements measureMenu(VirtualDesktop &desktop, int openings)
+{
+    const StoredLayouts layouts(desktop, layoutCount);
+    const auto picture = finishedMenu(desktop);
+    if (!picture)
+        return unexpected<QString>(picture.error());
+    MenuStopwatch stopwatch(desktop);
+    if (!stopwatch.start())
+        return unexpected<QString>(u"corvane did not start:\n%1"_s.arg(desktop.logs()));
+    QList<double> times;
+    for (int i = 0; i < openings; ++i) {
+        const auto time = stopwatch.timeTo(*picture);
+        if (!time)
+            return unexpected<QString>(u"the menu did not open or looked otherwise"_s);
+        times << *time;
+    }
+    const Limit limit{Limit::Kind::atMost, millisecondsToPaint};
+    return QList<Measurement>{
+        {u"first opening, 50 layouts"_s, times.takeFirst(), u"ms"_s},
+        {u"request to all of the menu on screen, 50 layouts, median"_s, median(times), u"ms"_s,
+            limit},
+        {u"95th percentile"_s, percentile95(times), u"ms"_s},
+    };
+}
+
+} // namespace corvane::bench
