@@ -1,0 +1,13 @@
+#pragma once
+
+#include "MenuRows.h"
+
+#include <QtWidgets/QMenu>
+
+/// What must hold of a menu however large its text is. Each failure is one line.
+namespace corvane::MenuChecks {
+
+[[nodiscard]] QStringList failures(QMenu &menu, const MenuRows &rows);
+[[nodiscard]] QStringList contrastFailures(const DesktopLook &look);
+
+} // namespace corvane::MenuChecks
