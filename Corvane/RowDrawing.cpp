@@ -26,8 +26,8 @@ constexpr double pictureWidth = 20;
 constexpr double pictureHeight = 16;
 constexpr double trailingGap = 28; // at least, behind the title
 constexpr double longestTitle = 340;
-constexpr double chevronWidth = 4;
-constexpr double chevronHeight = 8;
+constexpr double chevronWidth = 5;
+constexpr double chevronHeight = 9;
 
 QFont titleFont(const Row &row, const Style &style)
 {
@@ -119,12 +119,13 @@ void paintIcon(QPainter &painter, const QRectF &slot, const Row &row, const Inks
 
 void paintChevron(QPainter &painter, const QRectF &rect, const QColor &color)
 {
+    const double line = Board::length(15) / 10.0;
+    const QRectF tips = rect.adjusted(line / 2, line / 2, -line / 2, -line / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(color, Board::length(15) / 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(color, line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(
-        QPolygonF{rect.topLeft(), {rect.right(), rect.center().y()}, rect.bottomLeft()});
+        QPolygonF{tips.topLeft(), {tips.right(), tips.center().y()}, tips.bottomLeft()});
     painter.restore();
 }
 

@@ -81,7 +81,7 @@ QStringList failures(QMenu &menu, const MenuRows &rows)
 QStringList contrastFailures(const DesktopLook &look)
 {
     const Board::Palette &palette = Board::palette(look);
-    const QColor litCap = Board::blended(QColor::fromRgbF(1, 1, 1, 0.16F), palette.accent);
+    const QColor litCap = Board::blended(QColor::fromRgbF(1, 1, 1, 0.14F), palette.accent);
     Check check(u"palette, dark %1, high contrast %2"_s.arg(look.isDark).arg(look.hasHighContrast));
     for (const QColor &text : {palette.fore, palette.muted, palette.faint, palette.accentType,
              palette.error, palette.ready, palette.attention}) {
