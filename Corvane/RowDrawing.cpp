@@ -6,6 +6,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
+#include <QtWidgets/QMenu>
 
 #include <algorithm>
 #include <cmath>
@@ -163,6 +164,11 @@ QRectF fieldOf(const QRectF &rect)
 }
 
 } // namespace
+
+Kind kindOf(const QAction &action)
+{
+    return action.menu<QMenu *>() ? Kind::submenu : Kind::action;
+}
 
 QSizeF size(const Row &row, const Style &style, Kind kind)
 {

@@ -43,8 +43,8 @@ QStringList rowFailures(
 {
     Check check(row.title);
     const QRectF rect = menu.actionGeometry(const_cast<QAction *>(&action));
-    const auto kind = action.menu<QMenu *>() ? RowDrawing::Kind::submenu : RowDrawing::Kind::action;
-    const RowDrawing::Places at = RowDrawing::places(rect, row, rows.style, kind);
+    const RowDrawing::Places at =
+        RowDrawing::places(rect, row, rows.styleOf(menu), RowDrawing::kindOf(action));
     const double tall = Board::length(row.subtitle ? 46 : 30);
 
     check.that(QRectF(menu.rect()).contains(rect), u"is within the menu"_s);

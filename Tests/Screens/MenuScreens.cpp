@@ -30,6 +30,14 @@ const QList<Look> &looks()
     return looks;
 }
 
+/// Every row can be chosen.
+MenuTarget fullTarget()
+{
+    const auto nothing = [](auto &&...) {};
+    return {nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing,
+        nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing};
+}
+
 /// Draws the pictures of one look at the process's scale and size of text.
 class MenuScreens
 {
@@ -105,7 +113,7 @@ void MenuScreens::shootSubmenus(StatusMenu &status)
 
 void MenuScreens::drawStatusMenus()
 {
-    StatusMenu status(RowForm::drawn, m_model, {});
+    StatusMenu status(RowForm::drawn, m_model, fullTarget());
     status.fill();
     shoot(status.menu(), status.rows(), u"status"_s, status.menu().actions().size() - 7);
     shootSubmenus(status);
@@ -128,7 +136,7 @@ void MenuScreens::drawStatusMenus()
 void MenuScreens::drawMainMenu()
 {
     MenuRows rows(RowForm::drawn);
-    const auto bar = MainMenu::build(rows, {}, m_model);
+    const auto bar = MainMenu::build(rows, fullTarget(), m_model);
     for (const QAction *action : bar->actions())
         shoot(*action->menu<QMenu *>(), rows, u"main-"_s + action->text().toLower(), 0);
 }
@@ -158,10 +166,10 @@ void MenuScreens::drawKeyCaps()
 void MenuScreens::drawPlacementIcons()
 {
     const auto &palette = Board::palette(m_look.look);
-    QPixmap picture = ground({30 * placementCount / 2 + 10, 240});
+    QPixmap picture = ground({34 * placementCount + 10, 160});
     QPainter painter(&picture);
     double y = 8;
-    for (const int height : {16, 32, 13}) {
+    for (const int height : {16, 24, 13}) {
         for (const auto form : {PlacementIcon::Form::plain, PlacementIcon::Form::lit}) {
             const bool isLit = form == PlacementIcon::Form::lit;
             if (isLit)
@@ -172,8 +180,6 @@ void MenuScreens::drawPlacementIcons()
                 PlacementIcon::paint(
                     painter, rect, placement, PlacementIcon::colors(palette, form));
                 x += height * 1.25 + 4;
-                if (x > picture.width() / picture.devicePixelRatio() - height)
-                    break;
             }
             y += height + 8;
         }
