@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double legible = 4.5; // to 1
-
 class Check
 {
 public:
@@ -76,24 +74,6 @@ QStringList failures(QMenu &menu, const MenuRows &rows)
             failures << u"a row has no name"_s;
     }
     return failures;
-}
-
-QStringList contrastFailures(const DesktopLook &look)
-{
-    const Board::Palette &palette = Board::palette(look);
-    const QColor litCap = Board::blended(QColor::fromRgbF(1, 1, 1, 0.14F), palette.accent);
-    Check check(u"palette, dark %1, high contrast %2"_s.arg(look.isDark).arg(look.hasHighContrast));
-    for (const QColor &text : {palette.fore, palette.muted, palette.faint, palette.accentType,
-             palette.error, palette.ready, palette.attention}) {
-        for (const QColor &ground : {palette.ground, palette.sheet, palette.raised}) {
-            check.that(Board::contrast(text, ground) >= legible,
-                u"%1 can be read on %2"_s.arg(text.name(), ground.name()));
-        }
-    }
-    check.that(Board::contrast(palette.onAccent, palette.accent) >= legible, u"lit text"_s);
-    check.that(Board::contrast(palette.onAccent, litCap) >= legible, u"lit key caps"_s);
-    check.that(Board::contrast(palette.fore, palette.control) >= legible, u"key caps"_s);
-    return check.failures();
 }
 
 } // namespace corvane::MenuChecks

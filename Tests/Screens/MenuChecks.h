@@ -8,6 +8,5 @@
 namespace corvane::MenuChecks {
 
 [[nodiscard]] QStringList failures(QMenu &menu, const MenuRows &rows);
-[[nodiscard]] QStringList contrastFailures(const DesktopLook &look);
 
 } // namespace corvane::MenuChecks

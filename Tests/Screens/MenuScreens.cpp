@@ -46,7 +46,6 @@ public:
         : m_folder(folder), m_look(look), m_model(model)
     {
         m_model.look = look.look;
-        m_failures = MenuChecks::contrastFailures(look.look);
     }
 
     void drawStatusMenus();
