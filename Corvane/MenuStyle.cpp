@@ -130,7 +130,7 @@ int MenuStyle::pixelMetric(
     case PM_MenuScrollerHeight:
         return Board::length(20);
     case PM_SubMenuOverlap:
-        return -1;
+        return 2; // beyond the row, which ends a point within the menu's edge
     default:
         return QCommonStyle::pixelMetric(metric, option, widget);
     }
