@@ -3,6 +3,7 @@
 #include "MenuParts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
@@ -33,6 +34,16 @@ QStringList parts(QKeyCombination keys)
     return parts << QKeySequence(keys.key()).toString();
 }
 
+/// Text fields have no slot for it, only its key.
+void deleteSelection()
+{
+    QWidget *focus = QApplication::focusWidget();
+    if (!focus || !focus->testAttribute(Qt::WA_InputMethodEnabled))
+        return;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QCoreApplication::sendEvent(focus, &press);
+}
+
 /// Fills the menus of one bar.
 class Builder
 {
@@ -53,7 +64,7 @@ private:
         std::optional<QKeyCombination> keys = {});
     /// Performs the slot of the text field that has the focus, else `otherwise`.
     void addEditing(
-        QMenu &menu, const char *title, const char *slot, std::optional<QKeyCombination> keys = {},
+        QMenu &menu, const char *title, const char *slot, QKeyCombination keys,
         std::function<void()> otherwise = [] {});
 
     MenuRows &m_rows;
@@ -84,8 +95,8 @@ void Builder::add(QMenu &menu, const char *title, std::function<void()> perform,
     }
 }
 
-void Builder::addEditing(QMenu &menu, const char *title, const char *slot,
-    std::optional<QKeyCombination> keys, std::function<void()> otherwise)
+void Builder::addEditing(QMenu &menu, const char *title, const char *slot, QKeyCombination keys,
+    std::function<void()> otherwise)
 {
     const auto perform = [slot, otherwise = std::move(otherwise)] {
         QWidget *focus = QApplication::focusWidget();
@@ -124,7 +135,7 @@ void Builder::addEdit()
     addEditing(*menu, QT_TRANSLATE_NOOP("MainMenu", "Cut"), "cut", Qt::CTRL | Qt::Key_X);
     addEditing(*menu, QT_TRANSLATE_NOOP("MainMenu", "Copy"), "copy", Qt::CTRL | Qt::Key_C);
     addEditing(*menu, QT_TRANSLATE_NOOP("MainMenu", "Paste"), "paste", Qt::CTRL | Qt::Key_V);
-    addEditing(*menu, QT_TRANSLATE_NOOP("MainMenu", "Delete"), "del");
+    add(*menu, QT_TRANSLATE_NOOP("MainMenu", "Delete"), deleteSelection);
     menu->addSeparator();
     addEditing(
         *menu, QT_TRANSLATE_NOOP("MainMenu", "Select All"), "selectAll", Qt::CTRL | Qt::Key_A);

@@ -18,7 +18,7 @@ namespace {
 struct Measures {
     double mark = Board::length(32);
     double gap = Board::length(10);
-    double leading = Board::length(2); ///< between the two lines
+    double leading = Board::length(7); ///< between the capitals of the two lines
     QFont name = nameFont();
     QFont line = Board::font(Board::Type::secondary);
 
@@ -31,9 +31,9 @@ struct Measures {
         return font;
     }
 
-    double textHeight() const
+    double capitalsHeight() const
     {
-        return QFontMetricsF(name).capHeight() + leading + QFontMetricsF(line).height();
+        return QFontMetricsF(name).capHeight() + leading + QFontMetricsF(line).capHeight();
     }
 };
 
@@ -61,7 +61,7 @@ QSizeF MenuHeader::size() const
         std::max(QFontMetricsF(measures.name).horizontalAdvance(productName().toUpper()),
             QFontMetricsF(measures.line).horizontalAdvance(line));
     return {measures.mark + measures.gap + std::ceil(text),
-        std::max(measures.mark, std::ceil(measures.textHeight()))};
+        std::max(measures.mark, std::ceil(measures.capitalsHeight()))};
 }
 
 void MenuHeader::paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette) const
@@ -72,16 +72,14 @@ void MenuHeader::paint(QPainter &painter, const QRectF &rect, const Board::Palet
     CorvaneMark::paint(painter, mark, palette);
 
     const double x = mark.right() + measures.gap;
-    const QFontMetricsF lineMetrics(measures.line);
-    const double top = rect.center().y() - measures.textHeight() / 2;
-    const double nameBaseline = std::round(top + QFontMetricsF(measures.name).capHeight());
+    const double top = rect.center().y() - measures.capitalsHeight() / 2;
     painter.setPen(palette.fore);
     painter.setFont(measures.name);
-    painter.drawText(QPointF(x, nameBaseline), productName().toUpper());
+    painter.drawText(QPointF(x, std::round(top + QFontMetricsF(measures.name).capHeight())),
+        productName().toUpper());
     painter.setPen(AppStatus::color(tone, palette));
     painter.setFont(measures.line);
-    painter.drawText(
-        QPointF(x, std::round(nameBaseline + measures.leading + lineMetrics.ascent())), line);
+    painter.drawText(QPointF(x, std::round(top + measures.capitalsHeight())), line);
 }
 
 } // namespace corvane

@@ -136,19 +136,44 @@ void MenuRows::remove(QMenu &menu, QAction &action)
 
 void MenuRows::layoutRows(QMenu &menu, double minimumWidth)
 {
+    const QList<QAction *> actions = menu.actions();
+    const bool hasIcons = std::ranges::any_of(actions, [this](const QAction *action) {
+        const Row row = rows.value(action);
+        return row.symbol || row.image;
+    });
+    if (hasIcons)
+        m_textMenus.remove(&menu);
+    else
+        m_textMenus.insert(&menu);
+    const Style rowStyle = styleOf(menu);
     double width = minimumWidth;
-    for (const QAction *action : menu.actions()) {
-        if (const auto row = rows.constFind(action); row != rows.cend()) {
-            const auto kind =
-                action->menu<QMenu *>() ? RowDrawing::Kind::submenu : RowDrawing::Kind::action;
-            width = std::max(width, RowDrawing::size(*row, style, kind).width());
-        } else if (const auto header = headers.constFind(action); header != headers.cend()) {
+    for (const QAction *action : actions) {
+        if (const auto row = rows.constFind(action); row != rows.cend())
+            width = std::max(
+                width, RowDrawing::size(*row, rowStyle, RowDrawing::kindOf(*action)).width());
+        else if (const auto header = headers.constFind(action); header != headers.cend())
             width = std::max(width, RowDrawing::headerSize(*header).width());
-        }
     }
-    if (!tabLocation.contains(&menu))
-        connect(&menu, &QObject::destroyed, this, [this, key = &menu] { tabLocation.remove(key); });
+    forgetWith(menu);
     tabLocation.insert(&menu, std::ceil(width) - RowDrawing::margin());
+}
+
+void MenuRows::forgetWith(const QMenu &menu)
+{
+    if (tabLocation.contains(&menu))
+        return;
+    connect(&menu, &QObject::destroyed, this, [this, key = &menu] {
+        tabLocation.remove(key);
+        m_textMenus.remove(key);
+    });
+}
+
+MenuRows::Style MenuRows::styleOf(const QMenu &menu) const
+{
+    Style result = style;
+    if (m_textMenus.contains(&menu))
+        result.iconSlot = result.gap = 0;
+    return result;
 }
 
 QString MenuRows::spokenText(const Row &row)

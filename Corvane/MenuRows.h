@@ -8,6 +8,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 #include <QtGui/QAction>
 #include <QtGui/QIcon>
 
@@ -96,6 +97,9 @@ public:
     /// out by themselves.
     void layoutRows(QMenu &menu, double minimumWidth);
 
+    /// For the rows of this menu: without a slot where none of them has an icon.
+    [[nodiscard]] Style styleOf(const QMenu &menu) const;
+
     /// With the key caps that the row's trailing column holds.
     [[nodiscard]] static QString spokenText(const Row &row);
     [[nodiscard]] static QString plainText(const Row &row);
@@ -108,9 +112,11 @@ public:
 
 private:
     void note(QAction &action, const Row &row);
+    void forgetWith(const QMenu &menu);
 
     RowForm m_form;
     Board::Palette m_palette;
+    QSet<const QMenu *> m_textMenus; ///< those without an icon
     MenuStyle m_menuStyle;
 };
 

@@ -19,9 +19,9 @@ const QAction *actionOf(const QStyleOption &option)
     return qobject_cast<const QAction *>(option.styleObject);
 }
 
-RowDrawing::Kind kindOf(const QAction &action)
+MenuRows::Style styleIn(const MenuRows &rows, const QWidget &menu)
 {
-    return action.menu<QMenu *>() ? RowDrawing::Kind::submenu : RowDrawing::Kind::action;
+    return rows.styleOf(static_cast<const QMenu &>(menu));
 }
 
 } // namespace
@@ -59,7 +59,7 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption *option, 
 {
     switch (element) {
     case CE_MenuItem:
-        return drawRow(*option, *painter);
+        return drawRow(*option, *painter, *widget);
     case CE_MenuScroller:
         return drawScroller(*option, *painter);
     case CE_MenuEmptyArea:
@@ -71,7 +71,7 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption *option, 
     }
 }
 
-void MenuStyle::drawRow(const QStyleOption &option, QPainter &painter) const
+void MenuStyle::drawRow(const QStyleOption &option, QPainter &painter, const QWidget &widget) const
 {
     const QAction *action = actionOf(option);
     const bool isLit = m_rows.lit == action;
@@ -81,8 +81,8 @@ void MenuStyle::drawRow(const QStyleOption &option, QPainter &painter) const
     const auto header = m_rows.headers.constFind(action);
     if (header != m_rows.headers.cend())
         return RowDrawing::paintHeader(painter, rect, *header, m_rows.palette(), isLit);
-    RowDrawing::paint(painter, rect, m_rows.rows.value(action), m_rows.style, m_rows.palette(),
-        {kindOf(*action), isLit, action->isEnabled()});
+    RowDrawing::paint(painter, rect, m_rows.rows.value(action), styleIn(m_rows, widget),
+        m_rows.palette(), {RowDrawing::kindOf(*action), isLit, action->isEnabled()});
 }
 
 void MenuStyle::drawScroller(const QStyleOption &option, QPainter &painter) const
@@ -112,7 +112,8 @@ QSize MenuStyle::sizeFromContents(
     const auto header = m_rows.headers.constFind(action);
     const QSizeF wanted = header != m_rows.headers.cend()
         ? RowDrawing::headerSize(*header)
-        : RowDrawing::size(m_rows.rows.value(action), m_rows.style, kindOf(*action));
+        : RowDrawing::size(
+            m_rows.rows.value(action), styleIn(m_rows, *widget), RowDrawing::kindOf(*action));
     return QSizeF(width, wanted.height()).toSize();
 }
 
@@ -129,7 +130,7 @@ int MenuStyle::pixelMetric(
     case PM_MenuScrollerHeight:
         return Board::length(20);
     case PM_SubMenuOverlap:
-        return -1;
+        return 2; // beyond the row, which ends a point within the menu's edge
     default:
         return QCommonStyle::pixelMetric(metric, option, widget);
     }

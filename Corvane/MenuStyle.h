@@ -34,7 +34,7 @@ public:
 
 private:
     void drawPanel(QPainter &painter, const QRectF &rect, const QWidget &menu) const;
-    void drawRow(const QStyleOption &option, QPainter &painter) const;
+    void drawRow(const QStyleOption &option, QPainter &painter, const QWidget &widget) const;
     void drawScroller(const QStyleOption &option, QPainter &painter) const;
 
     const MenuRows &m_rows;

@@ -6,6 +6,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
+#include <QtWidgets/QMenu>
 
 #include <algorithm>
 #include <cmath>
@@ -26,8 +27,8 @@ constexpr double pictureWidth = 20;
 constexpr double pictureHeight = 16;
 constexpr double trailingGap = 28; // at least, behind the title
 constexpr double longestTitle = 340;
-constexpr double chevronWidth = 4;
-constexpr double chevronHeight = 8;
+constexpr double chevronWidth = 5;
+constexpr double chevronHeight = 9;
 
 QFont titleFont(const Row &row, const Style &style)
 {
@@ -119,12 +120,13 @@ void paintIcon(QPainter &painter, const QRectF &slot, const Row &row, const Inks
 
 void paintChevron(QPainter &painter, const QRectF &rect, const QColor &color)
 {
+    const double line = Board::length(15) / 10.0;
+    const QRectF tips = rect.adjusted(line / 2, line / 2, -line / 2, -line / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(color, Board::length(15) / 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(color, line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(
-        QPolygonF{rect.topLeft(), {rect.right(), rect.center().y()}, rect.bottomLeft()});
+        QPolygonF{tips.topLeft(), {tips.right(), tips.center().y()}, tips.bottomLeft()});
     painter.restore();
 }
 
@@ -162,6 +164,11 @@ QRectF fieldOf(const QRectF &rect)
 }
 
 } // namespace
+
+Kind kindOf(const QAction &action)
+{
+    return action.menu<QMenu *>() ? Kind::submenu : Kind::action;
+}
 
 QSizeF size(const Row &row, const Style &style, Kind kind)
 {

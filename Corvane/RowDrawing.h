@@ -10,6 +10,8 @@ enum class Kind {
     submenu,
 };
 
+[[nodiscard]] Kind kindOf(const QAction &action);
+
 struct State {
     Kind kind = Kind::action;
     bool isLit = false;

@@ -96,7 +96,7 @@ CapColors colorsOf(KeyCaps::Form form, const Board::Palette &palette)
         return {palette.control, palette.edge, palette.fore};
     case KeyCaps::Form::lit:
         return {
-            QColor::fromRgbF(1, 1, 1, 0.16F), QColor::fromRgbF(1, 1, 1, 0.35F), palette.onAccent};
+            QColor::fromRgbF(1, 1, 1, 0.14F), QColor::fromRgbF(1, 1, 1, 0.35F), palette.onAccent};
     case KeyCaps::Form::dimmed:
         return {palette.sheet, palette.hairline, palette.faint};
     }
@@ -174,7 +174,9 @@ QList<QRectF> KeyCaps::rects(const QPointF &at) const
     double x = at.x();
     for (const QString &label : m_labels) {
         const double text = QFontMetricsF(fontOf(label)).horizontalAdvance(label);
-        const double width = std::max(m_style.height, std::ceil(text) + 2 * m_style.padding);
+        // One character makes a square, so that equal combinations stand in equal columns.
+        const double padding = label.size() == 1 ? m_style.padding / 2 : m_style.padding;
+        const double width = std::max(m_style.height, std::ceil(text) + 2 * padding);
         caps << QRectF(x, at.y(), width, m_style.height);
         x += width + m_style.gap;
     }
