@@ -68,18 +68,18 @@ void RowMenu::cutCorners()
     setMask(shape);
 }
 
+// A space that belongs to no title chooses the row, as anywhere.
 void RowMenu::keyPressEvent(QKeyEvent *event)
 {
-    const bool isTyping = (event->modifiers() & ~Qt::ShiftModifier) == 0
-        && event->text().size() == 1 && event->text().at(0).isPrint()
-        && !(m_typed.isEmpty() && event->key() == Qt::Key_Space);
-    if (!isTyping)
+    const QString letter = event->text();
+    const bool isText = (event->modifiers() & ~Qt::ShiftModifier) == 0 && letter.size() == 1
+        && letter.at(0).isPrint();
+    QAction *row = isText ? rowBeginning(m_typed + letter) : nullptr;
+    if (!row)
         return QMenu::keyPressEvent(event);
-    m_typed += event->text();
+    m_typed += letter;
     m_typing.start(typingPause, this);
-    if (QAction *row = typedRow())
-        setActiveAction(row);
-    event->accept();
+    setActiveAction(row);
 }
 
 void RowMenu::timerEvent(QTimerEvent *event)
@@ -92,17 +92,16 @@ void RowMenu::timerEvent(QTimerEvent *event)
 
 // One letter, also when typed again and again, goes on to the next row that begins so; more letters
 // may stay where they are.
-QAction *RowMenu::typedRow() const
+QAction *RowMenu::rowBeginning(const QString &typed) const
 {
     const QList<QAction *> all = actions();
     const bool isOneLetter = std::ranges::all_of(
-        m_typed, [&](QChar letter) { return letter.toCaseFolded() == m_typed[0].toCaseFolded(); });
-    const QString wanted = isOneLetter ? m_typed.left(1) : m_typed;
+        typed, [&](QChar letter) { return letter.toCaseFolded() == typed.at(0).toCaseFolded(); });
+    const QString wanted = isOneLetter ? typed.left(1) : typed;
     const qsizetype start = all.indexOf(activeAction()) + (isOneLetter ? 1 : 0);
     for (qsizetype i = 0; i < all.size(); ++i) {
         QAction *row = all[(std::max<qsizetype>(start, 0) + i) % all.size()];
-        const bool canBeChosen = row->isEnabled() && row->isVisible() && !row->isSeparator();
-        if (canBeChosen && begins(m_rows.rows.value(row).title, wanted))
+        if (row->isEnabled() && begins(m_rows.rows.value(row).title, wanted))
             return row;
     }
     return nullptr;

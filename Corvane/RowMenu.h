@@ -28,7 +28,7 @@ protected:
 
 private:
     void cutCorners();
-    [[nodiscard]] QAction *typedRow() const;
+    [[nodiscard]] QAction *rowBeginning(const QString &typed) const;
 
     MenuRows &m_rows;
     bool m_isTranslucent = true;

@@ -1,7 +1,6 @@
 #include "StatusIcon.h"
 
 #include "DevicePixels.h"
-#include "DrawnIcon.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -95,8 +95,7 @@ CapColors colorsOf(KeyCaps::Form form, const Board::Palette &palette)
     case KeyCaps::Form::plain:
         return {palette.control, palette.edge, palette.fore};
     case KeyCaps::Form::lit:
-        return {
-            QColor::fromRgbF(1, 1, 1, 0.14F), QColor::fromRgbF(1, 1, 1, 0.35F), palette.onAccent};
+        return {KeyCaps::litFill(), QColor::fromRgbF(1, 1, 1, 0.35F), palette.onAccent};
     case KeyCaps::Form::dimmed:
         return {palette.sheet, palette.hairline, palette.faint};
     }

@@ -46,6 +46,9 @@ public:
 
     KeyCaps(const QStringList &parts, KeyCapStyle style);
 
+    /// Of a lit cap, over the accent.
+    [[nodiscard]] static QColor litFill() { return QColor::fromRgbF(1, 1, 1, 0.14F); }
+
     /// Whitespace is skipped; each modifier's glyph is a part of its own, the rest is one last part.
     [[nodiscard]] static QStringList split(QStringView glyphs);
     /// On one line of text: "Ctrl+Alt+Super+←".

@@ -3,7 +3,6 @@
 #include "DevicePixels.h"
 #include "DrawnIcon.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QHash>
 #include <QtGui/QPainter>
@@ -55,14 +54,6 @@ QPixmap rendered(const QString &name, const Colors &colors, int side)
 }
 
 } // namespace
-
-QStringList names()
-{
-    QStringList names = QDir(folder()).entryList();
-    for (QString &name : names)
-        name.chop(4);
-    return names;
-}
 
 void paint(QPainter &painter, const QRectF &rect, const QString &name, const Colors &colors)
 {

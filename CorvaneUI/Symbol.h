@@ -17,7 +17,6 @@ struct Colors {
     bool operator==(const Colors &) const = default;
 };
 
-[[nodiscard]] QStringList names();
 /// Draws it as large as fits the middle of the rectangle. Nothing is read before the first drawing.
 void paint(QPainter &painter, const QRectF &rect, const QString &name, const Colors &colors);
 [[nodiscard]] QIcon icon(const QString &name, const Colors &colors);

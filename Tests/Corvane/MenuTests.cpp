@@ -35,6 +35,13 @@ QStringList titles(const QMenu &menu, const MenuRows &rows)
     return titles;
 }
 
+bool isEmpty(const QImage &image)
+{
+    QImage empty(image.size(), image.format());
+    empty.fill(Qt::transparent);
+    return image == empty;
+}
+
 QStringList texts(const QMenu &menu)
 {
     QStringList texts;
@@ -222,8 +229,8 @@ TEST_F(MenuTests, assistiveTechnologyFindsANameForEveryRow)
         names << menu->child(i)->text(QAccessible::Name);
 
     EXPECT_THAT(names,
-        AllOf(Contains(u"Corvane, Ready"_s),
-            Contains(u"Snap Back, Control Alt Super Slash"_s), Contains(u"Halves"_s)));
+        AllOf(Contains(u"Corvane, Ready"_s), Contains(u"Snap Back, Control Alt Super Slash"_s),
+            Contains(u"Halves"_s)));
     for (qsizetype i = 0; i < names.size(); ++i)
         EXPECT_NE(names[i].isEmpty(), !status.menu().actions().at(i)->isSeparator()) << i;
 }
@@ -238,7 +245,10 @@ TEST_F(MenuTests, thePlainFormHasTheSameRowsInWords)
 
     EXPECT_EQ(titles(plain.menu(), plain.rows()), titles(drawn.menu(), drawn.rows()));
     EXPECT_FALSE(plain.menu().actions().first()->isEnabled());
-    EXPECT_FALSE(row(plain.menu(), u"Settings"_s)->icon().pixmap(16).isNull());
+    for (const QAction *action : plain.menu().actions().mid(1)) {
+        const QImage icon = action->icon().pixmap(16).toImage();
+        EXPECT_NE(isEmpty(icon), !action->isSeparator()) << qPrintable(action->text());
+    }
     EXPECT_THAT(
         texts(submenu(plain.menu(), u"Halves"_s)), Contains(u"Left Half\tCtrl+Alt+Super+←"_s));
     EXPECT_THAT(texts(submenu(plain.menu(), u"Layouts"_s)), Contains(u"R&&D\tCtrl+1"_s));

@@ -1,4 +1,4 @@
-#include "Board.h"
+#include "KeyCaps.h"
 
 #include <QtGui/QColor>
 
@@ -29,6 +29,8 @@ TEST_P(PaletteTests, everyTextCanBeReadOnEveryGround)
     }
     EXPECT_GE(Board::contrast(palette.onAccent, palette.accent), legible);
     EXPECT_GE(Board::contrast(palette.fore, palette.control), legible);
+    const QColor litCap = Board::blended(KeyCaps::litFill(), palette.accent);
+    EXPECT_GE(Board::contrast(palette.onAccent, litCap), legible);
 }
 
 TEST_P(PaletteTests, highContrastLeavesNoTextAndNoLineFaint)
