@@ -63,9 +63,8 @@ private:
     void add(QMenu &menu, const char *title, std::function<void()> perform,
         std::optional<QKeyCombination> keys = {});
     /// Performs the slot of the text field that has the focus, else `otherwise`.
-    void addEditing(
-        QMenu &menu, const char *title, const char *slot, QKeyCombination keys,
-        std::function<void()> otherwise = [] {});
+    void addEditing(QMenu &menu, const char *title, const char *slot, QKeyCombination keys,
+        std::function<void()> otherwise = {});
 
     MenuRows &m_rows;
     const MenuTarget &m_target;
@@ -101,7 +100,7 @@ void Builder::addEditing(QMenu &menu, const char *title, const char *slot, QKeyC
     const auto perform = [slot, otherwise = std::move(otherwise)] {
         QWidget *focus = QApplication::focusWidget();
         if (!focus || focus->metaObject()->indexOfSlot(QByteArray(slot) + "()") < 0)
-            return otherwise();
+            return otherwise ? otherwise() : void();
         QMetaObject::invokeMethod(focus, slot);
     };
     add(menu, title, perform, keys);

@@ -92,7 +92,8 @@ QMenu *MenuRows::addSubmenu(QMenu &menu, const Row &row)
 QAction *MenuRows::addHeader(QMenu &menu, std::function<void()> perform)
 {
     auto *action = new QAction(&menu);
-    connect(action, &QAction::triggered, this, std::move(perform));
+    if (perform)
+        connect(action, &QAction::triggered, this, std::move(perform));
     connect(action, &QObject::destroyed, this, [this, action] { headers.remove(action); });
     menu.addAction(action);
     return action;
