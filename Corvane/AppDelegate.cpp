@@ -93,8 +93,10 @@ void AppDelegate::connectModel()
         else
             registerHotKeys();
     };
-    connect(&m_model, &AppModel::settingsChanged, this,
-        [this] { m_mover.follow(m_model.settings()); });
+    connect(
+        &m_model, &AppModel::settingsChanged, this, [this] { m_mover.follow(m_model.settings()); });
+    connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,
+        &AppDelegate::registerHotKeys);
     connect(&m_model, &AppModel::lastApplyChanged, this, &AppDelegate::tellWhatFailed);
     connect(&m_model, &AppModel::accessibilityTrustedChanged, this, [this] {
         log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
@@ -102,6 +104,9 @@ void AppDelegate::connectModel()
     });
     for (const AppModel::Notice &notice : m_model.notices())
         std::fprintf(stderr, "%s\n", qUtf8Printable(notice.text));
+    if (!m_model.accessibilityTrusted)
+        std::fprintf(stderr, "Corvane: %s\n",
+            qUtf8Printable(Platform::current().windows().distrustReason()));
     m_mover.onPerformed = [this](const OutcomeReport &report) {
         keepRecentMovesPruned();
         if (m_log == Log::verbose)

@@ -24,8 +24,8 @@ void CompetitorWatch::tell()
     for (const Competitor::Running &each : m_model.competitors.value())
         names << each.competitor.name;
     const QStringList known = std::exchange(m_told, names);
-    const bool isNews = std::ranges::any_of(
-        names, [&known](const QString &name) { return !known.contains(name); });
+    const bool isNews =
+        std::ranges::any_of(names, [&known](const QString &name) { return !known.contains(name); });
     if (!isNews || !m_model.onNotify)
         return;
     const QString joined = names.join(tr(" and "));

@@ -33,8 +33,8 @@ void DockPresence::set(bool isRegular)
         if (window->isVisible())
             list(*window, isRegular);
     }
-    FlightRecorder::shared().record(u"dock"_s,
-        isRegular ? u"regular (Dock and app switcher)"_s : u"accessory (neither)"_s);
+    FlightRecorder::shared().record(
+        u"dock"_s, isRegular ? u"regular (Dock and app switcher)"_s : u"accessory (neither)"_s);
 }
 
 bool DockPresence::eventFilter(QObject *object, QEvent *event)

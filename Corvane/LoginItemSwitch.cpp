@@ -15,9 +15,8 @@ void LoginItemSwitch::set(bool opensAtLogin)
         m_model.dismissNotice(noticeID);
     } else {
         FlightRecorder::shared().record(u"login-item-failed"_s, done.error());
-        const QString text = opensAtLogin
-            ? tr("macOS would not add Corvane to Login Items: ")
-            : tr("macOS would not take Corvane out of Login Items: ");
+        const QString text = opensAtLogin ? tr("macOS would not add Corvane to Login Items: ")
+                                          : tr("macOS would not take Corvane out of Login Items: ");
         m_model.post({noticeID, text + done.error(), std::nullopt});
     }
     refreshNote();

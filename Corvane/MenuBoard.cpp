@@ -5,15 +5,14 @@
 namespace corvane {
 
 MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
-    : m_model(model)
-    , m_drawn(RowForm::drawn, model, target)
-    , m_plain(RowForm::plain, model, target)
+    : m_model(model), m_drawn(RowForm::drawn, model, target), m_plain(RowForm::plain, model, target)
 {
     m_item.setMenus(&m_drawn.menu(), &m_plain.menu());
     connect(&m_item, &StatusItem::aboutToOpen, this, &MenuBoard::prepareToOpen);
     connect(&m_item, &StatusItem::unreachable, this, [] {
-        std::fputs("Corvane: this desktop has no tray for its icon. Start Corvane again to open its "
-                   "settings; its actions are in the desktop's menu, too.\n",
+        std::fputs(
+            "Corvane: this desktop has no tray for its icon. Start Corvane again to open its "
+            "settings; its actions are in the desktop's menu, too.\n",
             stderr);
     });
 }
@@ -66,10 +65,10 @@ void MenuBoard::fill()
 
 void MenuBoard::drawIcon()
 {
-    const auto form = m_drawn.needsAttention() ? StatusIcon::Form::attention
-                                               : StatusIcon::Form::ordinary;
-    m_item.setIcon(StatusIcon::icon(form, StatusIcon::colors(m_model.look)),
-        StatusIcon::description(form));
+    const auto form =
+        m_drawn.needsAttention() ? StatusIcon::Form::attention : StatusIcon::Form::ordinary;
+    m_item.setIcon(
+        StatusIcon::icon(form, StatusIcon::colors(m_model.look)), StatusIcon::description(form));
 }
 
 } // namespace corvane

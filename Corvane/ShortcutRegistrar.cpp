@@ -35,8 +35,8 @@ QString ShortcutRegistrar::registerAll()
 
 bool ShortcutRegistrar::registerOne(const KeyCombo &combo, const ShortcutOwner &owner)
 {
-    auto hotKey = std::make_unique<HotKey>(
-        combo.keyCode, combo.modifiers, [this, owner] { press(owner); });
+    auto hotKey =
+        std::make_unique<HotKey>(combo.keyCode, combo.modifiers, [this, owner] { press(owner); });
     if (!hotKey->isRegistered())
         return false;
     m_hotKeys.push_back(std::move(hotKey));

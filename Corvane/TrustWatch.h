@@ -16,6 +16,7 @@ public:
     explicit TrustWatch(AppModel &model);
 
     void start();
+    [[nodiscard]] bool isPolling() const { return m_poll.isActive(); }
 
 private:
     void react();

@@ -6,6 +6,7 @@
 #include "HistoryReport.h"
 #include "Instance.h"
 #include "LegacyIdentity.h"
+#include "StatusIcon.h"
 #include "UserDefaults.h"
 
 #include <qcorotask.h>
@@ -52,6 +53,7 @@ int runOnce(const CommandLine &line)
     AppModel model{SettingsStore(), LayoutStore(), ActivityLog()};
     Mover mover(model.settings());
     Commands commands(model, mover);
+    commands.onRenderStatusIcon = StatusIcon::render;
     const CommandResult result = QCoro::waitFor(commands.run(line));
     FlightRecorder::shared().flush();
     return finish(result);
@@ -107,7 +109,8 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
 }
 
 /// What is done without staying. Nothing when the program is to stay.
-std::optional<int> finishEarly(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
+std::optional<int> finishEarly(
+    int argc, char **argv, const QStringList &arguments, const CommandLine &line)
 {
     const QCoreApplication application(argc, argv);
     const Catalogues catalogues;

@@ -56,6 +56,7 @@ protected:
             u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + folder.filePath(u"none"_s));
         environment.insert(u"XDG_DATA_HOME"_s, folder.filePath(u"data"_s));
         environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
         environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
         environment.remove(u"DISPLAY"_s);
         describe(desk);
@@ -309,6 +310,42 @@ TEST_F(ProgramTests, withoutASessionBusItStaysAndSaysWhatIsMissing)
 
     EXPECT_THAT(log, HasSubstr("no session bus"));
     EXPECT_THAT(log, HasSubstr("21 of 21"));
+}
+
+TEST_F(ProgramTests, whateverIsMissingItStartsAndSaysSo)
+{
+    describe(R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
+        "trusted": false, "distrustReason": "Nobody manages windows."})");
+    keep(u"settings.json"_s, "{");
+    keep(u"layouts.json"_s, "{}");
+    QFile config(folder.filePath(u"config"_s)); // no folder, and none can be made
+    ASSERT_TRUE(config.open(QFile::WriteOnly));
+
+    const auto resident = startProgram({u"--verbose"_s});
+    const std::string log = readUntil(*resident, "tray").toStdString();
+
+    EXPECT_THAT(log, HasSubstr("21 of 21 hot keys registered"));
+    EXPECT_THAT(log, HasSubstr("no session bus"));
+    EXPECT_THAT(log, HasSubstr("some of your settings"));
+    EXPECT_THAT(log, HasSubstr("some of your layouts"));
+    EXPECT_THAT(log, HasSubstr("Nobody manages windows."));
+    EXPECT_THAT(log, HasSubstr("no tray for its icon"));
+    EXPECT_EQ(resident->state(), QProcess::Running);
+}
+
+TEST_F(ProgramTests, withoutAPlaceToWriteItWorksForTheRun)
+{
+    QFile data(folder.filePath(u"data"_s));
+    ASSERT_TRUE(data.open(QFile::WriteOnly));
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s});
+    readUntil(*resident, "ready");
+
+    const Result captured = run({u"--capture"_s, u"Work"_s});
+
+    EXPECT_EQ(captured.status, 1);
+    EXPECT_THAT(captured.error, HasSubstr("Changes work until Corvane quits."));
+    EXPECT_EQ(run({u"--apply-layout"_s, u"Work"_s}).status, 0);
 }
 
 TEST_F(ProgramTests, obeysTheSettingsFile)

@@ -1,3 +1,4 @@
+#include "Catalogues.h"
 #include "MainMenu.h"
 #include "MenuChecks.h"
 #include "MenuDesk.h"
@@ -209,6 +210,7 @@ void MenuScreens::drawStatusIcons()
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    const Catalogues catalogues({u"en"_s});
     const QStringList arguments = QApplication::arguments();
     QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(arguments.at(1).toInt());

@@ -1,0 +1,163 @@
+#include "CompetitorWatch.h"
+#include "FlightRecorder.h"
+#include "LoginItemSwitch.h"
+#include "ModelDesk.h"
+#include "ShortcutRegistrar.h"
+#include "TrustWatch.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+class ShellTests : public testing::Test
+{
+protected:
+    SimulatedSession &session() { return desk.platform.session(); }
+
+    pid_t startCompetitor(const QString &identifier, const QString &name)
+    {
+        const pid_t pid = desk.platform.desktop().start(identifier, name);
+        desk.platform.desktop().openWindow(pid, {.title = name});
+        desk.settle();
+        return pid;
+    }
+
+    void setLaunchAtLogin(bool opens)
+    {
+        Settings settings = model.settings();
+        settings.launchAtLogin = opens;
+        model.setSettings(settings);
+    }
+
+    ModelDesk desk;
+    AppModel model = desk.model();
+};
+
+/// Hears the competitors' notifications.
+class CompetitorWatchTests : public ShellTests
+{
+protected:
+    CompetitorWatchTests()
+    {
+        model.onNotify = [this](const QString &title, const QString &body) {
+            told << title + u'|' + body;
+        };
+    }
+
+    QStringList told;
+    CompetitorWatch watch{model};
+};
+
+class LoginItemSwitchTests : public ShellTests
+{
+protected:
+    LoginItemSwitchTests()
+    {
+        model.onLaunchAtLoginChanged = [this](bool opens) { loginItem.set(opens); };
+    }
+
+    LoginItemSwitch loginItem{model};
+};
+
+} // namespace
+
+TEST_F(CompetitorWatchTests, eachCompetitorThatStartsIsToldOnce)
+{
+    startCompetitor(u"com.manytricks.Moom"_s, u"Moom"_s);
+    watch.start();
+    const pid_t rival = startCompetitor(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
+    desk.platform.desktop().quit(rival);
+    desk.settle();
+
+    EXPECT_THAT(told,
+        ElementsAre(u"Moom is also running|Two window managers answering the same keys will fight "
+                    "over one window. Quit it from Corvane's menu."_s,
+            u"SizeUp and Moom are also running|Two window managers answering the same keys will "
+            "fight over one window. Quit SizeUp and Moom from Corvane's menu."_s));
+    EXPECT_THAT(model.competitors.value(), SizeIs(1));
+}
+
+TEST_F(LoginItemSwitchTests, theLoginItemFollowsTheSettings)
+{
+    setLaunchAtLogin(true);
+    EXPECT_EQ(session().loginItem(), LoginItem::present);
+    EXPECT_FALSE(model.loginItemNote.value());
+    setLaunchAtLogin(false);
+
+    EXPECT_EQ(session().loginItem(), LoginItem::absent);
+}
+
+TEST_F(LoginItemSwitchTests, aFailureIsANoticeUntilItSucceeds)
+{
+    session().loginItemError = u"It is full."_s;
+    setLaunchAtLogin(true);
+
+    ASSERT_THAT(model.notices(), SizeIs(1));
+    EXPECT_EQ(
+        model.notices().first().text, u"macOS would not add Corvane to Login Items: It is full.");
+    session().loginItemError.clear();
+    setLaunchAtLogin(false);
+    EXPECT_THAT(model.notices(), IsEmpty());
+}
+
+TEST_F(LoginItemSwitchTests, whatTheUserHasToAllowIsNoted)
+{
+    session().itemOnceSet = LoginItem::awaitsApproval;
+    setLaunchAtLogin(true);
+
+    ASSERT_TRUE(model.loginItemNote.value());
+    EXPECT_THAT(model.loginItemNote.value()->toStdString(), HasSubstr("to allow Corvane"));
+}
+
+TEST_F(ShellTests, trustIsLookedForOnlyWhileItIsMissing)
+{
+    TrustWatch watch(model);
+    watch.start();
+    EXPECT_FALSE(watch.isPolling());
+
+    desk.platform.desktop().loseTrust();
+    desk.settle();
+    EXPECT_TRUE(watch.isPolling());
+    EXPECT_FALSE(model.accessibilityTrusted);
+    desk.platform.desktop().regainTrust();
+    desk.settle();
+
+    EXPECT_FALSE(watch.isPolling());
+    EXPECT_TRUE(model.accessibilityTrusted);
+}
+
+TEST_F(ShellTests, refusedShortcutsAreNamedAndTheOthersWork)
+{
+    const WindowLayout layout = model.newEmptyLayout();
+    const KeyCombo taken{0, KeyCombo::control | KeyCombo::option};
+    model.assign(taken, {layout.id});
+    desk.platform.hotKeys().takeByRival(taken.keyCode, HotKeys::controlKey | HotKeys::optionKey);
+    ShortcutRegistrar shortcuts(model);
+    QList<Placement> pressed;
+    shortcuts.onPlacement = [&](Placement placement) { pressed << placement; };
+
+    const QString line = shortcuts.registerAll();
+    desk.platform.hotKeys().press(123, HotKeys::controlKey | HotKeys::optionKey | HotKeys::cmdKey);
+    desk.settle();
+
+    EXPECT_EQ(
+        line, u"21 of 22 hot keys registered; refused by macOS or another app: layout Layout");
+    EXPECT_EQ(model.unregistered.value(), QSet{ShortcutOwner{layout.id}});
+    EXPECT_THAT(pressed, ElementsAre(Placement::leftHalf));
+    shortcuts.suspend();
+    desk.platform.hotKeys().press(123, HotKeys::controlKey | HotKeys::optionKey | HotKeys::cmdKey);
+    desk.settle();
+    EXPECT_THAT(pressed, SizeIs(1)) << "keys that are being recorded do nothing else";
+}
+
+} // namespace corvane
