@@ -1,8 +1,26 @@
 #include "MenuBoard.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the panel looks like: that of these desktops is dark whatever the user chose for windows.
+DesktopLook panelLook(DesktopLook look)
+{
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    const QStringList dark{u"GNOME"_s, u"XFCE"_s, u"X-Cinnamon"_s, u"Unity"_s, u"Budgie"_s};
+    look.isDark = look.isDark || std::ranges::any_of(desktops, [&dark](const QString &desktop) {
+        return dark.contains(desktop);
+    });
+    return look;
+}
+
+} // namespace
 
 MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
     : m_model(model), m_drawn(RowForm::drawn, model, target), m_plain(RowForm::plain, model, target)
@@ -57,6 +75,7 @@ void MenuBoard::fill()
     if (m_drawn.menu().isVisible())
         return;
     m_isStale = false;
+    Board::useFont(m_model.look);
     m_drawn.fill();
     m_plain.fill();
     drawIcon();
@@ -67,8 +86,8 @@ void MenuBoard::drawIcon()
 {
     const auto form =
         m_drawn.needsAttention() ? StatusIcon::Form::attention : StatusIcon::Form::ordinary;
-    m_item.setIcon(
-        StatusIcon::icon(form, StatusIcon::colors(m_model.look)), StatusIcon::description(form));
+    m_item.setIcon(StatusIcon::icon(form, StatusIcon::colors(panelLook(m_model.look))),
+        StatusIcon::description(form));
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #include "Board.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QFontInfo>
 #include <QtGui/QGuiApplication>
@@ -84,6 +85,20 @@ const Palette &palette(const DesktopLook &look)
     static const std::array palettes{lightPalette(), darkPalette(), inHighContrast(lightPalette()),
         inHighContrast(darkPalette())};
     return palettes[(look.isDark ? 1U : 0U) + (look.hasHighContrast ? 2U : 0U)];
+}
+
+void useFont(const DesktopLook &look)
+{
+    static const QRegularExpression format(
+        QStringLiteral("^(.+?)(?:,| (?:Regular|Book|Medium|Roman))* (\\d+(?:\\.\\d+)?)$"));
+    const QRegularExpressionMatch found = format.match(look.font);
+    const double size = found.captured(2).toDouble();
+    if (!found.hasMatch() || size <= 0)
+        return;
+    QFont font(found.captured(1));
+    font.setPointSizeF(size);
+    if (font != QGuiApplication::font())
+        QGuiApplication::setFont(font);
 }
 
 QFont font(Type type)

@@ -39,6 +39,8 @@ enum class Type {
 
 [[nodiscard]] const Palette &palette(const DesktopLook &look);
 
+/// Has the application write in the desktop's font, where that is known.
+void useFont(const DesktopLook &look);
 /// The desktop's own font and size, or its share of it. Needs the application.
 [[nodiscard]] QFont font(Type type);
 /// A length of the drawings, which are made for text of 13 pixels, at the desktop's size of text: in

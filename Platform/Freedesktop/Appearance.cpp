@@ -15,21 +15,38 @@ namespace {
 const QString path = u"/org/freedesktop/portal/desktop"_s;
 const QString interface = u"org.freedesktop.portal.Settings"_s;
 const QString appearanceGroup = u"org.freedesktop.appearance"_s;
+/// Of GNOME and the desktops that share its settings, and of Plasma.
+const QString interfaceGroup = u"org.gnome.desktop.interface"_s;
+const QString plasmaGroup = u"org.kde.kdeglobals.General"_s;
+const QStringList groupsRead{plasmaGroup, interfaceGroup, appearanceGroup};
 
 /// Some portals wrap a value more than once.
-quint32 number(QVariant value)
+QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
-    return value.toUInt();
+    return value;
 }
 
-DesktopLook with(DesktopLook look, const QString &key, const QVariant &value)
+/// From "Noto Sans,10,-1,5,50,0,0,0,0,0".
+QString plasmaFont(const QString &text)
 {
-    if (key == u"color-scheme")
-        look.isDark = number(value) == 1;
-    else if (key == u"contrast")
-        look.hasHighContrast = number(value) == 1;
+    const QStringList fields = text.split(u',');
+    return fields.size() > 1 ? fields[0] + u' ' + fields[1] : QString();
+}
+
+DesktopLook with(
+    DesktopLook look, const QString &group, const QString &key, const QVariant &wrapped)
+{
+    const QVariant value = unwrapped(wrapped);
+    if (group == appearanceGroup && key == u"color-scheme")
+        look.isDark = value.toUInt() == 1;
+    else if (group == appearanceGroup && key == u"contrast")
+        look.hasHighContrast = value.toUInt() == 1;
+    else if (group == interfaceGroup && key == u"font-name")
+        look.font = value.toString();
+    else if (group == plasmaGroup && key == u"font")
+        look.font = plasmaFont(value.toString());
     return look;
 }
 
@@ -47,11 +64,12 @@ void Appearance::ask()
     // Else the slot is not found by its parameters.
     qRegisterMetaType<QDBusVariant>();
     // From whomever: to follow one service only, its owner would have to be waited for.
-    m_bus.connect({}, path, interface, u"SettingChanged"_s, {appearanceGroup}, u"ssv"_s, this,
-        SLOT(takeSetting(QString, QString, QDBusVariant)));
+    for (const QString &group : groupsRead)
+        m_bus.connect({}, path, interface, u"SettingChanged"_s, {group}, u"ssv"_s, this,
+            SLOT(takeSetting(QString, QString, QDBusVariant)));
     auto call = QDBusMessage::createMethodCall(
         u"org.freedesktop.portal.Desktop"_s, path, interface, u"ReadAll"_s);
-    call << QStringList{appearanceGroup};
+    call << groupsRead;
     callLater(m_bus, call, startPatience, this,
         [this](const QDBusMessage &answer) { takeAnswer(answer); });
 }
@@ -62,15 +80,16 @@ void Appearance::takeAnswer(const QDBusMessage &answer)
         return;
     const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments()[0]);
     DesktopLook look = m_look;
-    for (const auto &[key, value] : groups[appearanceGroup].asKeyValueRange())
-        look = with(look, key, value);
+    for (const QString &group : groupsRead) {
+        for (const auto &[key, value] : groups[group].asKeyValueRange())
+            look = with(look, group, key, value);
+    }
     setLook(look);
 }
 
 void Appearance::takeSetting(const QString &group, const QString &key, const QDBusVariant &value)
 {
-    if (group == appearanceGroup)
-        setLook(with(m_look, key, value.variant()));
+    setLook(with(m_look, group, key, value.variant()));
 }
 
 void Appearance::setLook(const DesktopLook &look)

@@ -14,6 +14,7 @@ namespace corvane {
 struct DesktopLook {
     bool isDark = false;
     bool hasHighContrast = false;
+    QString font = {}; ///< family and size in points, as in "Cantarell 11"; empty while it is unknown
 
     bool operator==(const DesktopLook &) const = default;
 };

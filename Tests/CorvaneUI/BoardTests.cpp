@@ -1,10 +1,14 @@
 #include "KeyCaps.h"
 
 #include <QtGui/QColor>
+#include <QtGui/QFont>
+#include <QtGui/QGuiApplication>
 
 #include <gtest/gtest.h>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,6 +54,22 @@ TEST(BoardTests, contrastSpansFromOneToTwentyOne)
     EXPECT_NEAR(Board::contrast(Qt::black, Qt::white), 21, 0.01);
     EXPECT_NEAR(Board::contrast(Qt::white, Qt::black), 21, 0.01);
     EXPECT_NEAR(Board::contrast(Qt::red, Qt::red), 1, 0.01);
+}
+
+TEST(BoardTests, theDesktopsFontIsUsedUnlessItsDescriptionIsOdd)
+{
+    const QFont before = QGuiApplication::font();
+    const auto used = [](const QString &description) {
+        Board::useFont({.font = description});
+        const QFont font = QGuiApplication::font();
+        return u"%1/%2"_s.arg(font.family()).arg(font.pointSizeF());
+    };
+
+    EXPECT_EQ(used(u"DejaVu Sans Book 12.5"_s), u"DejaVu Sans/12.5");
+    EXPECT_EQ(used(u"Noto Sans, 10"_s), u"Noto Sans/10");
+    for (const QString &odd : {u""_s, u"Cantarell"_s, u"12"_s, u"Cantarell 0"_s})
+        EXPECT_EQ(used(odd), u"Noto Sans/10") << qPrintable(odd);
+    QGuiApplication::setFont(before);
 }
 
 } // namespace corvane

@@ -81,12 +81,12 @@ struct LookTests : SessionTests {
         EXPECT_EQ(session.look(), DesktopLook());
         EXPECT_TRUE(portal.hears(1));
     }
-    void change(const QString &key, quint32 value)
+    void change(const QString &key, const QVariant &value,
+        const QString &group = u"org.freedesktop.appearance"_s)
     {
         auto signal = QDBusMessage::createSignal(
             path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-        signal << u"org.freedesktop.appearance"_s << key
-               << QVariant::fromValue(QDBusVariant(value));
+        signal << group << key << QVariant::fromValue(QDBusVariant(value));
         portal.bus.send(signal);
     }
 };
@@ -139,22 +139,26 @@ TEST_F(LookTests, isWhatThePortalSaysHoweverWrappedAndOnlyRealChangesAreTold)
 
     for (const quint32 scheme : {1u, 2u, 0u, 1u})
         change(u"color-scheme"_s, scheme);
-    change(u"accent-color"_s, 1);
-    change(u"contrast"_s, 0);
+    change(u"accent-color"_s, 1u);
+    change(u"contrast"_s, 0u);
 
     EXPECT_TRUE(eventually([this] { return changes.size() == 4; }));
     EXPECT_THAT(changes,
-        ElementsAre(DesktopLook{true, true}, DesktopLook{false, true}, DesktopLook{true, true},
-            DesktopLook{true, false}));
+        ElementsAre(DesktopLook{true, true, {}}, DesktopLook{false, true, {}},
+            DesktopLook{true, true, {}}, DesktopLook{true, false, {}}));
 }
 
 TEST_F(LookTests, withoutAnAnswerItStaysLightUntilASettingChanges)
 {
     portal.refuse(0);
-    change(u"contrast"_s, 1);
+    change(u"contrast"_s, 1u);
+    change(u"font-name"_s, u"Cantarell 11"_s, u"org.gnome.desktop.interface"_s);
+    change(u"font"_s, u"Noto Sans,10,-1,5"_s, u"org.kde.kdeglobals.General"_s);
 
-    EXPECT_TRUE(eventually([this] { return !changes.isEmpty(); }));
-    EXPECT_THAT(changes, ElementsAre(DesktopLook{false, true}));
+    EXPECT_TRUE(eventually([this] { return changes.size() == 3; }));
+    EXPECT_THAT(changes,
+        ElementsAre(DesktopLook{false, true, {}}, DesktopLook{false, true, u"Cantarell 11"_s},
+            DesktopLook{false, true, u"Noto Sans 10"_s}));
 }
 
 TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
