@@ -73,7 +73,8 @@ Measurements measureIdle(VirtualDesktop &desktop, std::chrono::seconds duration)
         return unexpected<QString>(u"the menu did not open and close"_s);
     const auto switches = [&] { return contextSwitches(corvane.pid()); };
 
-    const qint64 before = settled(switches, Milliseconds{500});
+    // A new panel moves about for a second or two.
+    const qint64 before = settled(switches, Milliseconds{3000}, Milliseconds{20000});
     std::this_thread::sleep_for(duration);
     const qint64 after = switches();
 

@@ -12,7 +12,7 @@ namespace {
 /// At login panels may start after us.
 constexpr auto grace = 8s;
 /// How long a press on the icon lasts at most.
-constexpr auto longestPress = 700ms;
+constexpr auto longestPress = 400ms;
 } // namespace
 
 QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen)

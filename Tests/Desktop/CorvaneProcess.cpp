@@ -47,8 +47,8 @@ CorvaneProcess::CorvaneProcess(PrivateSession &session, QString program)
 
 bool CorvaneProcess::start()
 {
-    if (m_process)
-        m_logStart = m_process->log().size();
+    const QString name = QFileInfo(m_program).fileName();
+    m_logStart = QFileInfo(u"%1/%2.log"_s.arg(m_session.folder(), name)).size();
     m_process = m_session.launch(m_program, {u"--verbose"_s});
     return waitUntil([this] { return !readyLine().isEmpty() || !isRunning(); }, Milliseconds{30000})
         && isRunning();
