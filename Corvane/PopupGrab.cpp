@@ -5,6 +5,7 @@
 #include <QtWidgets/QMenu>
 
 #include <cstdlib>
+#include <memory>
 #include <xcb/xcb.h>
 
 namespace corvane {

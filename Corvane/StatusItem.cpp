@@ -93,13 +93,13 @@ void StatusItem::show()
 {
     if (!m_icon) {
         // Qt decides once, by what is there now, whether it shows icons over the bus.
+        m_isOnBus = m_services.services().hasHost;
         m_icon = std::make_unique<QSystemTrayIcon>();
         m_icon->setIcon(m_image);
         m_icon->setToolTip(m_description);
         connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activate);
     }
-    const TrayServices &services = m_services.services();
-    if (services.hasHost && menuForm(services) != MenuForm::drawn)
+    if (m_isOnBus && menuForm(m_services.services()) != MenuForm::drawn)
         m_icon->setContextMenu(m_plain);
     m_icon->show();
 }
@@ -109,8 +109,7 @@ void StatusItem::activate(QSystemTrayIcon::ActivationReason reason)
     // After Escape, a quick second click counts as a double one.
     const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context
         || reason == QSystemTrayIcon::DoubleClick;
-    const TrayServices &services = m_services.services();
-    const bool isForPanel = services.hasHost && menuForm(services) == MenuForm::exported;
+    const bool isForPanel = m_isOnBus && menuForm(m_services.services()) == MenuForm::exported;
     if (isClick && !isForPanel && !hasClosedByThisClick())
         open(anchor());
 }
@@ -154,8 +153,7 @@ void StatusItem::noteClosing()
 // The menu takes the press that closes it, but a panel hears of the release.
 bool StatusItem::hasClosedByThisClick() const
 {
-    return m_sinceClosedByPress.isValid()
-        && !m_sinceClosedByPress.hasExpired(std::chrono::milliseconds(longestPress).count())
+    return m_sinceClosedByPress.isValid() && !m_sinceClosedByPress.hasExpired(longestPress.count())
         && (QCursor::pos() - m_closingPress).manhattanLength() < 4;
 }
 

@@ -11,6 +11,8 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QSystemTrayIcon>
 
+#include <memory>
+
 namespace corvane {
 
 /// Where a menu of this size opens beside `anchor`, wholly on `screen`: below it, above where there
@@ -65,7 +67,8 @@ private:
     bool m_isToldUnreachable = false;
     QElapsedTimer m_sinceClosedByPress;
     QPoint m_closingPress;
-    std::unique_ptr<QSystemTrayIcon> m_icon;
+    bool m_isOnBus = false;
+    std::unique_ptr<QSystemTrayIcon> m_icon; ///< none before there has been a tray
 };
 
 } // namespace corvane

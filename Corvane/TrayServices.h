@@ -41,6 +41,9 @@ public:
 Q_SIGNALS:
     void changed();
 
+private Q_SLOTS:
+    void look();
+
 private:
     using Answer = std::function<void(const QString &owner)>;
 
@@ -50,9 +53,6 @@ private:
 
     TrayServices m_services;
     bool m_isKnown = false;
-
-private Q_SLOTS:
-    void look();
 };
 
 } // namespace corvane
