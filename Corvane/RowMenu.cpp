@@ -26,6 +26,7 @@ bool begins(const QString &title, const QString &typed)
 RowMenu::RowMenu(MenuRows &rows, QWidget *parent) : QMenu(parent), m_rows(rows)
 {
     setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
 }
 
 void RowMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const

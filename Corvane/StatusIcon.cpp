@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double grid = 16; // the drawing's side
+constexpr double rimWidth = 0.75; // on that grid
 constexpr std::array iconSizes{16, 22, 24, 32, 48, 64};
 constexpr int renderedSize = 64;
 
@@ -37,7 +38,9 @@ QPainterPath disc(const QPointF &center, double radius)
 Colors colors(const DesktopLook &panel)
 {
     const Board::Palette &palette = Board::palette(panel);
-    return {palette.fore, palette.attention};
+    QColor rim = palette.ground;
+    rim.setAlphaF(0.8F);
+    return {palette.fore, palette.attention, rim};
 }
 
 void paint(QPainter &painter, const QRectF &rect, Form form, const Colors &colors)
@@ -56,6 +59,7 @@ void paint(QPainter &painter, const QRectF &rect, Form form, const Colors &color
         shape = shape.subtracted(disc(badge, 4.5 * unit));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(shape, QPen(colors.rim, 2 * rimWidth * unit));
     painter.fillPath(shape, colors.ink);
     if (form == Form::attention)
         painter.fillPath(disc(badge, 3.25 * unit), colors.badge);
@@ -88,7 +92,7 @@ expected<void, QString> render(const QString &path)
     QImage image(renderedSize, renderedSize, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    paint(painter, image.rect(), Form::ordinary, {Qt::black, Qt::black});
+    paint(painter, image.rect(), Form::ordinary, {.ink = Qt::black, .badge = Qt::black});
     painter.end();
     QImageWriter writer(path, "png");
     if (writer.write(image))

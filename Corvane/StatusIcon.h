@@ -18,6 +18,8 @@ enum class Form {
 struct Colors {
     QColor ink;
     QColor badge;
+    QColor rim =
+        Qt::transparent; ///< of the panel's tone, for a panel that is not as it was said to be
 };
 
 /// For a panel that is light or dark.

@@ -14,7 +14,8 @@ namespace corvane {
 struct DesktopLook {
     bool isDark = false;
     bool hasHighContrast = false;
-    QString font = {}; ///< family and size in points, as in "Cantarell 11"; empty while it is unknown
+    QString font =
+        {}; ///< family and size in points, as in "Cantarell 11"; empty while it is unknown
 
     bool operator==(const DesktopLook &) const = default;
 };

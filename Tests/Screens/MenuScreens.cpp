@@ -190,14 +190,19 @@ void MenuScreens::drawPlacementIcons()
 
 void MenuScreens::drawStatusIcons()
 {
-    QPixmap picture = ground({560, 100});
+    QPixmap picture = ground({560, 160});
     QPainter painter(&picture);
-    double x = 10;
-    for (const int size : {16, 22, 24, 32, 48, 64}) {
-        for (const auto form : {StatusIcon::Form::ordinary, StatusIcon::Form::attention}) {
-            StatusIcon::paint(
-                painter, QRectF(x, 10, size, size), form, StatusIcon::colors(m_look.look));
-            x += size + 8;
+    DesktopLook other = m_look.look;
+    other.isDark = !other.isDark;
+    painter.fillRect(0, 80, 560, 80, Board::palette(other).ground); // a panel of the other tone
+    for (const double y : {10, 88}) {
+        double x = 10;
+        for (const int size : {16, 22, 24, 32, 48, 64}) {
+            for (const auto form : {StatusIcon::Form::ordinary, StatusIcon::Form::attention}) {
+                StatusIcon::paint(
+                    painter, QRectF(x, y, size, size), form, StatusIcon::colors(m_look.look));
+                x += size + 8;
+            }
         }
     }
     painter.end();
