@@ -1,8 +1,10 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
+#include "DataFolder.h"
 #include "FlightRecorder.h"
 #include "Identity.h"
+#include "KeyCaps.h"
 #include "LayoutReport.h"
 #include "Platform.h"
 #include "Screens.h"
@@ -103,7 +105,7 @@ void AppDelegate::connectModel()
                                          : Platform::current().windows().distrustReason());
     });
     for (const AppModel::Notice &notice : m_model.notices())
-        std::fprintf(stderr, "%s\n", qUtf8Printable(notice.text));
+        std::fprintf(stderr, "%s\n", qUtf8Printable(KeyCaps::plainSentence(notice.text)));
     if (!m_model.accessibilityTrusted)
         std::fprintf(stderr, "Corvane: %s\n",
             qUtf8Printable(Platform::current().windows().distrustReason()));
@@ -183,6 +185,7 @@ void AppDelegate::captureLayout()
 
 void AppDelegate::tellWhatFailed()
 {
+    m_model.refreshActivity();
     const AppModel::LastApply apply = *m_model.lastApply.value();
     if (m_log == Log::verbose)
         log(u"layout applied\n"_s + applyLines(apply.results));
@@ -196,9 +199,13 @@ void AppDelegate::show(const ScreenFlags &flags)
 {
     const CommandResult result = m_commands.show(flags);
     std::fputs(qUtf8Printable(result.error), stderr);
+    if (result.error.isEmpty())
+        return;
     // There is no window yet that could say so.
-    if (!result.error.isEmpty())
-        m_model.onNotify(u"Corvane"_s, result.error.trimmed());
+    const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
+    m_model.onNotify(tr("This window comes in a later version"),
+        tr("Until then, settings are changed in %1; placements and layouts are in the menu.")
+            .arg(settings));
 }
 
 void AppDelegate::show(SettingsPane pane)

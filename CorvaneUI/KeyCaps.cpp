@@ -156,6 +156,21 @@ QString KeyCaps::plainText(const QStringList &parts)
     return column(parts, &PartRow::name).join(u'+');
 }
 
+QString KeyCaps::plainSentence(const QString &text)
+{
+    QString plain;
+    qsizetype at = 0;
+    for (;;) {
+        const qsizetype opening = text.indexOf("[["_L1, at);
+        const qsizetype closing = opening < 0 ? -1 : text.indexOf("]]"_L1, opening);
+        if (closing < 0)
+            return plain + text.mid(at);
+        const QStringView keys = QStringView(text).sliced(opening + 2, closing - opening - 2);
+        plain += text.mid(at, opening - at) + plainText(split(keys));
+        at = closing + 2;
+    }
+}
+
 QString KeyCaps::spoken(const QStringList &parts)
 {
     return column(parts, &PartRow::spoken).join(u' ');

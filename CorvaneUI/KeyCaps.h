@@ -53,6 +53,8 @@ public:
     [[nodiscard]] static QStringList split(QStringView glyphs);
     /// On one line of text: "Ctrl+Alt+Super+←".
     [[nodiscard]] static QString plainText(const QStringList &parts);
+    /// Text with keys between "[[" and "]]", as one line of text.
+    [[nodiscard]] static QString plainSentence(const QString &text);
     /// As assistive technology reads it: "Control Alt Super Left Arrow".
     [[nodiscard]] static QString spoken(const QStringList &parts);
 

@@ -5,14 +5,15 @@ option(CORVANE_PRECOMPILE "Precompile the headers that most files include" OFF)
 function(corvane_precompile target)
     get_target_property(type ${target} TYPE)
     get_target_property(sources ${target} SOURCES)
-    if(NOT type MATCHES "STATIC_LIBRARY|EXECUTABLE" OR NOT sources MATCHES "\\.cpp")
+    get_target_property(libraries ${target} LINK_LIBRARIES)
+    if(NOT type MATCHES "STATIC_LIBRARY|EXECUTABLE" OR NOT sources MATCHES "\\.cpp"
+            OR NOT libraries MATCHES "corvane|Qt6")
         return()
     endif()
     set(headers <algorithm> <functional> <map> <memory> <optional> <variant>
         <QtCore/QDateTime> <QtCore/QHash> <QtCore/QJsonArray> <QtCore/QJsonDocument>
         <QtCore/QJsonObject> <QtCore/QList> <QtCore/QMap> <QtCore/QObject> <QtCore/QSet>
         <QtCore/QString> <QtCore/QStringList> <QtCore/QUrl>)
-    get_target_property(libraries ${target} LINK_LIBRARIES)
     if(libraries MATCHES "GTest::gmock")
         list(APPEND headers <gmock/gmock.h>)
     endif()

@@ -594,6 +594,14 @@
         <source>“%1” is not complete</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>This window comes in a later version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Until then, settings are changed in %1; placements and layouts are in the menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppModel</name>

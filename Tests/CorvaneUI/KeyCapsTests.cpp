@@ -67,6 +67,12 @@ TEST(KeyCapsTests, textIsSplitIntoModifiersAndOneKey)
     EXPECT_TRUE(KeyCaps::split(u" ").isEmpty());
 }
 
+TEST(KeyCapsTests, keysInsideASentenceAreWordsOfIt)
+{
+    EXPECT_EQ(
+        KeyCaps::plainSentence(u"[[⌃⌥A]] or [[⌘]], then [[x"_s), u"Ctrl+Alt+A or Super, then [[x");
+}
+
 TEST(KeyCapsTests, modifiersAreNamedAndArrowsDrawn)
 {
     const KeyCaps caps(KeyCombo(123, allModifiers).parts(), KeyCapStyle::ofHeight(20));
