@@ -83,9 +83,10 @@ void AppDelegate::start()
 void AppDelegate::connectModel()
 {
     m_model.onShortcutsChanged = [this] { registerHotKeys(); };
-    m_model.onMenuChanged = [this] { m_menus.rebuild(); };
+    m_model.onMenuChanged = [this] { m_menus.rebuildMenu(); };
     m_model.onDockVisibilityChanged = [this](bool isRegular) { m_dock.set(isRegular); };
     m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
+    m_model.onReplayTour = [this] { show({.showTour = true}); };
     m_model.onNotify = [](const QString &title, const QString &body) {
         Platform::current().session().notify(title, title, body);
     };
@@ -129,7 +130,7 @@ void AppDelegate::startWindowWatcher()
 void AppDelegate::registerHotKeys()
 {
     log(u"ready: "_s + m_shortcuts.registerAll());
-    m_menus.rebuild();
+    m_menus.rebuildMenu();
 }
 
 void AppDelegate::recordLaunch()

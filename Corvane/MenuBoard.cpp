@@ -37,17 +37,17 @@ MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
 
 void MenuBoard::start()
 {
-    connect(&m_model, &AppModel::settingsChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::layoutsChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::unregisteredChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::accessibilityTrustedChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::competitorsChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::updateStatusChanged, this, &MenuBoard::rebuild);
-    connect(&m_model, &AppModel::lookChanged, this, &MenuBoard::rebuild);
-    rebuild();
+    connect(&m_model, &AppModel::settingsChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::layoutsChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::unregisteredChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::accessibilityTrustedChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::competitorsChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::updateStatusChanged, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::lookChanged, this, &MenuBoard::rebuildMenu);
+    rebuildMenu();
 }
 
-void MenuBoard::rebuild()
+void MenuBoard::rebuildMenu()
 {
     m_isStale = true;
     if (std::exchange(m_isFillPending, true))
@@ -78,14 +78,13 @@ void MenuBoard::fill()
     Board::useFont(m_model.look);
     m_drawn.fill();
     m_plain.fill();
-    drawIcon();
+    refreshStatusIcon(m_drawn.needsAttention() ? StatusIcon::Form::attention
+                                               : StatusIcon::Form::ordinary);
     m_item.setVisible(m_model.settings().showMenuBarIcon);
 }
 
-void MenuBoard::drawIcon()
+void MenuBoard::refreshStatusIcon(StatusIcon::Form form)
 {
-    const auto form =
-        m_drawn.needsAttention() ? StatusIcon::Form::attention : StatusIcon::Form::ordinary;
     m_item.setIcon(StatusIcon::icon(form, StatusIcon::colors(panelLook(m_model.look))),
         StatusIcon::description(form));
 }

@@ -18,14 +18,14 @@ public:
     /// Shows the status item, if the settings want one.
     void start();
     /// Soon, and once for any number of calls.
-    void rebuild();
+    void rebuildMenu();
     /// Opens the status menu without a click.
     void popUp();
 
 private:
     void prepareToOpen();
     void fill();
-    void drawIcon();
+    void refreshStatusIcon(StatusIcon::Form form);
 
     AppModel &m_model;
     StatusMenu m_drawn;

@@ -3,6 +3,8 @@
 #include "FlightRecorder.h"
 #include "Match.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -26,11 +28,15 @@ QString ShortcutRegistrar::registerAll()
     }
     m_model.unregistered = refused;
     const qsizetype registered = qsizetype(m_hotKeys.size());
-    QString line = u"%1 of %2 hot keys registered"_s.arg(registered).arg(registered + names.size());
-    if (!names.isEmpty())
-        line += u"; refused by macOS or another app: "_s + names.join(u", "_s);
-    FlightRecorder::shared().record(u"hotkeys"_s, line);
-    return line;
+    const QString line =
+        u"%1 of %2 hot keys registered"_s.arg(registered).arg(registered + names.size());
+    const char *const refusedBy =
+        QT_TRANSLATE_NOOP("Shortcuts", "; refused by macOS or another app: ");
+    const QString list = names.join(u", "_s);
+    FlightRecorder::shared().record(
+        u"hotkeys"_s, names.isEmpty() ? line : line + QString::fromLatin1(refusedBy) + list);
+    return names.isEmpty() ? line
+                           : line + QCoreApplication::translate("Shortcuts", refusedBy) + list;
 }
 
 bool ShortcutRegistrar::registerOne(const KeyCombo &combo, const ShortcutOwner &owner)

@@ -525,6 +525,13 @@
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>; refused by macOS or another app: </source>
+        <translation>; refused by the desktop or another app: </translation>
+    </message>
+</context>
+<context>
     <name>StatusIcon</name>
     <message>
         <source>Corvane</source>
