@@ -78,8 +78,8 @@ void MenuBoard::fill()
     Board::useFont(m_model.look);
     m_drawn.fill();
     m_plain.fill();
-    refreshStatusIcon(m_drawn.needsAttention() ? StatusIcon::Form::attention
-                                               : StatusIcon::Form::ordinary);
+    refreshStatusIcon(
+        m_drawn.needsAttention() ? StatusIcon::Form::attention : StatusIcon::Form::ordinary);
     m_item.setVisible(m_model.settings().showMenuBarIcon);
 }
 
