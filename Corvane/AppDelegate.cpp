@@ -88,7 +88,8 @@ void AppDelegate::connectModel()
     m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
     m_model.onReplayTour = [this] { show({.showTour = true}); };
     m_model.onNotify = [](const QString &title, const QString &body) {
-        Platform::current().session().notify(title, title, body);
+        // One at a time: a newer one takes the place of the last.
+        Platform::current().session().notify(u"corvane"_s, title, body);
     };
     m_model.onRecordingChanged = [this](bool isRecording) {
         if (isRecording)
@@ -105,8 +106,8 @@ void AppDelegate::connectModel()
         log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
                                          : Platform::current().windows().distrustReason());
     });
-    for (const AppModel::Notice &notice : m_model.notices())
-        std::fprintf(stderr, "%s\n", qUtf8Printable(KeyCaps::plainSentence(notice.text)));
+    connect(&m_model, &AppModel::noticesChanged, this, &AppDelegate::tellNotices);
+    tellNotices();
     if (!m_model.accessibilityTrusted)
         std::fprintf(stderr, "Corvane: %s\n",
             qUtf8Printable(Platform::current().windows().distrustReason()));
@@ -163,10 +164,17 @@ void AppDelegate::keepRecentMovesPruned()
         m_pruning.start();
 }
 
-void AppDelegate::perform(Placement placement)
+OutcomeReport AppDelegate::perform(Placement placement)
 {
     m_model.refreshTrust();
-    m_mover.perform(placement);
+    return m_mover.perform(placement);
+}
+
+void AppDelegate::performFromMenu(Placement placement)
+{
+    const OutcomeReport report = perform(placement);
+    if (!std::holds_alternative<MoveOutcome::Moved>(report.outcome.value))
+        m_model.onNotify(title(placement), refusalText(report.outcome, report.frontmostName));
 }
 
 void AppDelegate::applyLayout(const QUuid &id)
@@ -178,8 +186,12 @@ void AppDelegate::applyLayout(const QUuid &id)
 
 void AppDelegate::captureLayout()
 {
-    const auto captured = m_model.captureCurrentWindows(tr("Layout"));
-    if (captured)
+    m_model.refreshTrust();
+    if (!m_model.accessibilityTrusted)
+        return m_model.onNotify(
+            tr("Nothing was captured"), Platform::current().windows().distrustReason());
+    // A failure is a notice.
+    if (const auto captured = m_model.captureCurrentWindows(tr("Layout")))
         m_model.onNotify(tr("Captured “%1”").arg(captured->name),
             tr("Its windows come back from Corvane's menu, under Layouts."));
 }
@@ -194,6 +206,20 @@ void AppDelegate::tellWhatFailed()
     const QString lines = failureLines(apply.results);
     if (layout && !lines.isEmpty())
         m_model.onNotify(tr("“%1” is not complete").arg(layout->name), lines);
+}
+
+void AppDelegate::tellNotices()
+{
+    const QList<AppModel::Notice> told = std::exchange(m_toldNotices, m_model.notices());
+    QStringList news;
+    for (const AppModel::Notice &notice : m_model.notices()) {
+        if (!told.contains(notice))
+            news << KeyCaps::plainSentence(notice.text);
+    }
+    for (const QString &text : std::as_const(news))
+        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    if (!news.isEmpty())
+        m_model.onNotify(tr("Corvane, needs attention"), news.join(u'\n'));
 }
 
 void AppDelegate::show(const ScreenFlags &flags)
@@ -217,7 +243,7 @@ void AppDelegate::show(SettingsPane pane)
 MenuTarget AppDelegate::menuTarget()
 {
     return {
-        .perform = [this](Placement placement) { perform(placement); },
+        .perform = [this](Placement placement) { performFromMenu(placement); },
         .applyLayout = [this](const QUuid &id) { applyLayout(id); },
         .captureLayout = [this] { captureLayout(); },
         .grantAccess = [] { Accessibility::openSettings(); },

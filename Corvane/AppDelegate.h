@@ -35,10 +35,14 @@ private:
     void recordLaunch();
     static void pruneHistory();
 
-    void perform(Placement placement);
+    OutcomeReport perform(Placement placement);
+    /// For one who cannot see why nothing moves.
+    void performFromMenu(Placement placement);
     void applyLayout(const QUuid &id);
     void captureLayout();
     void tellWhatFailed();
+    /// Those that have come since the last time.
+    void tellNotices();
     void show(const ScreenFlags &flags);
     void show(SettingsPane pane);
     [[nodiscard]] MenuTarget menuTarget();
@@ -55,6 +59,7 @@ private:
     LoginItemSwitch m_loginItem;
     DockPresence m_dock;
     MenuBoard m_menus;
+    QList<AppModel::Notice> m_toldNotices;
     QTimer m_pruning;
 };
 

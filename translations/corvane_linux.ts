@@ -609,6 +609,14 @@
         <source>Until then, settings are changed in %1; placements and layouts are in the menu.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Nothing was captured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane, needs attention</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppModel</name>

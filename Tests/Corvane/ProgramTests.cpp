@@ -346,6 +346,7 @@ TEST_F(ProgramTests, withoutAPlaceToWriteItWorksForTheRun)
     EXPECT_EQ(captured.status, 1);
     EXPECT_THAT(captured.error, HasSubstr("Changes work until Corvane quits."));
     EXPECT_EQ(run({u"--apply-layout"_s, u"Work"_s}).status, 0);
+    EXPECT_THAT(readUntil(*resident, "could not save").toStdString(), HasSubstr("layouts.json"));
 }
 
 TEST_F(ProgramTests, obeysTheSettingsFile)
