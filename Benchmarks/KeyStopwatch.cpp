@@ -1,6 +1,7 @@
 #include "KeyStopwatch.h"
 
-#include <poll.h>
+#include "Arrival.h"
+
 #include <thread>
 
 namespace corvane::bench {
@@ -32,30 +33,15 @@ std::optional<double> KeyStopwatch::time(const KeyStroke &stroke, const Rect &cl
     while (wasNoticed()) { }
     const auto start = Clock::now();
     m_keyboard.key(stroke.key, true);
-    const auto end = arrival(client, start + patienceForAMove);
+    const auto end = arrival(
+        m_connection, start + patienceForAMove, [this] { return wasNoticed(); },
+        [&] { return m_probe.clientGeometry(m_window) == client; });
     m_keyboard.key(stroke.key, false);
     m_keyboard.releaseModifiers(stroke);
     std::this_thread::sleep_for(breath);
     if (!end)
         return std::nullopt;
     return std::chrono::duration<double, std::milli>(*end - start).count();
-}
-
-std::optional<KeyStopwatch::Clock::time_point> KeyStopwatch::arrival(
-    const Rect &client, Clock::time_point deadline)
-{
-    pollfd readable{xcb_get_file_descriptor(m_connection.raw()), POLLIN, 0};
-    for (;;) {
-        while (wasNoticed()) {
-            const auto noticed = Clock::now();
-            if (m_probe.clientGeometry(m_window) == client)
-                return noticed;
-        }
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left <= 0ms)
-            return std::nullopt;
-        poll(&readable, 1, static_cast<int>(left.count()));
-    }
 }
 
 bool KeyStopwatch::wasNoticed()

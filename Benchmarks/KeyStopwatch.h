@@ -18,8 +18,6 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    [[nodiscard]] std::optional<Clock::time_point> arrival(
-        const Rect &client, Clock::time_point deadline);
     /// Takes one notice of a change of the window's geometry, if there is one.
     [[nodiscard]] bool wasNoticed();
 

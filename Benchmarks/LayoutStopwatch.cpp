@@ -1,8 +1,8 @@
 #include "LayoutStopwatch.h"
 
+#include "Arrival.h"
 #include "Pager.h"
 
-#include <poll.h>
 #include <thread>
 
 namespace corvane::bench {
@@ -40,7 +40,9 @@ std::optional<double> LayoutStopwatch::time(const KeyStroke &stroke, const QList
     m_keyboard.key(stroke.key, true);
     // At once, since a script takes longer than a key needs to repeat.
     m_keyboard.key(stroke.key, false);
-    const auto end = arrival(start + patienceForALayout);
+    const auto end = arrival(
+        m_connection, start + patienceForALayout, [this] { return wasNoticed(); },
+        [this] { return m_probe.activeWindow() == m_windows.last(); });
     m_keyboard.releaseModifiers(stroke);
     const bool stood = stand(clients);
     std::this_thread::sleep_for(breath);
@@ -55,23 +57,6 @@ bool LayoutStopwatch::prepare()
     const bool isActive = waitUntil([this] { return m_probe.activeWindow() == m_windows.first(); });
     std::this_thread::sleep_for(breath);
     return isActive;
-}
-
-std::optional<LayoutStopwatch::Clock::time_point> LayoutStopwatch::arrival(
-    Clock::time_point deadline)
-{
-    pollfd readable{xcb_get_file_descriptor(m_connection.raw()), POLLIN, 0};
-    for (;;) {
-        while (wasNoticed()) {
-            const auto noticed = Clock::now();
-            if (m_probe.activeWindow() == m_windows.last())
-                return noticed;
-        }
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left <= 0ms)
-            return std::nullopt;
-        poll(&readable, 1, static_cast<int>(left.count()));
-    }
 }
 
 bool LayoutStopwatch::stand(const QList<Rect> &clients)

@@ -23,7 +23,6 @@ private:
 
     /// Puts the first window in front, so that the last one has to come forward.
     [[nodiscard]] bool prepare();
-    [[nodiscard]] std::optional<Clock::time_point> arrival(Clock::time_point deadline);
     [[nodiscard]] bool stand(const QList<Rect> &clients);
     /// Takes one notice that the active window has changed, if there is one.
     [[nodiscard]] bool wasNoticed();
