@@ -33,11 +33,12 @@ expected<std::unique_ptr<Platform>, QString> openDesktop(std::function<void()> o
 
 QString prepareWindows()
 {
+    const QString name = backEnd();
+    const bool isX11 = name == "x11"_L1;
     // Qt ends the program when it cannot reach the desktop, so we try first.
-    const auto desktop = openDesktop([] {});
-    if (!desktop)
-        return desktop.error();
-    const bool isSeen = backEnd() == "x11"_L1 || qEnvironmentVariableIsSet("DISPLAY");
+    if (const QString problem = isX11 ? x11Problem() : QString(); !problem.isEmpty())
+        return problem;
+    const bool isSeen = isX11 || (name == "simulated"_L1 && qEnvironmentVariableIsSet("DISPLAY"));
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", isSeen ? "xcb" : "offscreen");
     return {};

@@ -42,6 +42,14 @@ bool isInsideWayland(Connection &connection)
                .startsWith("XWAYLAND");
 }
 
+expected<std::unique_ptr<Connection>, QString> connect()
+{
+    auto connection = Connection::open();
+    if (!connection && qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return unexpected<QString>(waylandSentence());
+    return connection;
+}
+
 class X11Platform final : public Platform
 {
 public:
@@ -83,15 +91,19 @@ private:
 
 expected<std::unique_ptr<Platform>, QString> openX11Platform(std::function<void()> onBroken)
 {
-    auto connection = Connection::open();
-    if (!connection) {
-        const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-        return unexpected<QString>(isWayland ? waylandSentence() : connection.error());
-    }
+    auto connection = connect();
+    if (!connection)
+        return unexpected<QString>(connection.error());
     QObject::connect(
         connection->get(), &Connection::broken, connection->get(), std::move(onBroken));
     (*connection)->followRoot(XCB_EVENT_MASK_NO_EVENT);
     return std::make_unique<X11Platform>(std::move(*connection));
+}
+
+QString x11Problem()
+{
+    const auto connection = connect();
+    return connection ? QString() : connection.error();
 }
 
 } // namespace corvane

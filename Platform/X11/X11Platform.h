@@ -16,4 +16,7 @@ class Platform;
 [[nodiscard]] expected<std::unique_ptr<Platform>, QString> openX11Platform(
     std::function<void()> onBroken);
 
+/// Why there is no such desktop, in one sentence; empty when there is. Looks no further than that.
+[[nodiscard]] QString x11Problem();
+
 } // namespace corvane
