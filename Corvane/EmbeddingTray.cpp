@@ -1,43 +1,18 @@
 #include "EmbeddingTray.h"
 
-#include <QtGui/QGuiApplication>
+#include "QtX11.h"
 
-#include <cstdlib>
-#include <memory>
+#include <QtGui/QGuiApplication>
 
 namespace corvane {
 
-namespace {
-
-struct FreeReply {
-    void operator()(void *reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, FreeReply>;
-
-xcb_intern_atom_cookie_t ask(xcb_connection_t *connection, QByteArrayView name)
-{
-    return xcb_intern_atom(connection, 0, static_cast<quint16>(name.size()), name.data());
-}
-
-xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t cookie)
-{
-    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-}
-
-} // namespace
-
 EmbeddingTray::EmbeddingTray(QObject *parent) : QObject(parent)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    m_connection = x11 ? x11->connection() : nullptr;
+    m_connection = QtX11::connection();
     if (!m_connection)
         return;
-    const auto selection = ask(m_connection, "_NET_SYSTEM_TRAY_S0");
-    const auto manager = ask(m_connection, "MANAGER");
-    m_selection = atom(m_connection, selection);
-    m_manager = atom(m_connection, manager);
+    m_selection = QtX11::atom(m_connection, "_NET_SYSTEM_TRAY_S0");
+    m_manager = QtX11::atom(m_connection, "MANAGER");
     qGuiApp->installNativeEventFilter(this);
     look();
 }
@@ -59,10 +34,7 @@ bool EmbeddingTray::nativeEventFilter(const QByteArray &, void *message, qintptr
 
 void EmbeddingTray::look()
 {
-    const auto cookie = xcb_get_selection_owner(m_connection, m_selection);
-    const Reply<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
-    m_window = reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
+    m_window = QtX11::selectionOwner(m_connection, m_selection);
     if (isThere()) {
         // The same events as Qt selects there on this connection once it shows an icon.
         const quint32 events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;

@@ -1,12 +1,9 @@
 #include "PopupGrab.h"
 
-#include <QtGui/QGuiApplication>
+#include "QtX11.h"
+
 #include <QtGui/QWindow>
 #include <QtWidgets/QMenu>
-
-#include <cstdlib>
-#include <memory>
-#include <xcb/xcb.h>
 
 namespace corvane {
 
@@ -17,14 +14,14 @@ namespace {
 // Qt takes any answer of the server for consent, a refusal too.
 bool isPointerFree(const QWindow &window)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t *connection = QtX11::connection();
+    if (!connection)
         return true;
-    const auto cookie = xcb_grab_pointer(x11->connection(), 0,
-        static_cast<xcb_window_t>(window.winId()), XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
-        XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
-    const std::unique_ptr<xcb_grab_pointer_reply_t, void (*)(void *)> reply(
-        xcb_grab_pointer_reply(x11->connection(), cookie, nullptr), std::free);
+    const auto cookie = xcb_grab_pointer(connection, 0, static_cast<xcb_window_t>(window.winId()),
+        XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
+        XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    const QtX11::Reply<xcb_grab_pointer_reply_t> reply(
+        xcb_grab_pointer_reply(connection, cookie, nullptr));
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
