@@ -28,14 +28,6 @@ constexpr double messagingTimeout = 1.0;
 constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
 
-QStringList names(const QList<Competitor::Running> &competitors)
-{
-    QStringList names;
-    for (const Competitor::Running &each : competitors)
-        names << each.competitor.name;
-    return names;
-}
-
 } // namespace
 
 AppDelegate::AppDelegate(Log log)

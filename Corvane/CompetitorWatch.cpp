@@ -20,16 +20,14 @@ void CompetitorWatch::start()
 
 void CompetitorWatch::tell()
 {
-    QStringList names;
-    for (const Competitor::Running &each : m_model.competitors.value())
-        names << each.competitor.name;
-    const QStringList known = std::exchange(m_told, names);
-    const bool isNews =
-        std::ranges::any_of(names, [&known](const QString &name) { return !known.contains(name); });
+    const QStringList running = names(m_model.competitors);
+    const QStringList known = std::exchange(m_told, running);
+    const bool isNews = std::ranges::any_of(
+        running, [&known](const QString &name) { return !known.contains(name); });
     if (!isNews || !m_model.onNotify)
         return;
-    const QString joined = names.join(tr(" and "));
-    const bool isOne = names.size() == 1;
+    const QString joined = running.join(tr(" and "));
+    const bool isOne = running.size() == 1;
     const QString title = isOne ? tr("%1 is also running") : tr("%1 are also running");
     const QString body = isOne
         ? tr("Two window managers answering the same keys will fight over one window. Quit it from "

@@ -22,6 +22,16 @@ QString verbatim(QString text)
     return text.replace(u'&', u"&&"_s);
 }
 
+QString trailingText(
+    const MenuRows::Trailing &trailing, QString (*textOf)(const QStringList &parts))
+{
+    using Trailing = MenuRows::Trailing;
+    return match(
+        trailing.value, [](Trailing::None) { return QString(); },
+        [textOf](const Trailing::Keys &keys) { return textOf(keys.parts); },
+        [](const Trailing::Text &text) { return text.text; });
+}
+
 QIcon iconOf(const MenuRows::Row &row, const Board::Palette &palette)
 {
     if (row.image)
@@ -179,10 +189,7 @@ MenuRows::Style MenuRows::styleOf(const QMenu &menu) const
 
 QString MenuRows::spokenText(const Row &row)
 {
-    const QString trailing = match(
-        row.trailing.value, [](Trailing::None) { return QString(); },
-        [](const Trailing::Keys &keys) { return KeyCaps::spoken(keys.parts); },
-        [](const Trailing::Text &text) { return text.text; });
+    const QString trailing = trailingText(row.trailing, KeyCaps::spoken);
     QStringList texts{row.title};
     if (row.subtitle)
         texts << *row.subtitle;
@@ -197,10 +204,7 @@ QString MenuRows::plainText(const Row &row)
     const QString title = row.subtitle
         ? QCoreApplication::translate("MenuRows", "%1 (%2)").arg(row.title, *row.subtitle)
         : row.title;
-    const QString trailing = match(
-        row.trailing.value, [](Trailing::None) { return QString(); },
-        [](const Trailing::Keys &keys) { return KeyCaps::plainText(keys.parts); },
-        [](const Trailing::Text &text) { return text.text; });
+    const QString trailing = trailingText(row.trailing, KeyCaps::plainText);
     return trailing.isEmpty() ? title : title + u'\t' + trailing;
 }
 

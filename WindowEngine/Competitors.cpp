@@ -40,4 +40,12 @@ QList<Competitor::Running> Competitor::running()
     return result;
 }
 
+QStringList names(const QList<Competitor::Running> &competitors)
+{
+    QStringList names;
+    for (const Competitor::Running &each : competitors)
+        names << each.competitor.name;
+    return names;
+}
+
 } // namespace corvane

@@ -3,7 +3,7 @@
 #include "Applications.h"
 
 #include <QtCore/QList>
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <array>
 
@@ -29,5 +29,7 @@ struct Competitor::Running {
 
     bool operator==(const Running &) const = default;
 };
+
+[[nodiscard]] QStringList names(const QList<Competitor::Running> &competitors);
 
 } // namespace corvane
