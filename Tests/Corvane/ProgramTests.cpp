@@ -258,6 +258,17 @@ TEST_F(ProgramTests, aSecondStartHandsItsFlagsToTheRunningOne)
     EXPECT_THAT(readUntil(*resident, "snapBack").toStdString(), HasSubstr("leftHalf: Editor"));
 }
 
+TEST_F(ProgramTests, openingTheMenuDidNotEndItWithoutAnXServer)
+{
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s, u"--pop-menu"_s});
+    readUntil(*resident, "ready");
+
+    run({u"--place"_s, u"leftHalf"_s});
+
+    EXPECT_THAT(readUntil(*resident, "leftHalf").toStdString(), HasSubstr("leftHalf: Editor"));
+}
+
 TEST_F(ProgramTests, actionsOfTheDesktopEntryAreCalledLikeThePlacements)
 {
     startBus();
