@@ -47,7 +47,9 @@ protected:
                 true},
             {"only", {u"only-one="_s + pipe(), u"open=By the first copy"_s}, "placed", true, 2},
             {"restless", {u"open=Restless"_s, u"wait=300"_s, u"resize=700x300"_s}, "placed", true},
-            {"leaving", {u"open=Leaving"_s, u"wait-until-resized"_s, u"quit"_s}, "placed", false},
+            // Not at once: the frame that it took has to be read before it is gone.
+            {"leaving", {u"open=Leaving"_s, u"wait-until-resized"_s, u"wait=1000"_s, u"quit"_s},
+                "placed", false},
             {"gone", {u"open=Gone"_s, u"wait=1500"_s, u"quit"_s}, "launched", false},
             {"hasty", {u"quit"_s}, "launched", false},
             {"mute", {}, "launched", false},
