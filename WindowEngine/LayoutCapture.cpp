@@ -63,7 +63,8 @@ std::optional<Pane> paneOf(const AXWindow &window, const AppRef &app,
         .rect = WindowLayout::unitRect(*frame, screen->visibleFrame),
         .app = app,
         .titleContains = title.isEmpty() ? std::nullopt : std::optional(title),
-        .stack = static_cast<int>(position)};
+        .stack = static_cast<int>(position),
+        .capturedTitle = title};
 }
 
 QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens)

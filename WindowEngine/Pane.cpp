@@ -20,6 +20,8 @@ QJsonObject Pane::toJson() const
         json.insert(u"titleContains"_s, *titleContains);
     if (stack)
         json.insert(u"stack"_s, *stack);
+    if (capturedTitle)
+        json.insert(u"capturedTitle"_s, *capturedTitle);
     return json;
 }
 
@@ -35,13 +37,15 @@ std::optional<Pane> Pane::fromJson(const QJsonValue &json, DecodeProblems &probl
         .titleContains = fields.readOptional<QString>("titleContains"_L1),
         .launch = fields.read<bool>("launch"_L1, true),
         .stack = fields.readOptional<int>("stack"_L1),
+        .capturedTitle = fields.readOptional<QString>("capturedTitle"_L1),
     });
 }
 
 size_t qHash(const Pane &pane, size_t seed) noexcept
 {
     return qHashMulti(seed, pane.id, pane.display, pane.rect, pane.app.value_or(AppRef{}),
-        pane.titleContains.value_or(QString()), pane.launch, pane.stack.value_or(-1));
+        pane.titleContains.value_or(QString()), pane.launch, pane.stack.value_or(-1),
+        pane.capturedTitle.value_or(QString()));
 }
 
 } // namespace corvane

@@ -48,18 +48,24 @@ TEST_F(LayoutCaptureTests, aLayoutRemembersEachWindowAndItsDisplay)
     EXPECT_THAT(layout.displays,
         ElementsAre(DisplayKey{u"Laptop"_s, 1440, 900}, DisplayKey{u"Monitor"_s, 1920, 1080}));
     EXPECT_THAT(layout.panes,
-        ElementsAre(Pane{.id = id(0), .rect = {0, 0, 0.333, 1}, .app = editorApp, .stack = 1},
+        ElementsAre(Pane{.id = id(0),
+                        .rect = {0, 0, 0.333, 1},
+                        .app = editorApp,
+                        .stack = 1,
+                        .capturedTitle = QString()},
             Pane{.id = id(1),
                 .rect = {0.333, 0, 0.667, 1},
                 .app = editorApp,
                 .titleContains = u"Notes"_s,
-                .stack = 0},
+                .stack = 0,
+                .capturedTitle = u"Notes"_s},
             Pane{.id = id(2),
                 .display = 1,
                 .rect = {0, 0.5, 0.5, 0.5},
                 .app = nameless,
                 .titleContains = u"Plan"_s,
-                .stack = 0}));
+                .stack = 0,
+                .capturedTitle = u"Plan"_s}));
 }
 
 TEST_F(LayoutCaptureTests, onlyOrdinaryWindowsOnShowAreCaptured)

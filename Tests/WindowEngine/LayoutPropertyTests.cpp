@@ -61,6 +61,8 @@ Pane anyPane()
         pane.titleContains = anyText();
     if (coin())
         pane.stack = *rc::gen::arbitrary<int>();
+    if (coin())
+        pane.capturedTitle = anyText();
     return pane;
 }
 
