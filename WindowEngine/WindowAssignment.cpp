@@ -2,9 +2,10 @@
 
 #include "TitleLikeness.h"
 
+#include <QtCore/QMap>
+
 #include <algorithm>
 #include <cmath>
-#include <compare>
 #include <limits>
 #include <numeric>
 #include <tuple>
@@ -15,37 +16,18 @@ namespace {
 
 constexpr double sameSpot = 4; // points; more than what window managers and size hints shift
 
-/// What a pair costs, the weightiest reason first. Costs add up and are compared like numbers.
-struct Cost {
-    qint64 title = 0; ///< another title, in whole and in its words
-    qint64 place = 0; ///< another place, in front or behind, and on the desk
+/// What a pair costs. Each reason has a range of its own in the sum, so that no number of lesser ones
+/// outweighs it: another title, another place on the desk, another one in the stack, the way.
+using Cost = qint64;
 
-    Cost &operator+=(const Cost &other)
-    {
-        title += other.title;
-        place += other.place;
-        return *this;
-    }
-    Cost &operator-=(const Cost &other)
-    {
-        title -= other.title;
-        place -= other.place;
-        return *this;
-    }
-    friend Cost operator-(Cost a, const Cost &b) { return a -= b; }
-    friend auto operator<=>(const Cost &, const Cost &) = default;
-};
-
-constexpr Cost endless{std::numeric_limits<qint64>::max(), 0};
-
-// Each reason has a range of its own in the sum, so that no number of lesser ones outweighs it.
-constexpr qint64 mostPairs = 1 << 12;
-constexpr qint64 wayRange = 1 << 10;
-constexpr qint64 stackRange = 1 << 10;
-constexpr qint64 likenessRange = 1 << 16;
-constexpr qint64 stackUnit = wayRange * mostPairs;
-constexpr qint64 moveUnit = stackUnit * stackRange * mostPairs;
-constexpr qint64 titleUnit = likenessRange * mostPairs;
+constexpr Cost endless = std::numeric_limits<Cost>::max();
+constexpr Cost mostPairs = 1 << 10;
+constexpr Cost wayRange = 1 << 6;
+constexpr Cost stackRange = 1 << 6;
+constexpr Cost likenessRange = 1 << 7;
+constexpr Cost stackUnit = wayRange * mostPairs;
+constexpr Cost moveUnit = stackUnit * stackRange * mostPairs;
+constexpr Cost likenessUnit = moveUnit * 2 * mostPairs;
 
 double wayBetween(const Rect &a, const Rect &b)
 {
@@ -53,55 +35,40 @@ double wayBetween(const Rect &a, const Rect &b)
         std::abs(a.maxX() - b.maxX()), std::abs(a.maxY() - b.maxY())});
 }
 
-qint64 placeCost(const WindowTraits &wish, const WindowTraits &window)
+Cost placeCost(const WindowTraits &wish, const WindowTraits &window)
 {
+    constexpr double pointsAStep = 32;
+    constexpr qint64 mostSteps = 7;
     const double way = wayBetween(wish.frame, window.frame);
     // Squares, so that a window more or less in front moves every place by one, and swaps none.
-    const qint64 steps = std::clamp(std::abs(qint64(wish.stack) - window.stack), 0LL, 31LL);
-    constexpr double pointsAStep = 8;
+    const qint64 steps = std::min(std::abs(qint64(wish.stack) - window.stack), mostSteps);
     return (way > sameSpot ? moveUnit : 0) + steps * steps * stackUnit
-        + std::min(wayRange - 1, qint64(way / pointsAStep));
+        + std::min(wayRange - 1, Cost(way / pointsAStep));
 }
 
 /// The costs of every pair, a row for each of the fewer ones.
 class CostTable final
 {
 public:
-    CostTable(const QList<WindowTraits> &wishes, const QList<WindowTraits> &windows)
-        : m_isTurned(wishes.size() > windows.size())
-        , m_rows(std::min(wishes.size(), windows.size()))
-        , m_columns(std::max(wishes.size(), windows.size()))
-        , m_costs(size_t(m_rows * m_columns))
+    template <typename Function>
+    CostTable(qsizetype wishes, qsizetype windows, Function cost)
+        : m_isTurned(wishes > windows)
+        , m_rows(std::min(wishes, windows))
+        , m_columns(std::max(wishes, windows))
     {
-        QStringList titles;
-        for (const WindowTraits &each : wishes + windows)
-            titles << each.title;
-        const TitleLikeness likeness(titles);
-        for (qsizetype wish = 0; wish < wishes.size(); ++wish) {
-            for (qsizetype window = 0; window < windows.size(); ++window) {
-                const bool isSame = wishes[wish].title == windows[window].title;
-                const double unlike = 1 - likeness.between(wish, wishes.size() + window);
-                at(wish, window) = {
-                    isSame ? 0 : titleUnit + std::llround(unlike * (likenessRange - 1)),
-                    placeCost(wishes[wish], windows[window])};
-            }
+        m_costs.reserve(size_t(m_rows * m_columns));
+        for (qsizetype row = 0; row < m_rows; ++row) {
+            for (qsizetype column = 0; column < m_columns; ++column)
+                m_costs.push_back(m_isTurned ? cost(column, row) : cost(row, column));
         }
     }
 
     [[nodiscard]] qsizetype rows() const { return m_rows; }
     [[nodiscard]] qsizetype columns() const { return m_columns; }
     [[nodiscard]] bool isTurned() const { return m_isTurned; }
-    [[nodiscard]] const Cost &operator()(qsizetype row, qsizetype column) const
-    {
-        return m_costs[size_t(row * m_columns + column)];
-    }
+    [[nodiscard]] const Cost *row(qsizetype row) const { return &m_costs[size_t(row * m_columns)]; }
 
 private:
-    Cost &at(qsizetype wish, qsizetype window)
-    {
-        return m_costs[size_t(m_isTurned ? window * m_columns + wish : wish * m_columns + window)];
-    }
-
     bool m_isTurned;
     qsizetype m_rows;
     qsizetype m_columns;
@@ -137,16 +104,16 @@ private:
         std::vector<qsizetype> reached;
         std::vector<qsizetype> open(m_rowOf.size());
         std::iota(open.begin(), open.end(), 0);
-        Cost soFar;
+        Cost soFar = 0;
         qsizetype last = none;
         while (last == none || m_rowOf[size_t(last)] != none) {
             const qsizetype from = last == none ? row : m_rowOf[size_t(last)];
+            const Cost *costs = m_costs.row(from);
+            const Cost offset = soFar - m_rowPotentials[size_t(from)];
             size_t nearest = 0;
             for (size_t i = 0; i < open.size(); ++i) {
                 const auto column = size_t(open[i]);
-                Cost cost = m_costs(from, open[i]) - m_rowPotentials[size_t(from)];
-                cost -= m_columnPotentials[column];
-                cost += soFar;
+                const Cost cost = costs[column] - m_columnPotentials[column] + offset;
                 if (cost < distance[column]) {
                     distance[column] = cost;
                     before[column] = last;
@@ -178,24 +145,33 @@ private:
     std::vector<qsizetype> m_rowOf;
 };
 
-/// An order that does not depend on the one in the list, so that equal costs are settled the same way.
-QList<qsizetype> settledOrder(const QList<WindowTraits> &traits)
+using Indices = QList<qsizetype>;
+using Pairs = QList<std::pair<qsizetype, qsizetype>>;
+
+/// Of `wishes` and `windows`, both by their places in these lists.
+template <typename Function>
+Pairs cheapestPairs(qsizetype wishes, qsizetype windows, Function cost)
 {
-    QList<qsizetype> order(std::min(traits.size(), qsizetype(mostPairs)));
+    const CostTable costs(wishes, windows, cost);
+    const Matching matching(costs);
+    Pairs pairs;
+    for (qsizetype column = 0; column < costs.columns(); ++column) {
+        if (const qsizetype row = matching.rows()[size_t(column)]; row != Matching::none)
+            pairs << (costs.isTurned() ? std::pair(column, row) : std::pair(row, column));
+    }
+    return pairs;
+}
+
+/// An order that does not depend on the list's, so that equal costs are settled the same way.
+Indices settledOrder(const QList<WindowTraits> &traits)
+{
+    Indices order(std::min(traits.size(), qsizetype(mostPairs)));
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, {}, [&traits](qsizetype index) {
         const auto &[title, stack, frame] = traits[index];
-        return std::tuple(stack, title, frame.x, frame.y, frame.width, frame.height);
+        return std::tuple(title, stack, frame.x, frame.y, frame.width, frame.height);
     });
     return order;
-}
-
-QList<WindowTraits> ordered(const QList<WindowTraits> &traits, const QList<qsizetype> &order)
-{
-    QList<WindowTraits> result;
-    for (const qsizetype index : order)
-        result << traits[index];
-    return result;
 }
 
 } // namespace
@@ -203,19 +179,42 @@ QList<WindowTraits> ordered(const QList<WindowTraits> &traits, const QList<qsize
 QList<std::optional<qsizetype>> bestAssignment(
     const QList<WindowTraits> &wishes, const QList<WindowTraits> &windows)
 {
-    const QList<qsizetype> wishOrder = settledOrder(wishes);
-    const QList<qsizetype> windowOrder = settledOrder(windows);
-    const CostTable costs(ordered(wishes, wishOrder), ordered(windows, windowOrder));
-    const Matching matching(costs);
     QList<std::optional<qsizetype>> result(wishes.size());
-    for (qsizetype column = 0; column < costs.columns(); ++column) {
-        const qsizetype row = matching.rows()[size_t(column)];
-        if (row == Matching::none)
-            continue;
-        const qsizetype wish = costs.isTurned() ? column : row;
-        const qsizetype window = costs.isTurned() ? row : column;
-        result[wishOrder[wish]] = windowOrder[window];
-    }
+    Indices wishesLeft = settledOrder(wishes);
+    Indices windowsLeft = settledOrder(windows);
+    const auto settle = [&](const Indices &wished, const Indices &present, auto cost) {
+        const Pairs pairs = cheapestPairs(wished.size(), present.size(), cost);
+        for (const auto &[wish, window] : pairs) {
+            result[wished[wish]] = present[window];
+            wishesLeft.removeOne(wished[wish]);
+            windowsLeft.removeOne(present[window]);
+        }
+    };
+
+    // Namesakes differ in their places only, so that nothing is lost by settling them first.
+    QMap<QString, std::pair<Indices, Indices>> namesakes;
+    for (const qsizetype wish : std::as_const(wishesLeft))
+        namesakes[wishes[wish].title].first << wish;
+    for (const qsizetype window : std::as_const(windowsLeft))
+        namesakes[windows[window].title].second << window;
+    for (const auto &[wished, present] : std::as_const(namesakes))
+        settle(wished, present, [&](qsizetype wish, qsizetype window) {
+            return placeCost(wishes[wished[wish]], windows[present[window]]);
+        });
+
+    const Indices wished = wishesLeft;
+    const Indices present = windowsLeft;
+    QStringList titles;
+    for (const qsizetype wish : wished)
+        titles << wishes[wish].title;
+    for (const qsizetype window : present)
+        titles << windows[window].title;
+    const TitleLikeness likeness(titles);
+    settle(wished, present, [&](qsizetype wish, qsizetype window) {
+        const double unlike = 1 - likeness.between(wish, wished.size() + window);
+        return Cost(unlike * (likenessRange - 1)) * likenessUnit
+            + placeCost(wishes[wished[wish]], windows[present[window]]);
+    });
     return result;
 }
 
