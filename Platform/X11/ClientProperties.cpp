@@ -14,6 +14,8 @@ namespace {
 /// The process, as the server knows it from the socket of the client that made the window.
 pid_t localClientPid(Connection &connection, xcb_res_query_client_ids_cookie_t cookie)
 {
+    if (cookie.sequence == 0)
+        return 0;
     const auto reply = connection.reply<xcb_res_query_client_ids_reply_t>(cookie.sequence);
     if (!reply)
         return 0;
@@ -57,6 +59,8 @@ void readClass(const PropertyReply &reply, KnownWindow &known)
 xcb_res_query_client_ids_cookie_t requestClientIds(
     const Connection &connection, xcb_window_t window)
 {
+    if (!connection.extension(xcb_res_id))
+        return {};
     const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     return xcb_res_query_client_ids(connection.xcb(), 1, &spec);
 }

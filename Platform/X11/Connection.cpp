@@ -1,11 +1,15 @@
 #include "Connection.h"
 
+#include "Xkb.h"
+
 #include <QtCore/QSocketNotifier>
 
 #include <algorithm>
 #include <cstring>
 #include <poll.h>
 #include <utility>
+#include <xcb/randr.h>
+#include <xcb/res.h>
 #include <xcb/xcbext.h>
 
 namespace corvane::x11 {
@@ -23,18 +27,26 @@ AXError errorFor(const xcb_generic_error_t &error)
 
 } // namespace
 
+QString Connection::silenceSentence()
+{
+    return u"The X11 display \"%1\" does not answer."_s.arg(qEnvironmentVariable("DISPLAY"));
+}
+
 expected<std::unique_ptr<Connection>, QString> Connection::open()
 {
     int screenNumber = 0;
     xcb_connection_t *xcb = xcb_connect(nullptr, &screenNumber);
+    const QString name = qEnvironmentVariable("DISPLAY");
     if (xcb_connection_has_error(xcb)) {
         xcb_disconnect(xcb);
-        const QString name = qEnvironmentVariable("DISPLAY");
         return unexpected<QString>(name.isEmpty()
                 ? u"There is no X11 display to connect to: the DISPLAY variable is not set."_s
                 : u"The X11 display \"%1\" cannot be reached."_s.arg(name));
     }
-    return std::unique_ptr<Connection>(new Connection(xcb, screenNumber));
+    std::unique_ptr<Connection> connection(new Connection(xcb, screenNumber));
+    if (connection->unanswered() > 0)
+        return unexpected<QString>(silenceSentence());
+    return connection;
 }
 
 Connection::Connection(xcb_connection_t *xcb, int screenNumber) : m_xcb(xcb)
@@ -43,15 +55,9 @@ Connection::Connection(xcb_connection_t *xcb, int screenNumber) : m_xcb(xcb)
     for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
     m_screen = screens.data;
-
-    std::array<xcb_intern_atom_cookie_t, atomNames.size()> cookies{};
-    std::ranges::transform(atomNames, cookies.begin(), [this](const char *name) {
-        return xcb_intern_atom(m_xcb, false, static_cast<uint16_t>(std::strlen(name)), name);
-    });
-    std::ranges::transform(cookies, m_atoms.begin(), [this](xcb_intern_atom_cookie_t cookie) {
-        const auto atom = reply<xcb_intern_atom_reply_t>(cookie.sequence);
-        return atom ? (*atom)->atom : noAtom;
-    });
+    for (xcb_extension_t *extension : {&xcb_randr_id, &xcb_res_id, &xcb_xkb_id})
+        xcb_prefetch_extension_data(m_xcb, extension);
+    internAtoms();
 
     m_notifier = new QSocketNotifier(xcb_get_file_descriptor(xcb), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &Connection::pump);
@@ -62,12 +68,30 @@ Connection::~Connection()
     xcb_disconnect(m_xcb);
 }
 
+void Connection::internAtoms()
+{
+    std::array<xcb_intern_atom_cookie_t, atomNames.size()> cookies{};
+    std::ranges::transform(atomNames, cookies.begin(), [this](const char *name) {
+        return xcb_intern_atom(m_xcb, false, static_cast<uint16_t>(std::strlen(name)), name);
+    });
+    std::ranges::transform(cookies, m_atoms.begin(), [this](xcb_intern_atom_cookie_t cookie) {
+        const auto atom = reply<xcb_intern_atom_reply_t>(cookie.sequence);
+        return atom ? (*atom)->atom : noAtom;
+    });
+}
+
 xcb_atom_t Connection::intern(const QByteArray &name)
 {
     const auto cookie =
         xcb_intern_atom(m_xcb, false, static_cast<uint16_t>(name.size()), name.constData());
     const auto answer = reply<xcb_intern_atom_reply_t>(cookie.sequence);
     return answer ? (*answer)->atom : noAtom;
+}
+
+const xcb_query_extension_reply_t *Connection::extension(xcb_extension_t &id) const
+{
+    const auto *data = xcb_get_extension_data(m_xcb, &id);
+    return data && data->present ? data : nullptr;
 }
 
 int Connection::checkedError(std::span<const xcb_void_cookie_t> cookies)
@@ -91,6 +115,8 @@ int Connection::checkedError(std::span<const xcb_void_cookie_t> cookies)
 bool Connection::waitFor(const std::function<bool()> &condition, Clock::time_point deadline)
 {
     xcb_flush(m_xcb);
+    if (isSilent())
+        deadline = Clock::now();
     while (true) {
         drain();
         if (condition())
@@ -105,6 +131,7 @@ void Connection::drain()
     while (auto *event = xcb_poll_for_event(m_xcb)) {
         dispatch(Owned<xcb_generic_event_t>(event));
     }
+    reviewOverdue();
 }
 
 void Connection::followRoot(quint32 additionalEvents)
@@ -145,24 +172,54 @@ void Connection::defer(std::function<void()> notice)
 expected<void *, AXError> Connection::waitForReply(unsigned sequence)
 {
     // A server that hangs costs one timeout, not one for each question.
-    const auto deadline = Clock::now() + (m_silent ? Clock::duration::zero() : m_timeout);
+    const auto deadline = Clock::now() + (isSilent() ? Clock::duration::zero() : m_timeout);
     xcb_flush(m_xcb);
     void *answer = nullptr;
     xcb_generic_error_t *error = nullptr;
     while (!xcb_poll_for_reply(m_xcb, sequence, &answer, &error)) {
         if (!waitReadable(deadline)) {
-            m_silent = true;
-            discard(sequence);
+            giveUp(sequence);
             return unexpected<AXError>(AXError::cannotComplete);
         }
     }
-    m_silent = false;
+    reviewOverdue();
     // Events before the answer are older than it: what they change must show in what we do next.
     drainQueued();
     if (answer)
         return answer;
     const Owned<xcb_generic_error_t> owned(error);
+    if (!owned)
+        ++m_unanswered; // the connection is broken
     return unexpected<AXError>(owned ? errorFor(*owned) : AXError::failure);
+}
+
+/// Its answer will come all the same, after those to all questions before it.
+void Connection::giveUp(unsigned sequence)
+{
+    ++m_unanswered;
+    if (m_overdue)
+        discard(*m_overdue);
+    m_overdue = sequence;
+    m_readBefore = xcb_total_read(m_xcb);
+}
+
+void Connection::reviewOverdue()
+{
+    void *answer = nullptr;
+    xcb_generic_error_t *error = nullptr;
+    if (!m_overdue || !xcb_poll_for_reply(m_xcb, *m_overdue, &answer, &error))
+        return;
+    std::free(answer);
+    std::free(error);
+    m_overdue.reset();
+    defer([this] { Q_EMIT answersAgain(); });
+}
+
+/// A question went unanswered, and nothing has come since: any byte is a sign of life.
+bool Connection::isSilent() const
+{
+    pollfd readable{xcb_get_file_descriptor(m_xcb), POLLIN, 0};
+    return m_overdue && xcb_total_read(m_xcb) == m_readBefore && poll(&readable, 1, 0) == 0;
 }
 
 void Connection::drainQueued()
@@ -185,7 +242,6 @@ bool Connection::waitReadable(Clock::time_point deadline)
 
 void Connection::dispatch(Owned<xcb_generic_event_t> event)
 {
-    m_silent = false;
     // A copy, since a sink may add or remove others.
     const auto sinks = m_sinks;
     for (EventSink *sink : sinks)

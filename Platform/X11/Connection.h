@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 #include <xcb/xcb.h>
@@ -45,7 +46,9 @@ protected:
 };
 
 /// The one connection to the X server. Every wait on it ends after the messaging timeout, so that a
-/// server or a window manager that hangs costs no more than that.
+/// server or a window manager that hangs costs no more than that. No answer is not an answer: who
+/// keeps what it reads asks `Answers` first, keeps the old where one is missing, and reads again at
+/// `answersAgain`.
 class Connection final : public QObject
 {
     Q_OBJECT
@@ -53,8 +56,14 @@ class Connection final : public QObject
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// The error is one sentence.
+    /// What is read at start is what all else stands on.
+    static constexpr Clock::duration startingTimeout = std::chrono::seconds(10);
+    static constexpr Clock::duration usualTimeout = std::chrono::seconds(1);
+
+    /// The first questions get the starting timeout. The error is one sentence.
     static expected<std::unique_ptr<Connection>, QString> open();
+    /// The error of a start on which a question went unanswered.
+    static QString silenceSentence();
     ~Connection() override;
 
     [[nodiscard]] xcb_connection_t *xcb() const { return m_xcb; }
@@ -62,9 +71,13 @@ public:
     [[nodiscard]] const xcb_screen_t &screen() const { return *m_screen; }
     [[nodiscard]] xcb_atom_t atom(Atom atom) const { return m_atoms[static_cast<size_t>(atom)]; }
     [[nodiscard]] xcb_atom_t intern(const QByteArray &name);
+    /// Null where the server lacks it: a request of such an extension would close the connection.
+    [[nodiscard]] const xcb_query_extension_reply_t *extension(xcb_extension_t &id) const;
 
     void setMessagingTimeout(Clock::duration timeout) { m_timeout = timeout; }
     [[nodiscard]] Clock::duration messagingTimeout() const { return m_timeout; }
+    /// How many questions have had no answer so far.
+    [[nodiscard]] quint64 unanswered() const { return m_unanswered; }
 
     /// Waits for the answer to a request made with a cookie-returning xcb function.
     template <typename Reply>
@@ -97,11 +110,17 @@ public:
 Q_SIGNALS:
     /// The server is gone; nothing works any more.
     void broken();
+    /// After questions without an answer: what was to be known through them can be read again.
+    void answersAgain();
 
 private:
     Connection(xcb_connection_t *xcb, int screenNumber);
 
+    void internAtoms();
     expected<void *, AXError> waitForReply(unsigned sequence);
+    void giveUp(unsigned sequence);
+    void reviewOverdue();
+    [[nodiscard]] bool isSilent() const;
     void drainQueued();
     bool waitReadable(Clock::time_point deadline);
     void dispatch(Owned<xcb_generic_event_t> event);
@@ -111,13 +130,31 @@ private:
     xcb_connection_t *m_xcb;
     xcb_screen_t *m_screen = nullptr;
     std::array<xcb_atom_t, static_cast<size_t>(Atom::count)> m_atoms{};
-    Clock::duration m_timeout = std::chrono::seconds(1);
+    Clock::duration m_timeout = startingTimeout;
     QSocketNotifier *m_notifier = nullptr;
     QList<EventSink *> m_sinks;
     std::vector<std::function<void()>> m_deferred;
-    bool m_silent = false; ///< the last question went unanswered, and nothing has come since
+    quint64 m_unanswered = 0;
+    std::optional<unsigned> m_overdue; ///< the last question that was given up
+    quint64 m_readBefore = 0; ///< bytes from the server when it was
     bool m_pumping = false;
     bool m_pumpScheduled = false;
+};
+
+/// Whether every question since it was made has been answered.
+class Answers
+{
+public:
+    explicit Answers(const Connection &connection)
+        : m_connection(connection), m_before(connection.unanswered())
+    {
+    }
+
+    [[nodiscard]] bool complete() const { return m_connection.unanswered() == m_before; }
+
+private:
+    const Connection &m_connection;
+    quint64 m_before;
 };
 
 } // namespace corvane::x11

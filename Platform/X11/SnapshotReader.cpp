@@ -62,6 +62,7 @@ SnapshotRequest requestSnapshot(const Connection &connection, xcb_window_t windo
 expected<WindowSnapshot, AXError> readSnapshot(
     Connection &connection, const SnapshotRequest &request, bool windowManagerTiles)
 {
+    const Answers answers(connection);
     const auto geometry = connection.reply<xcb_get_geometry_reply_t>(request.geometry.sequence);
     if (!geometry) {
         discardSnapshot(connection, request);
@@ -104,6 +105,8 @@ expected<WindowSnapshot, AXError> readSnapshot(
     const auto desktops = values32(desktop);
     window.desktop = desktops.empty() ? 0 : desktops[0];
     window.tiled = windowManagerTiles && values32(floating).empty();
+    if (!answers.complete())
+        return unexpected<AXError>(AXError::cannotComplete);
     return window;
 }
 

@@ -13,6 +13,7 @@ constexpr auto probeTime = std::chrono::milliseconds(250);
 WindowManagerLink::WindowManagerLink(Connection &connection) : m_connection(connection)
 {
     m_connection.addSink(this);
+    connect(&m_connection, &Connection::answersAgain, this, &WindowManagerLink::reexamineSoon);
     examine();
 }
 
@@ -101,15 +102,22 @@ void WindowManagerLink::reexamineSoon()
 
 void WindowManagerLink::examine()
 {
-    m_checkWindow = validCheckWindow();
-    m_supported.clear();
-    m_name.clear();
-    if (m_checkWindow != noWindow) {
-        const auto supported = readList(m_connection, m_connection.root(), Atom::netSupported);
-        m_supported = QSet<quint32>(supported.begin(), supported.end());
-        m_name = textOf(propertyReply(
-            m_connection, requestProperty(m_connection, m_checkWindow, Atom::netWmName)));
+    const Answers answers(m_connection);
+    const xcb_window_t checkWindow = validCheckWindow();
+    if (!answers.complete())
+        return;
+    m_checkWindow = checkWindow;
+    QList<quint32> supported;
+    QString name;
+    if (checkWindow != noWindow) {
+        supported = readList(m_connection, m_connection.root(), Atom::netSupported);
+        name = textOf(propertyReply(
+            m_connection, requestProperty(m_connection, checkWindow, Atom::netWmName)));
     }
+    if (!answers.complete())
+        return;
+    m_supported = QSet<quint32>(supported.begin(), supported.end());
+    m_name = name;
     m_present = supports(Atom::netMoveresizeWindow);
     m_tiles = m_name == "i3"_L1;
     m_tilesSilently = m_name == "KWin"_L1;

@@ -17,6 +17,10 @@ constexpr quint32 followPanel = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK
 WindowRegistry::WindowRegistry(Connection &connection) : m_connection(connection)
 {
     m_connection.addSink(this);
+    connect(&m_connection, &Connection::answersAgain, this, [this] {
+        scheduleRefresh();
+        refreshStruts();
+    });
     refresh();
 }
 
@@ -56,7 +60,11 @@ QList<xcb_window_t> WindowRegistry::frontToBack()
 
 void WindowRegistry::refresh()
 {
-    m_clients = readList(m_connection, m_connection.root(), Atom::netClientList);
+    const Answers answers(m_connection);
+    const auto clients = readList(m_connection, m_connection.root(), Atom::netClientList);
+    if (!answers.complete())
+        return;
+    m_clients = clients;
     QList<xcb_window_t> strangers;
     std::ranges::copy_if(m_clients, std::back_inserter(strangers),
         [this](xcb_window_t window) { return !m_known.contains(window); });
@@ -85,11 +93,12 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
         m_known[window].generation = ++m_lastGeneration;
     }
     for (qsizetype i = 0; i < windows.size(); ++i) {
+        const Answers answers(m_connection);
         auto properties = clientProperties(m_connection, requests[i]);
         const auto known = m_known.find(windows[i]);
         if (known == m_known.end())
             continue;
-        if (!properties) {
+        if (!properties || !answers.complete()) {
             m_known.erase(known);
             continue;
         }
@@ -156,8 +165,10 @@ void WindowRegistry::refreshStruts()
         for (const xcb_window_t window : std::as_const(m_clients))
             requests.emplace_back(window, requestStruts(m_connection, window));
         for (const auto &[window, request] : std::as_const(requests)) {
+            const Answers answers(m_connection);
             const QList<Strut> struts = readStruts(m_connection, request);
-            if (const auto known = m_known.find(window); known != m_known.end())
+            if (const auto known = m_known.find(window);
+                known != m_known.end() && answers.complete())
                 known->struts = struts;
         }
         gatherStruts();

@@ -47,7 +47,8 @@ public:
     explicit WindowRegistry(Connection &connection);
     ~WindowRegistry() override;
 
-    /// The window's identity; makes its acquaintance where it is new. Nothing when it is gone.
+    /// The window's identity; makes its acquaintance where it is new. Nothing when it is gone, or when
+    /// a new one does not answer.
     [[nodiscard]] std::optional<WindowElement> element(xcb_window_t window);
     /// Null when the window is gone, or its number belongs to another one now.
     [[nodiscard]] const KnownWindow *find(const WindowElement &element) const;

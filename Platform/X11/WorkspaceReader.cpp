@@ -17,9 +17,10 @@ struct Asked {
 
 } // namespace
 
-QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry,
+expected<QList<SeenWindow>, AXError> readWorkspace(Connection &connection, WindowRegistry &registry,
     const WindowManagerLink &windowManager, const QList<pid_t> &pids)
 {
+    const Answers answers(connection);
     const auto desktopCookie =
         requestProperty(connection, connection.root(), Atom::netCurrentDesktop);
     std::vector<Asked> asked;
@@ -45,6 +46,8 @@ QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry
         if (isHere)
             seen << SeenWindow{each.element, each.pid, *snapshot};
     }
+    if (!answers.complete())
+        return unexpected<AXError>(AXError::cannotComplete);
     return seen;
 }
 

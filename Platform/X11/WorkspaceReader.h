@@ -13,7 +13,8 @@ struct SeenWindow {
 
 /// The windows on this workspace, front to back, read in one go; only those of `pids` where there
 /// are any.
-[[nodiscard]] QList<SeenWindow> readWorkspace(Connection &connection, WindowRegistry &registry,
-    const WindowManagerLink &windowManager, const QList<pid_t> &pids = {});
+[[nodiscard]] expected<QList<SeenWindow>, AXError> readWorkspace(Connection &connection,
+    WindowRegistry &registry, const WindowManagerLink &windowManager,
+    const QList<pid_t> &pids = {});
 
 } // namespace corvane::x11

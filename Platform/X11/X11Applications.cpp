@@ -69,6 +69,7 @@ void X11Applications::quit(pid_t pid)
 {
     if (!m_processes.contains(pid))
         return;
+    const Answers answers(m_connection);
     bool isAsked = false;
     for (const xcb_window_t window : m_registry.frontToBack()) {
         if (m_registry.known().value(window).pid != pid)
@@ -78,7 +79,7 @@ void X11Applications::quit(pid_t pid)
         isAsked = true;
     }
     xcb_flush(m_connection.xcb());
-    if (!isAsked)
+    if (!isAsked && answers.complete())
         kill(pid, SIGTERM);
 }
 

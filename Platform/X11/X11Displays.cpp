@@ -17,8 +17,7 @@ X11Displays::X11Displays(
     Connection &connection, WindowManagerLink &windowManager, WindowRegistry &registry)
     : m_connection(connection), m_windowManager(windowManager), m_registry(registry)
 {
-    const auto *randr = xcb_get_extension_data(m_connection.xcb(), &xcb_randr_id);
-    if (randr && randr->present) {
+    if (const auto *randr = m_connection.extension(xcb_randr_id)) {
         m_firstRandrEvent = randr->first_event;
         xcb_randr_select_input(m_connection.xcb(), m_connection.root(),
             XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE
@@ -35,6 +34,7 @@ X11Displays::X11Displays(
         followPanels();
         outdate();
     });
+    connect(&m_connection, &Connection::answersAgain, this, &X11Displays::outdate);
     followPanels();
     m_connection.addSink(this);
     m_announced = all();
@@ -94,6 +94,16 @@ void X11Displays::refresh()
 {
     // Cleared first: a change that arrives while we read outdates what we read.
     m_outdated = false;
+    const Answers answers(m_connection);
+    const QList<ScreenInfo> screens = readScreens();
+    if (answers.complete())
+        m_screens = screens;
+    else
+        m_outdated = true;
+}
+
+QList<ScreenInfo> X11Displays::readScreens()
+{
     const auto geometry = m_connection.reply<xcb_get_geometry_reply_t>(
         xcb_get_geometry(m_connection.xcb(), m_connection.root()).sequence);
     const Size desk = geometry ? Size{double((*geometry)->width), double((*geometry)->height)}
@@ -123,7 +133,7 @@ void X11Displays::refresh()
         for (const Rect &panel : panels)
             screen.visibleFrame = withoutPanel(screen.frame, screen.visibleFrame, panel);
     }
-    m_screens = screens;
+    return screens;
 }
 
 QList<ScreenInfo> X11Displays::readMonitors()

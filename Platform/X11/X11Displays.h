@@ -25,6 +25,7 @@ private:
     void followPanels();
     void outdate();
     void refresh();
+    [[nodiscard]] QList<ScreenInfo> readScreens();
     [[nodiscard]] QList<ScreenInfo> readMonitors();
     [[nodiscard]] QString nameOf(const xcb_randr_monitor_info_t &monitor);
     [[nodiscard]] QList<Rect> readWorkAreas();

@@ -1,11 +1,8 @@
 #include "X11HotKeys.h"
 
-#include <algorithm>
+#include "Xkb.h"
 
-// The header names a field with a keyword of C++.
-#define explicit explicitParts
-#include <xcb/xkb.h>
-#undef explicit
+#include <algorithm>
 
 namespace corvane::x11 {
 
@@ -14,13 +11,9 @@ namespace {
 /// Has the server repeat a held key without made-up releases between (XkbDetectableAutoRepeat).
 void askForDetectableRepeat(Connection &connection)
 {
-    const auto *extension = xcb_get_extension_data(connection.xcb(), &xcb_xkb_id);
-    if (!extension || !extension->present)
+    if (!connection.extension(xcb_xkb_id))
         return;
-    const auto use = connection.reply<xcb_xkb_use_extension_reply_t>(
-        xcb_xkb_use_extension(connection.xcb(), 1, 0).sequence);
-    if (!use || !(*use)->supported)
-        return;
+    connection.discard(xcb_xkb_use_extension(connection.xcb(), 1, 0).sequence);
     constexpr quint32 flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     connection.discard(
         xcb_xkb_per_client_flags(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0)
@@ -36,6 +29,7 @@ X11HotKeys::X11HotKeys(Connection &connection, bool isUsable)
     : m_connection(connection), m_isUsable(isUsable), m_bits(readModifierBits(connection))
 {
     askForDetectableRepeat(connection);
+    connect(&connection, &Connection::answersAgain, this, &X11HotKeys::review);
     m_connection.addSink(this);
 }
 
@@ -48,6 +42,16 @@ qint32 X11HotKeys::registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers
 {
     if (!m_isUsable)
         return static_cast<qint32>(AXError::apiDisabled);
+    const Answers answers(m_connection);
+    const qint32 status = registerAnswered(id, keyCode, modifiers);
+    if (answers.complete())
+        return status;
+    m_missedAnswer = true;
+    return static_cast<qint32>(AXError::cannotComplete);
+}
+
+qint32 X11HotKeys::registerAnswered(quint32 id, quint16 keyCode, quint32 modifiers)
+{
     const auto keycode = keycodeFor(keyCode);
     const auto bits = bitsFor(modifiers);
     if (!keycode || !bits || !hasKey(m_connection, *keycode))
@@ -89,7 +93,7 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
             && !std::exchange(m_reviewScheduled, true))
             m_connection.defer([this] {
                 m_reviewScheduled = false;
-                reviewModifiers();
+                review();
             });
         break;
     default:
@@ -120,11 +124,14 @@ void X11HotKeys::keyWentDown(const xcb_key_press_event_t &event)
     }
 }
 
-void X11HotKeys::reviewModifiers()
+/// Starts anew where the modifiers are others now, or where nothing answered to a registration.
+void X11HotKeys::review()
 {
+    const Answers answers(m_connection);
     const ModifierBits bits = readModifierBits(m_connection);
-    if (bits == m_bits)
+    if (!answers.complete() || (bits == m_bits && !m_missedAnswer))
         return;
+    m_missedAnswer = false;
     for (const Registration &registration : std::as_const(m_registrations))
         ungrab(registration);
     m_bits = bits;

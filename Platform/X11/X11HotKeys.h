@@ -32,8 +32,9 @@ private:
 
     void handle(const xcb_generic_event_t &event) override;
     void keyWentDown(const xcb_key_press_event_t &event);
-    void reviewModifiers();
+    void review();
 
+    [[nodiscard]] qint32 registerAnswered(quint32 id, quint16 keyCode, quint32 modifiers);
     [[nodiscard]] std::optional<quint16> bitsFor(quint32 modifiers) const;
     [[nodiscard]] QList<quint16> lockVariants(quint16 bits) const;
     [[nodiscard]] qint32 grab(const Registration &registration);
@@ -45,6 +46,7 @@ private:
     QMap<quint32, Registration> m_registrations;
     QHash<xcb_keycode_t, xcb_timestamp_t> m_held; ///< keys that are down, when last heard of
     bool m_reviewScheduled = false;
+    bool m_missedAnswer = false; ///< to a registration
 };
 
 } // namespace corvane::x11

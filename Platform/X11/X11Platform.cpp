@@ -28,6 +28,8 @@ QString waylandSentence()
 /// An X server inside a Wayland compositor sees only its own programs' windows, and places none.
 bool isInsideWayland(Connection &connection)
 {
+    if (!connection.extension(xcb_randr_id))
+        return false;
     const auto resources = connection.reply<xcb_randr_get_screen_resources_current_reply_t>(
         xcb_randr_get_screen_resources_current(connection.xcb(), connection.root()).sequence);
     if (!resources || xcb_randr_get_screen_resources_current_outputs_length(resources->get()) == 0)
@@ -64,7 +66,11 @@ public:
         , m_displays(*m_connection, m_windowManager, m_registry)
         , m_hotKeys(*m_connection, m_obstacle.isEmpty())
     {
+        m_connection->setMessagingTimeout(Connection::usualTimeout);
     }
+
+    /// Everything that it begins with was read.
+    [[nodiscard]] bool isComplete() const { return m_connection->unanswered() == 0; }
 
     WindowAccess &windows() override { return m_windows; }
     Displays &displays() override { return m_displays; }
@@ -97,7 +103,10 @@ expected<std::unique_ptr<Platform>, QString> openX11Platform(std::function<void(
     QObject::connect(
         connection->get(), &Connection::broken, connection->get(), std::move(onBroken));
     (*connection)->followRoot(XCB_EVENT_MASK_NO_EVENT);
-    return std::make_unique<X11Platform>(std::move(*connection));
+    auto platform = std::make_unique<X11Platform>(std::move(*connection));
+    if (!platform->isComplete())
+        return unexpected<QString>(Connection::silenceSentence());
+    return platform;
 }
 
 QString x11Problem()

@@ -14,13 +14,26 @@ constexpr std::array unlistedStates{
 
 } // namespace
 
+X11Session::X11Session(Connection &connection) : m_connection(connection)
+{
+    connect(&connection, &Connection::answersAgain, this, [this] {
+        for (const auto &[window, isListed] : std::exchange(m_missed, {}).asKeyValueRange())
+            setListed(window, isListed);
+    });
+}
+
 void X11Session::setListed(quint64 number, bool isListed)
 {
     const auto window = static_cast<xcb_window_t>(number);
+    const Answers answers(m_connection);
     if (!isManaged(window))
         changeProperty(window, isListed);
     // Even so: the window manager may have read the property already, to manage the window now.
     askWindowManager(window, isListed);
+    if (answers.complete())
+        m_missed.remove(number);
+    else
+        m_missed.insert(number, isListed);
     xcb_flush(m_connection.xcb());
 }
 
@@ -32,7 +45,10 @@ bool X11Session::isManaged(xcb_window_t window)
 
 void X11Session::changeProperty(xcb_window_t window, bool isListed)
 {
+    const Answers answers(m_connection);
     QList<quint32> states = readList(m_connection, window, Atom::netWmState);
+    if (!answers.complete())
+        return;
     for (const Atom state : unlistedStates) {
         states.removeAll(m_connection.atom(state));
         if (!isListed)

@@ -3,6 +3,8 @@
 #include "Connection.h"
 #include "FreedesktopSession.h"
 
+#include <QtCore/QHash>
+
 namespace corvane::x11 {
 
 class X11Session final : public freedesktop::FreedesktopSession
@@ -10,7 +12,7 @@ class X11Session final : public freedesktop::FreedesktopSession
     Q_OBJECT
 
 public:
-    explicit X11Session(Connection &connection) : m_connection(connection) { }
+    explicit X11Session(Connection &connection);
 
     /// Returns once a window that is shown next will be shown that way.
     void setListed(quint64 window, bool isListed) override;
@@ -21,6 +23,7 @@ private:
     void askWindowManager(xcb_window_t window, bool isListed);
 
     Connection &m_connection;
+    QHash<quint64, bool> m_missed; ///< what was asked for while nothing answered
 };
 
 } // namespace corvane::x11

@@ -70,10 +70,11 @@ WindowAccess::Focused X11WindowAccess::focusedWindow()
     }
     const auto values = values32(active);
     const xcb_window_t window = values.empty() ? noWindow : values[0];
+    const Answers answers(m_connection);
     const auto element = window == noWindow ? std::nullopt : m_registry.element(window);
     if (!element) {
         discardSnapshot(m_connection, guess);
-        return {};
+        return {{}, 0, answers.complete() ? AXError::success : AXError::cannotComplete};
     }
     const pid_t pid = m_registry.find(*element)->pid;
     expected<WindowSnapshot, AXError> snapshot;
@@ -99,7 +100,10 @@ expected<QList<WindowElement>, AXError> X11WindowAccess::windows(pid_t pid)
         return elements;
     if (const auto known = m_windows.constFind(pid); known != m_windows.cend())
         return *known;
-    for (const SeenWindow &seen : readWorkspace(m_connection, m_registry, m_windowManager, {pid})) {
+    const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager, {pid});
+    if (!workspace)
+        return unexpected<AXError>(workspace.error());
+    for (const SeenWindow &seen : *workspace) {
         std::ignore = keep(seen.element, seen.snapshot);
         elements << seen.element;
     }
@@ -111,7 +115,10 @@ QList<OnScreenWindow> X11WindowAccess::onScreenWindows()
     if (!isTrusted())
         return {};
     QList<OnScreenWindow> windows;
-    for (const SeenWindow &seen : readWorkspace(m_connection, m_registry, m_windowManager)) {
+    const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager);
+    if (!workspace)
+        return windows;
+    for (const SeenWindow &seen : *workspace) {
         std::ignore = keep(seen.element, seen.snapshot);
         // Some window managers keep minimised windows mapped, others tell of them only by unmapping.
         const bool canBeSeen = seen.snapshot.viewable && !seen.snapshot.hidden;
@@ -304,10 +311,12 @@ void X11WindowAccess::lookAhead(const QList<pid_t> &pids)
     if (pids.isEmpty() || !isTrusted())
         return;
     const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager, pids);
+    if (!workspace)
+        return;
     QList<std::pair<WindowElement, TitleRequest>> titles;
     for (const pid_t pid : pids)
         m_windows[pid].clear();
-    for (const SeenWindow &seen : workspace) {
+    for (const SeenWindow &seen : *workspace) {
         std::ignore = keep(seen.element, seen.snapshot);
         m_windows[seen.pid] << seen.element;
         titles.emplace_back(seen.element,
