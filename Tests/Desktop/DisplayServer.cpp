@@ -46,9 +46,12 @@ QString writeConfiguration(const QString &folder)
 }
 
 // The server chooses the number itself ("-displayfd"), so that no other one can take it meanwhile.
-QStringList argumentsFor(DisplayServer::Kind kind, const QString &folder, QSize size)
+QStringList argumentsFor(
+    DisplayServer::Kind kind, const QString &folder, QSize size, const QStringList &without)
 {
-    const QStringList common{u"-displayfd"_s, u"1"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s};
+    QStringList common{u"-displayfd"_s, u"1"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s};
+    for (const QString &extension : without)
+        common << u"-extension"_s << extension;
     if (kind == DisplayServer::Kind::framebuffer)
         return common
             + QStringList{u"-screen"_s, u"0"_s, u"%1x%2x24"_s.arg(size.width()).arg(size.height())};
@@ -68,12 +71,13 @@ QString programFor(DisplayServer::Kind kind)
 
 } // namespace
 
-expected<std::unique_ptr<DisplayServer>, QString> DisplayServer::start(
-    Kind kind, const QString &folder, const QProcessEnvironment &environment, QSize size)
+expected<std::unique_ptr<DisplayServer>, QString> DisplayServer::start(Kind kind,
+    const QString &folder, const QProcessEnvironment &environment, QSize size,
+    const QStringList &without)
 {
     std::unique_ptr<DisplayServer> server(new DisplayServer(kind,
-        {programFor(kind), argumentsFor(kind, folder, size), environment, folder + u"/server.log"_s,
-            ChildProcess::Channel::pipes}));
+        {programFor(kind), argumentsFor(kind, folder, size, without), environment,
+            folder + u"/server.log"_s, ChildProcess::Channel::pipes}));
     const auto number = server->m_process.readLine(Milliseconds{20000});
     if (!number) {
         return unexpected<QString>(u"the X server did not start: %1"_s.arg(

@@ -42,8 +42,8 @@ bool VirtualDesktop::setKeyboardLayouts(const QString &layouts)
 
 QString VirtualDesktop::startServer(const Options &options)
 {
-    auto server =
-        DisplayServer::start(options.server, folder(), environment(), boundsOf(options.displays));
+    auto server = DisplayServer::start(
+        options.server, folder(), environment(), boundsOf(options.displays), options.without);
     if (!server)
         return server.error();
     m_server = std::move(*server);
@@ -52,7 +52,7 @@ QString VirtualDesktop::startServer(const Options &options)
     if (!m_connection->isValid())
         return u"the X server on %1 takes no connection"_s.arg(displayName());
     m_displays = std::make_unique<DisplayArranger>(options.server, *m_connection, environment());
-    if (!m_displays->arrange(options.displays))
+    if (!options.without.contains(u"RANDR"_s) && !m_displays->arrange(options.displays))
         return u"the X server did not take the displays"_s;
     return setKeyboardLayouts(u"us"_s) ? QString() : u"setxkbmap failed:\n%1"_s.arg(logs());
 }

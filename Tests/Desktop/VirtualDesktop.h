@@ -15,6 +15,7 @@ public:
     struct Options {
         DisplayServer::Kind server = DisplayServer::Kind::hotplug;
         QList<Rect> displays{{0, 0, 1920, 1080}};
+        QStringList without{}; ///< extensions; a framebuffer without RANDR has one display
     };
 
     /// The error is a sentence.
@@ -22,6 +23,7 @@ public:
         const Options &options);
 
     [[nodiscard]] QString displayName() const { return m_server->displayName(); }
+    [[nodiscard]] DisplayServer &server() { return *m_server; }
     [[nodiscard]] XConnection &connection() { return *m_connection; }
     [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
 
