@@ -100,10 +100,10 @@ expected<QList<WindowElement>, AXError> X11WindowAccess::windows(pid_t pid)
         return elements;
     if (const auto known = m_windows.constFind(pid); known != m_windows.cend())
         return *known;
-    const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager, {pid});
-    if (!workspace)
-        return unexpected<AXError>(workspace.error());
-    for (const SeenWindow &seen : *workspace) {
+    // A server that does not answer is no fault of the application: who waits for a window asks again.
+    const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager, {pid})
+                               .value_or(QList<SeenWindow>());
+    for (const SeenWindow &seen : workspace) {
         std::ignore = keep(seen.element, seen.snapshot);
         elements << seen.element;
     }
@@ -115,10 +115,9 @@ QList<OnScreenWindow> X11WindowAccess::onScreenWindows()
     if (!isTrusted())
         return {};
     QList<OnScreenWindow> windows;
-    const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager);
-    if (!workspace)
-        return windows;
-    for (const SeenWindow &seen : *workspace) {
+    const auto workspace =
+        readWorkspace(m_connection, m_registry, m_windowManager).value_or(QList<SeenWindow>());
+    for (const SeenWindow &seen : workspace) {
         std::ignore = keep(seen.element, seen.snapshot);
         // Some window managers keep minimised windows mapped, others tell of them only by unmapping.
         const bool canBeSeen = seen.snapshot.viewable && !seen.snapshot.hidden;
