@@ -101,16 +101,18 @@ TEST_F(StalledServerTests, whatIsKnownStaysUntilItsChangeCanBeRead)
     XConnection &other = desk->connection();
     for (const char *list : {"_NET_SUPPORTED", "_NET_CLIENT_LIST", "_NET_WORKAREA"})
         other.setNumbers(other.root(), list, "ATOM", other.numbers(other.root(), list));
-    ASSERT_TRUE(desk->setKeyboardLayouts(u"de"_s));
+    ASSERT_TRUE(desk->run(u"xmodmap"_s, {u"-e"_s, u"add mod3 = Scroll_Lock"_s}));
     ASSERT_TRUE(desk->displays().unplug(1));
     desk->server().suspend();
 
     EXPECT_TRUE(eventually([&] { return connection->unanswered() > 0; }));
     for (const auto &[name, holds] : facts)
         EXPECT_TRUE(holds(parts)) << name;
+    EXPECT_EQ(parts.keys.registerHotKey(99, 40, chord), qint32(AXError::cannotComplete));
     desk->server().resume();
 
     EXPECT_TRUE(eventually([&] { return !parts.seen.isEmpty(); }));
+    EXPECT_EQ(parts.id, 2u) << "the shell registers all keys again, once";
     EXPECT_THAT(parts.seen, testing::ElementsAre(1));
     for (const auto &[name, holds] : std::span(facts).subspan(1))
         EXPECT_TRUE(holds(parts)) << name;
