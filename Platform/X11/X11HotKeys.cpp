@@ -9,15 +9,23 @@ namespace corvane::x11 {
 namespace {
 
 /// Has the server repeat a held key without made-up releases between (XkbDetectableAutoRepeat).
-void askForDetectableRepeat(Connection &connection)
+/// Returns the type of the extension's events.
+uint8_t askForDetectableRepeat(Connection &connection)
 {
-    if (!connection.extension(xcb_xkb_id))
-        return;
+    const auto *extension = connection.extension(xcb_xkb_id);
+    if (!extension)
+        return 0;
     connection.discard(xcb_xkb_use_extension(connection.xcb(), 1, 0).sequence);
+    // Who uses the extension no longer gets MappingNotify, only the notices that it selects here.
+    constexpr quint16 keyboard = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY;
+    constexpr quint16 parts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
+    xcb_xkb_select_events(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD,
+        keyboard | XCB_XKB_EVENT_TYPE_MAP_NOTIFY, 0, keyboard, parts, parts, nullptr);
     constexpr quint32 flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     connection.discard(
         xcb_xkb_per_client_flags(connection.xcb(), XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0)
             .sequence);
+    return extension->first_event;
 }
 
 constexpr quint16 realModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_LOCK | XCB_MOD_MASK_CONTROL
@@ -28,7 +36,7 @@ constexpr quint16 realModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_LOCK | XCB_M
 X11HotKeys::X11HotKeys(Connection &connection, bool isUsable)
     : m_connection(connection), m_isUsable(isUsable), m_bits(readModifierBits(connection))
 {
-    askForDetectableRepeat(connection);
+    m_keyboardEvent = askForDetectableRepeat(connection);
     connect(&connection, &Connection::answersAgain, this, &X11HotKeys::review);
     m_connection.addSink(this);
 }
@@ -80,7 +88,10 @@ void X11HotKeys::unregisterHotKey(quint32 id)
 
 void X11HotKeys::handle(const xcb_generic_event_t &event)
 {
-    switch (event.response_type & 0x7f) {
+    const int type = event.response_type & 0x7f;
+    if (m_keyboardEvent && type == m_keyboardEvent)
+        return reviewSoon();
+    switch (type) {
     case XCB_KEY_PRESS:
         keyWentDown(reinterpret_cast<const xcb_key_press_event_t &>(event));
         break;
@@ -89,12 +100,8 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
         break;
     case XCB_MAPPING_NOTIFY:
         if (reinterpret_cast<const xcb_mapping_notify_event_t &>(event).request
-                == XCB_MAPPING_MODIFIER
-            && !std::exchange(m_reviewScheduled, true))
-            m_connection.defer([this] {
-                m_reviewScheduled = false;
-                review();
-            });
+            == XCB_MAPPING_MODIFIER)
+            reviewSoon();
         break;
     default:
         break;
@@ -122,6 +129,16 @@ void X11HotKeys::keyWentDown(const xcb_key_press_event_t &event)
             return;
         }
     }
+}
+
+void X11HotKeys::reviewSoon()
+{
+    if (std::exchange(m_reviewScheduled, true))
+        return;
+    m_connection.defer([this] {
+        m_reviewScheduled = false;
+        review();
+    });
 }
 
 /// Starts anew where the modifiers are others now, or where nothing answered to a registration.

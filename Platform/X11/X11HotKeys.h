@@ -32,6 +32,7 @@ private:
 
     void handle(const xcb_generic_event_t &event) override;
     void keyWentDown(const xcb_key_press_event_t &event);
+    void reviewSoon();
     void review();
 
     [[nodiscard]] qint32 registerAnswered(quint32 id, quint16 keyCode, quint32 modifiers);
@@ -42,6 +43,7 @@ private:
 
     Connection &m_connection;
     bool m_isUsable;
+    uint8_t m_keyboardEvent = 0; ///< tells of another keyboard map; 0 where MappingNotify does
     ModifierBits m_bits;
     QMap<quint32, Registration> m_registrations;
     QHash<xcb_keycode_t, xcb_timestamp_t> m_held; ///< keys that are down, when last heard of
