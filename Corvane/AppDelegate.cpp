@@ -83,12 +83,7 @@ void AppDelegate::connectModel()
         // One at a time: a newer one takes the place of the last.
         Platform::current().session().notify(u"corvane"_s, title, body);
     };
-    m_model.onRecordingChanged = [this](bool isRecording) {
-        if (isRecording)
-            m_shortcuts.suspend();
-        else
-            registerHotKeys();
-    };
+    m_model.onRecordingChanged = [this](bool) { registerHotKeys(); };
     connect(
         &m_model, &AppModel::settingsChanged, this, [this] { m_mover.follow(m_model.settings()); });
     connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,

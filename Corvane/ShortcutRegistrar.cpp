@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 QString ShortcutRegistrar::registerAll()
 {
     m_hotKeys.clear();
+    if (m_model.isRecording())
+        return u"no hot key while a shortcut is recorded"_s;
     QSet<ShortcutOwner> refused;
     QStringList names;
     for (const auto &[placement, combo] : m_model.settings().shortcuts.asKeyValueRange()) {

@@ -17,11 +17,9 @@ public:
     std::function<void(Placement)> onPlacement;
     std::function<void(const QUuid &)> onLayout;
 
-    /// Registers the whole set afresh and tells the model which were refused. One line that says how
-    /// it went.
+    /// Registers the whole set afresh and tells the model which were refused. None while the model
+    /// records keys, which are to do nothing else then. One line that says how it went.
     QString registerAll();
-    /// Until the next `registerAll`.
-    void suspend() { m_hotKeys.clear(); }
 
 private:
     [[nodiscard]] bool registerOne(const KeyCombo &combo, const ShortcutOwner &owner);

@@ -183,6 +183,11 @@ void AppModel::refreshActivity()
     activity = m_activityLog.recent(activityShown);
 }
 
+bool AppModel::isRecording() const
+{
+    return recording.value() || !recordingLayout.value().isNull();
+}
+
 void AppModel::endRecording()
 {
     recording = std::nullopt;
@@ -191,9 +196,8 @@ void AppModel::endRecording()
 
 void AppModel::noteRecording()
 {
-    const bool isRecording = recording.value() || !recordingLayout.value().isNull();
-    if (std::exchange(m_wasRecording, isRecording) != isRecording)
-        call(onRecordingChanged, isRecording);
+    if (std::exchange(m_wasRecording, isRecording()) != isRecording())
+        call(onRecordingChanged, isRecording());
 }
 
 } // namespace corvane

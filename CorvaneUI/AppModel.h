@@ -94,6 +94,7 @@ public:
     void assign(const std::optional<KeyCombo> &combo, const ShortcutOwner &owner);
     void confirmSteal();
     void cancelSteal();
+    [[nodiscard]] bool isRecording() const;
     void endRecording();
 
     // Layouts. Every change is saved at once and can be undone, except as said.
