@@ -27,7 +27,8 @@ ShortcutSteal sampleSteal(const Settings &settings)
     const Placement holder = Placement::leftHalf;
     return {.combo = settings.shortcuts.value(holder, preset.value(holder)),
         .to = {Placement::rightHalf},
-        .from = {holder}};
+        .from = {holder},
+        .isSample = true};
 }
 
 /// The error is one sentence.
@@ -84,6 +85,8 @@ CommandResult show(const ScreenFlags &flags, AppModel &model)
         model.pendingPane = rawValue(*pane);
     if (flags.previewSteal)
         model.pendingSteal = sampleSteal(model.settings());
+    if (flags.showTour || flags.tourPage)
+        model.pendingTourPage = flags.tourPage.value_or(1);
     if (flags.appearance) {
         model.forcedAppearance = flags.appearance;
         model.applyAppearance();

@@ -148,6 +148,7 @@ Q_SIGNALS:
     void pendingRenameChanged();
     void pendingPaneIndexChanged();
     void pendingAppPickerChanged();
+    void pendingTourPageChanged();
     void lastApplyChanged();
     void automaticUpdateChecksChanged();
     void updateStatusChanged();
@@ -188,6 +189,9 @@ public:
     Q_OBJECT_BINDABLE_PROPERTY(
         AppModel, std::optional<int>, pendingPaneIndex, &AppModel::pendingPaneIndexChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, pendingAppPicker, &AppModel::pendingAppPickerChanged)
+    /// From 1.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        AppModel, std::optional<int>, pendingTourPage, &AppModel::pendingTourPageChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         AppModel, std::optional<LastApply>, lastApply, &AppModel::lastApplyChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<bool>, automaticUpdateChecks,

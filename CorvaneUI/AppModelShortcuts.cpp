@@ -42,7 +42,7 @@ void AppModel::confirmSteal()
 {
     const std::optional<ShortcutSteal> steal = pendingSteal.value();
     pendingSteal = std::nullopt;
-    if (!steal || !exists(steal->to))
+    if (!steal || steal->isSample || !exists(steal->to))
         return;
     FlightRecorder::shared().record(u"shortcut"_s,
         u"moved %1 from %2 to %3"_s.arg(

@@ -24,6 +24,7 @@ struct ShortcutSteal {
     KeyCombo combo;
     ShortcutOwner to;
     ShortcutOwner from;
+    bool isSample = false; ///< only shows what the question looks like
 
     bool operator==(const ShortcutSteal &) const = default;
 };

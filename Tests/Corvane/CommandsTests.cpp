@@ -64,6 +64,11 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     }
     ASSERT_TRUE(model.pendingSteal.value());
     EXPECT_EQ(model.owner(model.pendingSteal.value()->combo), model.pendingSteal.value()->from);
+    EXPECT_EQ(model.pendingTourPage.value(), 2);
+    const ShortcutMap shortcuts = model.settings().shortcuts;
+    model.confirmSteal();
+    EXPECT_FALSE(model.pendingSteal.value());
+    EXPECT_EQ(model.settings().shortcuts, shortcuts) << "it was only a sample";
 }
 
 TEST_F(CommandsTests, aLayoutIsOpenedAtOneOfItsPanes)
