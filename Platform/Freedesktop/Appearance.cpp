@@ -18,7 +18,8 @@ const QString appearanceGroup = u"org.freedesktop.appearance"_s;
 /// Of GNOME and the desktops that share its settings, and of Plasma.
 const QString interfaceGroup = u"org.gnome.desktop.interface"_s;
 const QString plasmaGroup = u"org.kde.kdeglobals.General"_s;
-const QStringList groupsRead{plasmaGroup, interfaceGroup, appearanceGroup};
+const QString plasmaMotionGroup = u"org.kde.kdeglobals.KDE"_s;
+const QStringList groupsRead{plasmaGroup, plasmaMotionGroup, interfaceGroup, appearanceGroup};
 
 /// Some portals wrap a value more than once.
 QVariant unwrapped(QVariant value)
@@ -35,10 +36,22 @@ QString plasmaFont(const QString &text)
     return fields.size() > 1 ? fields[0] + u' ' + fields[1] : QString();
 }
 
-DesktopLook with(
-    DesktopLook look, const QString &group, const QString &key, const QVariant &wrapped)
+/// Nothing when the setting is about something else.
+std::optional<bool> wantsNoMotion(const QString &group, const QString &key, const QVariant &value)
 {
-    const QVariant value = unwrapped(wrapped);
+    if (group == appearanceGroup && key == u"reduced-motion")
+        return value.toUInt() == 1;
+    if (group == interfaceGroup && key == u"enable-animations")
+        return !value.toBool();
+    bool isNumber = false;
+    if (group == plasmaMotionGroup && key == u"AnimationDurationFactor")
+        return value.toDouble(&isNumber) == 0 && isNumber;
+    return std::nullopt;
+}
+
+DesktopLook withPlain(
+    DesktopLook look, const QString &group, const QString &key, const QVariant &value)
+{
     if (group == appearanceGroup && key == u"color-scheme")
         look.isDark = value.toUInt() == 1;
     else if (group == appearanceGroup && key == u"contrast")
@@ -90,6 +103,22 @@ void Appearance::takeAnswer(const QDBusMessage &answer)
 void Appearance::takeSetting(const QString &group, const QString &key, const QDBusVariant &value)
 {
     setLook(with(m_look, group, key, value.variant()));
+}
+
+DesktopLook Appearance::with(
+    DesktopLook look, const QString &group, const QString &key, const QVariant &wrapped)
+{
+    const QVariant value = unwrapped(wrapped);
+    look = withPlain(look, group, key, value);
+    // A desktop may tell several of these: animations that are off are not on because another
+    // setting has no wish.
+    const auto isUnwanted = wantsNoMotion(group, key, value);
+    if (isUnwanted == true)
+        m_motionless.insert(key);
+    else if (isUnwanted == false)
+        m_motionless.remove(key);
+    look.reducesMotion = !m_motionless.isEmpty();
+    return look;
 }
 
 void Appearance::setLook(const DesktopLook &look)

@@ -2,6 +2,7 @@
 
 #include "Session.h"
 
+#include <QtCore/QSet>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusVariant>
 
@@ -29,10 +30,13 @@ private Q_SLOTS:
 private:
     void ask();
     void takeAnswer(const QDBusMessage &answer);
+    [[nodiscard]] DesktopLook with(
+        DesktopLook look, const QString &group, const QString &key, const QVariant &wrapped);
     void setLook(const DesktopLook &look);
 
     QDBusConnection m_bus;
     DesktopLook m_look;
+    QSet<QString> m_motionless; ///< the settings that want no motion
     bool m_isAsked = false;
 };
 

@@ -16,6 +16,7 @@ struct DesktopLook {
     bool hasHighContrast = false;
     QString font =
         {}; ///< family and size in points, as in "Cantarell 11"; empty while it is unknown
+    bool reducesMotion = false; ///< nothing is to slide or fade
 
     bool operator==(const DesktopLook &) const = default;
 };

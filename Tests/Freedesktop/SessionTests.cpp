@@ -161,6 +161,25 @@ TEST_F(LookTests, withoutAnAnswerItStaysLightUntilASettingChanges)
             DesktopLook{false, true, u"Noto Sans 10"_s}));
 }
 
+TEST_F(LookTests, motionIsReducedForAsLongAsAnySettingWantsThat)
+{
+    portal.refuse(0);
+    const QString gnome = u"org.gnome.desktop.interface"_s;
+    const QString plasma = u"org.kde.kdeglobals.KDE"_s;
+    change(u"enable-animations"_s, false, gnome);
+    change(u"reduced-motion"_s, 0u);
+    change(u"AnimationDurationFactor"_s, u"0"_s, plasma);
+    change(u"enable-animations"_s, true, gnome);
+    change(u"AnimationDurationFactor"_s, u"0.5"_s, plasma);
+    change(u"AnimationDurationFactor"_s, QString(), plasma);
+    change(u"reduced-motion"_s, 1u);
+
+    EXPECT_TRUE(eventually([this] { return changes.size() == 3; }));
+    EXPECT_THAT(changes,
+        ElementsAre(
+            DesktopLook{.reducesMotion = true}, DesktopLook{}, DesktopLook{.reducesMotion = true}));
+}
+
 TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
 {
     FakeService browser{u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s};
