@@ -50,6 +50,8 @@ struct CommandLine {
     bool verbose = false;
     bool help = false;
     bool version = false;
+    /// Came with the flags: by this a window may come to the front (see `AppModel`).
+    QString activation{};
 
     bool operator==(const CommandLine &) const = default;
 

@@ -19,8 +19,10 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
         line.screens.openSettings = true;
         result.output = u"Corvane is running already.\n"_s;
     }
-    if (line.asksForScreens())
+    if (line.asksForScreens()) {
+        m_model.pendingActivation = line.activation;
         result += show(line.screens);
+    }
     co_return result;
 }
 

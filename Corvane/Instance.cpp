@@ -15,16 +15,38 @@ constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
 // In milliseconds. A placement takes a second at most; a layout waits half a minute for its apps.
 constexpr int answerTimeout = 5000;
 constexpr int layoutTimeout = 60000;
-} // namespace
 
-std::optional<CommandResult> Instance::handOver(const QStringList &arguments)
+QDBusMessage callRunning(const QString &method, const QVariantList &values, int timeout)
 {
     auto call = QDBusMessage::createMethodCall(
-        Identity::bundleIdentifier, objectPath, instanceInterface, u"Run"_s);
+        Identity::bundleIdentifier, objectPath, instanceInterface, method);
     call.setAutoStartService(false);
-    call << arguments;
+    call.setArguments(values);
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, timeout);
+}
+
+} // namespace
+
+QString Instance::takeActivation()
+{
+    QString activation;
+    for (const char *const name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
+        if (activation.isEmpty())
+            activation = qEnvironmentVariable(name);
+        qunsetenv(name);
+    }
+    return activation;
+}
+
+std::optional<CommandResult> Instance::handOver(
+    const QStringList &arguments, const QString &activation)
+{
     const int timeout = arguments.contains("--apply-layout"_L1) ? layoutTimeout : answerTimeout;
-    const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, timeout);
+    const QVariantMap platformData{{u"activation-token"_s, activation}};
+    QDBusMessage answer = callRunning(u"RunWith"_s, {arguments, platformData}, timeout);
+    // The one that runs may be of an earlier version, until the next login.
+    if (answer.errorName() == "org.freedesktop.DBus.Error.UnknownMethod"_L1)
+        answer = callRunning(u"Run"_s, {arguments}, timeout);
     const QVariantList values = answer.arguments();
     if (answer.type() == QDBusMessage::ReplyMessage && values.size() == 3)
         return CommandResult{values[0].toInt(), values[1].toString(), values[2].toString()};

@@ -25,6 +25,12 @@ QStringList actionArguments(const QString &action, const QVariantList &parameter
     return {};
 }
 
+QString activation(const QVariantMap &platformData)
+{
+    const QString token = platformData[u"activation-token"_s].toString();
+    return token.isEmpty() ? platformData[u"desktop-startup-id"_s].toString() : token;
+}
+
 void refuse(const QDBusMessage &call, const QString &sentence)
 {
     call.setDelayedReply(true);
@@ -39,16 +45,22 @@ InstanceService::InstanceService(QObject *parent, Runner run)
 }
 
 int InstanceService::Run(
-    const QStringList &arguments, const QDBusMessage &call, QString &, QString &)
+    const QStringList &arguments, const QDBusMessage &call, QString &output, QString &error)
+{
+    return RunWith(arguments, {}, call, output, error);
+}
+
+int InstanceService::RunWith(const QStringList &arguments, const QVariantMap &platformData,
+    const QDBusMessage &call, QString &, QString &)
 {
     call.setDelayedReply(true);
-    answer(arguments, call);
+    answer(arguments, activation(platformData), call);
     return CommandResult::done;
 }
 
-QCoro::Task<> InstanceService::answer(QStringList arguments, QDBusMessage call)
+QCoro::Task<> InstanceService::answer(QStringList arguments, QString activation, QDBusMessage call)
 {
-    const CommandResult result = co_await m_run(arguments);
+    const CommandResult result = co_await m_run(arguments, activation);
     QDBusConnection::sessionBus().send(
         call.createReply({result.status, result.output, result.error}));
 }
@@ -58,27 +70,27 @@ ApplicationService::ApplicationService(QObject *parent, InstanceService::Runner 
 {
 }
 
-void ApplicationService::Activate(const QVariantMap &)
+void ApplicationService::Activate(const QVariantMap &platformData)
 {
-    m_run({});
+    m_run({}, activation(platformData));
 }
 
 void ApplicationService::Open(
-    const QStringList &uris, const QVariantMap &, const QDBusMessage &call)
+    const QStringList &uris, const QVariantMap &platformData, const QDBusMessage &call)
 {
     for (const QString &uri : uris) {
         // Nothing but an address may come this way: a flag would be a command.
         if (const auto pane = Address::pane(uri); !pane)
             return refuse(call, pane.error());
-        m_run({uri});
+        m_run({uri}, activation(platformData));
     }
 }
 
 void ApplicationService::ActivateAction(const QString &action, const QVariantList &parameter,
-    const QVariantMap &, const QDBusMessage &call)
+    const QVariantMap &platformData, const QDBusMessage &call)
 {
     if (const QStringList arguments = actionArguments(action, parameter); !arguments.isEmpty()) {
-        m_run(arguments);
+        m_run(arguments, activation(platformData));
         return;
     }
     refuse(call, u"There is no action \"%1\"."_s.arg(action));

@@ -19,7 +19,9 @@ class InstanceService final : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "app.corvane.Corvane.Instance")
 
 public:
-    using Runner = std::function<QCoro::Task<CommandResult>(const QStringList &arguments)>;
+    /// Runs a command line; see `CommandLine` for the activation.
+    using Runner = std::function<QCoro::Task<CommandResult>(
+        const QStringList &arguments, const QString &activation)>;
 
     InstanceService(QObject *parent, Runner run);
 
@@ -28,9 +30,13 @@ public Q_SLOTS:
     /// once it is done.
     int Run(
         const QStringList &arguments, const QDBusMessage &call, QString &output, QString &error);
+    /// The same with what desktops hand to a program that they start: "activation-token" or
+    /// "desktop-startup-id".
+    int RunWith(const QStringList &arguments, const QVariantMap &platformData,
+        const QDBusMessage &call, QString &output, QString &error);
 
 private:
-    QCoro::Task<> answer(QStringList arguments, QDBusMessage call);
+    QCoro::Task<> answer(QStringList arguments, QString activation, QDBusMessage call);
 
     Runner m_run;
 };

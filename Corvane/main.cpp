@@ -29,11 +29,12 @@ int finish(const CommandResult &result)
 }
 
 /// What a command line means to the running program.
-QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments)
+QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments, QString activation)
 {
-    const auto line = CommandLine::parse(arguments);
+    auto line = CommandLine::parse(arguments);
     if (!line)
         co_return failure(CommandResult::misused, line.error());
+    line->activation = activation;
     const CommandResult result = co_await commands.run(*line);
     co_return result;
 }
@@ -94,10 +95,11 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
         return finish(failure(CommandResult::refused, desktop.error()));
     AppDelegate delegate(line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet);
     Instance instance;
-    const auto claim =
-        instance.claim([&](const QStringList &asked) { return run(delegate.commands(), asked); });
+    const auto claim = instance.claim([&](const QStringList &asked, const QString &activation) {
+        return run(delegate.commands(), asked, activation);
+    });
     if (claim == Instance::Claim::taken)
-        return finish(Instance::handOver(arguments).value_or(CommandResult{}));
+        return finish(Instance::handOver(arguments, line.activation).value_or(CommandResult{}));
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
@@ -116,7 +118,7 @@ std::optional<int> finishEarly(
     const Catalogues catalogues;
     if (const auto result = answerFromFiles(line))
         return finish(*result);
-    if (const auto result = Instance::handOver(arguments))
+    if (const auto result = Instance::handOver(arguments, line.activation))
         return finish(*result);
     if (line.isCommand() && !line.asksForScreens())
         return runOnce(line);
@@ -138,9 +140,10 @@ int main(int argc, char **argv)
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     arguments = CommandLine::withAbsolutePaths(arguments);
-    const auto line = CommandLine::parse(arguments);
+    auto line = CommandLine::parse(arguments);
     if (!line)
         return finish(failure(CommandResult::misused, line.error()));
+    line->activation = Instance::takeActivation();
     const auto status = finishEarly(argc, argv, arguments, *line);
     return status ? *status : stay(argc, argv, arguments, *line);
 }

@@ -149,6 +149,7 @@ Q_SIGNALS:
     void pendingPaneIndexChanged();
     void pendingAppPickerChanged();
     void pendingTourPageChanged();
+    void pendingActivationChanged();
     void lastApplyChanged();
     void automaticUpdateChecksChanged();
     void updateStatusChanged();
@@ -192,6 +193,10 @@ public:
     /// From 1.
     Q_OBJECT_BINDABLE_PROPERTY(
         AppModel, std::optional<int>, pendingTourPage, &AppModel::pendingTourPageChanged)
+    /// By which the window that is shown next may come to the front: X11's startup id, Wayland's
+    /// activation token. Empty when whoever asked for the window had none.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        AppModel, QString, pendingActivation, &AppModel::pendingActivationChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         AppModel, std::optional<LastApply>, lastApply, &AppModel::lastApplyChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<bool>, automaticUpdateChecks,

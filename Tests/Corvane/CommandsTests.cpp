@@ -71,6 +71,18 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     EXPECT_EQ(model.settings().shortcuts, shortcuts) << "it was only a sample";
 }
 
+TEST_F(CommandsTests, aWindowIsAskedForTogetherWithTheTokenThatBringsItToTheFront)
+{
+    for (const QString &token : {u"launcher_TIME7"_s, QString()}) {
+        CommandLine line;
+        line.activation = token;
+
+        QCoro::waitFor(commands.run(line));
+
+        EXPECT_EQ(model.pendingActivation.value(), token) << "none is left of an earlier start";
+    }
+}
+
 TEST_F(CommandsTests, aLayoutIsOpenedAtOneOfItsPanes)
 {
     const WindowLayout layout = model.newEmptyLayout();

@@ -1,5 +1,6 @@
 #include "Waiting.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -11,6 +12,7 @@
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusReply>
+#include <QtDBus/QDBusVirtualObject>
 
 #include <gmock/gmock.h>
 
@@ -32,6 +34,21 @@ constexpr auto desk = R"({
     "applications": [{"id": "org.example.Editor", "name": "Editor",
         "windows": [{"title": "Letter", "frame": [40, 60, 700, 600]}]}]
 })";
+
+/// In place of a running program: it has some methods, and notes each call.
+struct FakeInstance final : QDBusVirtualObject {
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        calls << message;
+        return connection.send(methods.contains(message.member())
+                ? message.createReply({7, QString(), QString()})
+                : message.createErrorReply(QDBusError::UnknownMethod, {}));
+    }
+    QString introspect(const QString &) const override { return {}; }
+
+    QStringList methods;
+    QList<QDBusMessage> calls;
+};
 
 /// The program on a simulated desk, with a session bus of its own or none.
 class ProgramTests : public testing::Test
@@ -256,6 +273,33 @@ TEST_F(ProgramTests, aSecondStartHandsItsFlagsToTheRunningOne)
     EXPECT_THAT(again.error, HasSubstr("settings window"));
     EXPECT_EQ(mistake.status, 2);
     EXPECT_THAT(readUntil(*resident, "snapBack").toStdString(), HasSubstr("leftHalf: Editor"));
+}
+
+TEST_F(ProgramTests, aSecondStartHandsItsActivationTokenOverToARunningOneThatTakesIt)
+{
+    startBus();
+    FakeInstance running;
+    QDBusConnection names = sessionBus();
+    ASSERT_TRUE(names.registerVirtualObject(u"/app/corvane/Corvane"_s, &running)
+        && names.registerService(u"app.corvane.Corvane"_s));
+    environment.insert(u"DESKTOP_STARTUP_ID"_s, u"launcher_TIME7"_s);
+    for (const QStringList &methods : {QStringList{u"Run"_s, u"RunWith"_s}, {u"Run"_s}}) {
+        running.methods = methods;
+        const auto program = startProgram({u"--open-settings"_s});
+
+        EXPECT_TRUE(desktop::waitUntil(
+            [&] {
+                QCoreApplication::processEvents();
+                return program->state() == QProcess::NotRunning;
+            },
+            patience));
+        EXPECT_EQ(program->exitCode(), 7);
+    }
+    ASSERT_EQ(running.calls.size(), 3) << "one of an earlier version takes the flags alone";
+    const QVariantList call = running.calls[0].arguments();
+    EXPECT_EQ(call[0].toStringList(), QStringList{u"--open-settings"_s});
+    EXPECT_EQ(qdbus_cast<QVariantMap>(call[1])[u"activation-token"_s], u"launcher_TIME7"_s);
+    EXPECT_EQ(running.calls[2].member(), u"Run"_s);
 }
 
 TEST_F(ProgramTests, openingTheMenuDidNotEndItWithoutAnXServer)

@@ -1,5 +1,6 @@
 #include "CompetitorWatch.h"
 #include "FlightRecorder.h"
+#include "InstanceService.h"
 #include "LoginItemSwitch.h"
 #include "ModelDesk.h"
 #include "ShortcutRegistrar.h"
@@ -117,6 +118,28 @@ TEST_F(LoginItemSwitchTests, whatTheUserHasToAllowIsNoted)
 
     ASSERT_TRUE(model.loginItemNote.value());
     EXPECT_THAT(model.loginItemNote.value()->toStdString(), HasSubstr("to allow Corvane"));
+}
+
+TEST_F(ShellTests, everyCallOverTheBusBringsItsActivationTokenAlong)
+{
+    QObject object;
+    QStringList tokens;
+    const InstanceService::Runner run = [&tokens](const QStringList &, const QString &activation) {
+        tokens << activation;
+        return []() -> QCoro::Task<CommandResult> { co_return CommandResult{}; }();
+    };
+    InstanceService instance(&object, run);
+    ApplicationService application(&object, run);
+    QString output;
+    QString error;
+
+    application.Activate({{u"activation-token"_s, u"a"_s}, {u"desktop-startup-id"_s, u"x"_s}});
+    application.Open({u"corvane://settings/about"_s}, {{u"desktop-startup-id"_s, u"b"_s}}, {});
+    application.ActivateAction(u"capture"_s, {}, {{u"activation-token"_s, u"c"_s}}, {});
+    instance.RunWith({}, {{u"activation-token"_s, u"d"_s}}, {}, output, error);
+    instance.Run({}, {}, output, error);
+
+    EXPECT_EQ(tokens, (QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s, QString()}));
 }
 
 TEST_F(ShellTests, trustIsLookedForOnlyWhileItIsMissing)
