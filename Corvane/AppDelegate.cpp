@@ -45,6 +45,7 @@ AppDelegate::AppDelegate(Log log)
     m_shortcuts.onLayout = [this](const QUuid &layout) { applyLayout(layout); };
     m_commands.onPopMenu = [this] { m_menus.popUp(); };
     m_commands.onRenderStatusIcon = StatusIcon::render;
+    connect(&m_menus, &MenuBoard::aboutToOpen, &m_loginItem, &LoginItemSwitch::follow);
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_pruning, &QTimer::timeout, this, [this] {
@@ -68,7 +69,7 @@ void AppDelegate::start()
     m_trust.start();
     m_competitors.start();
     m_model.applyOnConnect();
-    m_loginItem.refreshNote();
+    m_loginItem.start();
     pruneHistory();
 }
 

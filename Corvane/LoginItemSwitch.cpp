@@ -4,12 +4,16 @@
 #include "Platform.h"
 #include "UserDefaults.h"
 
+#include <QtCore/QScopedValueRollback>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
 void LoginItemSwitch::set(bool opensAtLogin)
 {
+    if (m_isFollowing)
+        return;
     const QString noticeID = u"login-item"_s;
     if (const auto done = Platform::current().session().setLoginItem(opensAtLogin)) {
         m_model.dismissNotice(noticeID);
@@ -19,6 +23,7 @@ void LoginItemSwitch::set(bool opensAtLogin)
                                           : tr("macOS would not take Corvane out of Login Items: ");
         m_model.post({noticeID, text + done.error(), std::nullopt});
     }
+    m_seen = Platform::current().session().loginItem();
     refreshNote();
 }
 
@@ -27,6 +32,26 @@ void LoginItemSwitch::carryOver()
     if (!UserDefaults::testAndSet(UserDefaults::loginItemCarriedOver)
         && m_model.settings().launchAtLogin)
         set(true);
+}
+
+void LoginItemSwitch::start()
+{
+    connect(&m_model, &AppModel::pendingPaneChanged, this, &LoginItemSwitch::follow);
+    follow();
+}
+
+void LoginItemSwitch::follow()
+{
+    const LoginItem present = Platform::current().session().loginItem();
+    const std::optional<LoginItem> seen = std::exchange(m_seen, present);
+    Settings settings = m_model.settings();
+    // An item that was there before the start may be a settings file's that was edited meanwhile.
+    if (seen ? *seen != present : present != LoginItem::present && settings.launchAtLogin) {
+        settings.launchAtLogin = present == LoginItem::present;
+        const QScopedValueRollback following(m_isFollowing, true);
+        m_model.setSettings(std::move(settings));
+    }
+    refreshNote();
 }
 
 void LoginItemSwitch::refreshNote()

@@ -63,6 +63,8 @@ void MenuBoard::popUp()
 void MenuBoard::prepareToOpen()
 {
     m_model.refreshTrust();
+    m_model.refreshCompetitors();
+    Q_EMIT aboutToOpen();
     fill();
 }
 

@@ -22,6 +22,10 @@ public:
     /// Opens the status menu without a click.
     void popUp();
 
+Q_SIGNALS:
+    /// The time to look at what nobody tells the model of.
+    void aboutToOpen();
+
 private:
     void prepareToOpen();
     void fill();

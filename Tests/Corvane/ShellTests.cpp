@@ -111,10 +111,31 @@ TEST_F(LoginItemSwitchTests, aFailureIsANoticeUntilItSucceeds)
     EXPECT_THAT(model.notices(), IsEmpty());
 }
 
+TEST_F(LoginItemSwitchTests, theSettingsFollowWhatTheUserDoesToTheLoginItemElsewhere)
+{
+    setLaunchAtLogin(true);
+    loginItem.start();
+    for (const LoginItem removed : {LoginItem::absent, LoginItem::awaitsApproval}) {
+        session().item = removed;
+        model.pendingPane = model.pendingPane.value() + u'x';
+
+        EXPECT_FALSE(model.settings().launchAtLogin);
+        EXPECT_EQ(session().item, removed) << "it is not written back";
+        EXPECT_FALSE(model.loginItemNote.value());
+        session().item = LoginItem::present;
+        loginItem.follow();
+        EXPECT_TRUE(model.settings().launchAtLogin);
+    }
+    session().item = LoginItem::awaitsApproval;
+    LoginItemSwitch{model}.start();
+    EXPECT_FALSE(model.settings().launchAtLogin) << "it was switched off before the start";
+}
+
 TEST_F(LoginItemSwitchTests, whatTheUserHasToAllowIsNoted)
 {
     session().itemOnceSet = LoginItem::awaitsApproval;
     setLaunchAtLogin(true);
+    loginItem.follow();
 
     ASSERT_TRUE(model.loginItemNote.value());
     EXPECT_THAT(model.loginItemNote.value()->toStdString(), HasSubstr("to allow Corvane"));
