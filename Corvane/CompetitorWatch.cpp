@@ -11,11 +11,21 @@ using namespace Qt::StringLiterals;
 void CompetitorWatch::start()
 {
     Applications &applications = Platform::current().applications();
-    connect(&applications, &Applications::launched, &m_model, &AppModel::refreshCompetitors);
-    connect(&applications, &Applications::terminated, &m_model, &AppModel::refreshCompetitors);
+    connect(&applications, &Applications::launched, this, &CompetitorWatch::refreshSoon);
+    connect(&applications, &Applications::terminated, this, &CompetitorWatch::refreshSoon);
     connect(&m_model, &AppModel::competitorsChanged, this, &CompetitorWatch::tell);
-    m_model.refreshCompetitors();
     tell();
+}
+
+/// Once for all applications that come or go at the same time, as at login: it looks at every process.
+void CompetitorWatch::refreshSoon()
+{
+    if (std::exchange(m_isRefreshPending, true))
+        return;
+    Platform::current().clock().after(Clock::Duration{0}, this, [this] {
+        m_isRefreshPending = false;
+        m_model.refreshCompetitors();
+    });
 }
 
 void CompetitorWatch::tell()

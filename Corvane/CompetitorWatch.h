@@ -12,13 +12,16 @@ class CompetitorWatch final : public QObject
 public:
     explicit CompetitorWatch(AppModel &model) : m_model(model) { }
 
+    /// Begins with those that the model knows.
     void start();
 
 private:
+    void refreshSoon();
     void tell();
 
     AppModel &m_model;
     QStringList m_told; ///< of these the user knows
+    bool m_isRefreshPending = false;
 };
 
 } // namespace corvane

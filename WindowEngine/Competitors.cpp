@@ -29,7 +29,8 @@ const std::array<Competitor, 12> &Competitor::known()
 
 QList<Competitor::Running> Competitor::running()
 {
-    const QList<RunningApplication> applications = Platform::current().applications().running();
+    Applications &platform = Platform::current().applications();
+    const QList<RunningApplication> applications = platform.running();
     QList<Running> result;
     for (const Competitor &competitor : known()) {
         const auto application = std::ranges::find(
@@ -37,6 +38,8 @@ QList<Competitor::Running> Competitor::running()
         if (application != applications.end())
             result.append({competitor, *application});
     }
+    for (const RunningApplication &rival : platform.rivals())
+        result.append({{rival.bundleIdentifier, rival.localizedName}, rival});
     return result;
 }
 

@@ -16,8 +16,10 @@ struct Competitor {
     QString bundleID;
     QString name; ///< as users know it
 
+    /// Those of the Mac, by their bundle identifiers. Other desktops know their own.
     [[nodiscard]] static const std::array<Competitor, 12> &known();
-    /// In the order of `known`, each with the first of its processes. Main thread only.
+    /// In the order of `known`, then of the desktop's own table, each with the first of its
+    /// processes. Main thread only.
     [[nodiscard]] static QList<Running> running();
 
     bool operator==(const Competitor &) const = default;

@@ -2,11 +2,13 @@
 
 #include "KeyFile.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <array>
+#include <unistd.h>
 
 namespace corvane::freedesktop {
 
@@ -39,6 +41,20 @@ bool runsOthers(const QString &program)
     return std::ranges::find(names, name.remove(version)) != names.end();
 }
 
+QList<pid_t> ProcessFiles::ownProcesses() const
+{
+    QList<pid_t> own;
+    const QFileInfoList folders =
+        QDir(m_root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
+    for (const QFileInfo &folder : folders) {
+        const pid_t pid = folder.fileName().toInt();
+        if (pid > 0 && pid != getpid() && folder.ownerId() == geteuid())
+            own << pid;
+    }
+    std::ranges::sort(own);
+    return own;
+}
+
 std::optional<Sandbox> ProcessFiles::sandbox(pid_t pid) const
 {
     const QString name = KeyFile(path(pid, "root/.flatpak-info"), "Application").text("name");
@@ -54,13 +70,8 @@ std::optional<Sandbox> ProcessFiles::snap(pid_t pid) const
     if (const auto match = scope.match(QString::fromUtf8(contents(pid, "cgroup")));
         match.hasMatch())
         return snapSandbox(match.captured(1), match.captured(2));
-    const QByteArray variable = "SNAP_INSTANCE_NAME=";
-    for (const QByteArray &each : contents(pid, "environ").split('\0')) {
-        if (const QString name = QString::fromUtf8(each.mid(variable.size()));
-            each.startsWith(variable) && !name.isEmpty())
-            return snapSandbox(name, name);
-    }
-    return std::nullopt;
+    const QString name = QString::fromUtf8(variable(pid, "SNAP_INSTANCE_NAME"));
+    return name.isEmpty() ? std::nullopt : std::optional(snapSandbox(name, name));
 }
 
 QStringList ProcessFiles::programs(pid_t pid) const
@@ -81,6 +92,15 @@ QStringList ProcessFiles::programs(pid_t pid) const
         [](const QString &program) { return program.isEmpty() || runsOthers(program); });
     programs.removeDuplicates();
     return programs;
+}
+
+QByteArray ProcessFiles::variable(pid_t pid, QByteArrayView name) const
+{
+    for (const QByteArray &each : contents(pid, "environ").split('\0')) {
+        if (each.startsWith(name) && each.mid(name.size()).startsWith('='))
+            return each.mid(name.size() + 1);
+    }
+    return {};
 }
 
 QString ProcessFiles::path(pid_t pid, const char *file) const

@@ -21,9 +21,13 @@ class ProcessFiles final
 public:
     explicit ProcessFiles(const QString &root = QStringLiteral("/proc")) : m_root(root) { }
 
+    /// The processes of this user but this one, by number.
+    [[nodiscard]] QList<pid_t> ownProcesses() const;
     [[nodiscard]] std::optional<Sandbox> sandbox(pid_t pid) const;
     /// What the process runs, the likeliest first: paths or bare names, no interpreter of a script.
     [[nodiscard]] QStringList programs(pid_t pid) const;
+    /// A variable that the process was started with; empty when there was none.
+    [[nodiscard]] QByteArray variable(pid_t pid, QByteArrayView name) const;
 
 private:
     [[nodiscard]] QString path(pid_t pid, const char *file) const;

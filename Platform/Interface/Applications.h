@@ -50,13 +50,16 @@ public:
     /// Opens the application without activating it, where the desktop allows that. Its windows come
     /// later, perhaps in another process or never. The error is one sentence.
     [[nodiscard]] virtual expected<void, QString> open(const QString &bundleIdentifier) = 0;
+    /// The programs that move windows by shortcuts on this kind of desktop, of those that run, in the
+    /// order of the desktop's own table. Most never show a window, so they are in no other list here.
+    [[nodiscard]] virtual QList<RunningApplication> rivals() = 0;
     /// Asks the application to quit, as its user would. It may take its time, ask its user or stay.
     virtual void quit(pid_t pid) = 0;
 
 Q_SIGNALS:
     /// A process became a regular application. Arrives before the notice of its first window.
     void launched(const corvane::RunningApplication &application);
-    /// The process ended.
+    /// The process, of an application or of a rival that was told, ended.
     void terminated(pid_t pid);
 };
 

@@ -15,6 +15,7 @@ struct SimulatedApplication {
     bool hung = false; ///< answers nothing: every call lasts as long as the messaging timeout
     bool hasShown = false; ///< some window
     bool isRegular = false; ///< has shown a window that the task bar lists
+    bool isRival = false; ///< moves windows by shortcuts, too
     std::optional<WindowElement> mainWindow{};
 
     [[nodiscard]] RunningApplication record() const

@@ -47,6 +47,12 @@ expected<void, QString> SimulatedApplications::open(const QString &bundleIdentif
     return {};
 }
 
+QList<RunningApplication> SimulatedApplications::rivals()
+{
+    m_desktop.catchUp();
+    return m_desktop.rivals();
+}
+
 void SimulatedApplications::quit(pid_t pid)
 {
     if (m_desktop.findApplication(pid))

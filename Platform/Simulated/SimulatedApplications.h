@@ -18,6 +18,7 @@ public:
 
     Installation installation(const QString &bundleIdentifier) override;
     expected<void, QString> open(const QString &bundleIdentifier) override;
+    QList<RunningApplication> rivals() override;
     void quit(pid_t pid) override;
 
 private:

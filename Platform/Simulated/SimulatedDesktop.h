@@ -50,6 +50,8 @@ public:
     [[nodiscard]] SimulatedApplication *findApplication(pid_t pid);
     /// Those that have shown a window, in the order of their start.
     [[nodiscard]] QList<RunningApplication> running() const;
+    /// With a window or without, in the order of their start.
+    [[nodiscard]] QList<RunningApplication> rivals() const;
 
     // Windows
     /// In front of all others (a desktop: behind), with the focus where it takes it.

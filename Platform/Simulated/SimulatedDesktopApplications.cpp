@@ -66,9 +66,9 @@ void SimulatedDesktop::quit(pid_t pid)
     for (const WindowElement &element : stack())
         if (window(element).pid == pid)
             closeWindow(element);
-    const bool hasShown = application(pid).hasShown;
+    const bool isTold = application(pid).hasShown || application(pid).isRival;
     m_applications.erase(pid);
-    if (hasShown)
+    if (isTold)
         m_notices.post([this, pid] { Q_EMIT applicationTerminated(pid); });
 }
 
@@ -92,6 +92,15 @@ QList<RunningApplication> SimulatedDesktop::running() const
         if (application.hasShown)
             running << application.record();
     return running;
+}
+
+QList<RunningApplication> SimulatedDesktop::rivals() const
+{
+    QList<RunningApplication> rivals;
+    for (const auto &[pid, application] : m_applications)
+        if (application.isRival)
+            rivals << application.record();
+    return rivals;
 }
 
 void SimulatedDesktop::noteShown(SimulatedApplication &owner, const SimulatedWindow &window)

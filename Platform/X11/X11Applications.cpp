@@ -2,26 +2,17 @@
 
 #include "Properties.h"
 
-#include <QtCore/QSocketNotifier>
-
-#include <csignal>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 namespace corvane::x11 {
-
-X11Applications::Process::~Process()
-{
-    notifier.reset();
-    if (pidfd >= 0)
-        close(pidfd);
-}
 
 X11Applications::X11Applications(Connection &connection, WindowRegistry &registry)
     : m_connection(connection), m_registry(registry)
 {
     connect(&registry, &WindowRegistry::appeared, this, &X11Applications::meet);
     connect(&registry, &WindowRegistry::destroyed, this, &X11Applications::lose);
+    connect(&m_rivals, &freedesktop::Rivals::ended, this, [this](pid_t pid) {
+        if (!m_processes.contains(pid))
+            Q_EMIT terminated(pid);
+    });
     QList<WindowElement> present;
     for (const auto &[window, known] : registry.known().asKeyValueRange())
         present << WindowElement{window, known.generation};
@@ -65,10 +56,16 @@ expected<void, QString> X11Applications::open(const QString &bundleIdentifier)
     return m_launcher.open(bundleIdentifier);
 }
 
+QList<RunningApplication> X11Applications::rivals()
+{
+    return m_rivals.running();
+}
+
 void X11Applications::quit(pid_t pid)
 {
-    if (!m_processes.contains(pid))
-        return;
+    const auto process = m_processes.find(pid);
+    if (process == m_processes.end())
+        return m_rivals.terminate(pid);
     const Answers answers(m_connection);
     bool isAsked = false;
     for (const xcb_window_t window : m_registry.frontToBack()) {
@@ -80,7 +77,7 @@ void X11Applications::quit(pid_t pid)
     }
     xcb_flush(m_connection.xcb());
     if (!isAsked && answers.complete())
-        kill(pid, SIGTERM);
+        process->second.handle.terminate();
 }
 
 void X11Applications::meet(const QList<WindowElement> &windows)
@@ -90,11 +87,14 @@ void X11Applications::meet(const QList<WindowElement> &windows)
         if (!known || known->pid <= 0)
             continue;
         const pid_t pid = known->pid;
-        auto [at, isNew] = m_processes.try_emplace(pid);
+        auto [at, isNew] = m_processes.try_emplace(pid, pid);
         Process &process = at->second;
         ++process.windowCount;
         if (isNew)
-            watchExit(pid, process);
+            connect(&process.handle, &freedesktop::ProcessHandle::ended, this, [this, pid] {
+                // Later, since the handle that tells it goes with the process.
+                m_connection.defer([this, pid] { end(pid); });
+            });
         // A splash screen or panel does not name the application for good.
         if (isNew || (known->inTaskbar && !process.isRegular)) {
             process.traces = {pid, known->publishedId, known->className, known->instanceName};
@@ -116,21 +116,8 @@ void X11Applications::lose(const WindowElement &, const KnownWindow &known)
         return;
     --process->second.windowCount;
     // Without a descriptor to watch, an application ends with its last window.
-    if (process->second.windowCount <= 0 && process->second.pidfd < 0)
+    if (process->second.windowCount <= 0 && !process->second.handle.isValid())
         m_connection.defer([this, pid = known.pid] { end(pid); });
-}
-
-void X11Applications::watchExit(pid_t pid, Process &process)
-{
-    process.pidfd = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
-    if (process.pidfd < 0)
-        return;
-    process.notifier = std::make_unique<QSocketNotifier>(process.pidfd, QSocketNotifier::Read);
-    connect(process.notifier.get(), &QSocketNotifier::activated, this, [this, pid] {
-        // Later, since the notifier that calls us goes with the process.
-        m_processes.at(pid).notifier->setEnabled(false);
-        m_connection.defer([this, pid] { end(pid); });
-    });
 }
 
 void X11Applications::end(pid_t pid)

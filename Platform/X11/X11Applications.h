@@ -3,12 +3,10 @@
 #include "ApplicationMatch.h"
 #include "Applications.h"
 #include "Launcher.h"
+#include "Rivals.h"
 #include "WindowRegistry.h"
 
 #include <map>
-#include <memory>
-
-class QSocketNotifier;
 
 namespace corvane::x11 {
 
@@ -27,27 +25,23 @@ public:
 
     Installation installation(const QString &bundleIdentifier) override;
     expected<void, QString> open(const QString &bundleIdentifier) override;
+    QList<RunningApplication> rivals() override;
     void quit(pid_t pid) override;
 
 private:
-    /// Watches one process for its end without polling (pidfd, Linux 5.3).
     struct Process {
-        Process() = default;
-        ~Process();
-        Q_DISABLE_COPY_MOVE(Process)
+        explicit Process(pid_t pid) : handle(pid) { }
 
+        freedesktop::ProcessHandle handle;
         freedesktop::ApplicationTraces traces;
         std::optional<freedesktop::DesktopEntry> entry;
         quint64 soughtIn = 0; ///< the revision of the entries in which none was found
         bool isRegular = false;
         int windowCount = 0;
-        int pidfd = -1;
-        std::unique_ptr<QSocketNotifier> notifier;
     };
 
     void meet(const QList<WindowElement> &windows);
     void lose(const WindowElement &window, const KnownWindow &known);
-    void watchExit(pid_t pid, Process &process);
     void end(pid_t pid);
     [[nodiscard]] RunningApplication describe(Process &process);
     void identify(Process &process);
@@ -56,6 +50,7 @@ private:
     WindowRegistry &m_registry;
     freedesktop::DesktopEntries m_entries;
     freedesktop::Launcher m_launcher{m_entries};
+    freedesktop::Rivals m_rivals;
     std::map<pid_t, Process> m_processes;
 };
 

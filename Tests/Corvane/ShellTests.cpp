@@ -29,8 +29,15 @@ protected:
     {
         const pid_t pid = desk.platform.desktop().start(identifier, name);
         desk.platform.desktop().openWindow(pid, {.title = name});
-        desk.settle();
+        settle();
         return pid;
+    }
+
+    /// What hears a notice may be done in the next turn.
+    void settle()
+    {
+        desk.settle();
+        desk.settle();
     }
 
     void setLaunchAtLogin(bool opens)
@@ -75,10 +82,11 @@ protected:
 TEST_F(CompetitorWatchTests, eachCompetitorThatStartsIsToldOnce)
 {
     startCompetitor(u"com.manytricks.Moom"_s, u"Moom"_s);
+    model.refreshCompetitors();
     watch.start();
     const pid_t rival = startCompetitor(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
     desk.platform.desktop().quit(rival);
-    desk.settle();
+    settle();
 
     EXPECT_THAT(told,
         ElementsAre(u"Moom is also running|Two window managers answering the same keys will fight "

@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
 
 #include <csignal>
 #include <unistd.h>
@@ -90,6 +91,13 @@ std::unique_ptr<ChildProcess> PrivateSession::launch(
     const QString log = u"%1/%2.log"_s.arg(folder(), QFileInfo(program).fileName());
     return std::make_unique<ChildProcess>(
         ChildProcess::Command{program, arguments, m_environment, log, channel});
+}
+
+std::unique_ptr<ChildProcess> PrivateSession::launchIdle(const QString &name)
+{
+    const QString program = m_folder.filePath(name);
+    QFile::copy(QStandardPaths::findExecutable(u"sleep"_s), program);
+    return launch(program, {u"600"_s});
 }
 
 bool PrivateSession::run(const QString &program, const QStringList &arguments)

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] std::unique_ptr<ChildProcess> launch(const QString &program,
         const QStringList &arguments = {},
         ChildProcess::Channel channel = ChildProcess::Channel::log);
+    /// Starts a program of this name that does nothing until it is asked to end.
+    [[nodiscard]] std::unique_ptr<ChildProcess> launchIdle(const QString &name);
     /// Runs a program to its end. Whether it exited with 0.
     [[nodiscard]] bool run(const QString &program, const QStringList &arguments);
     /// The end of every log, for a failed test's message.

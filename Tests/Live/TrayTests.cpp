@@ -239,6 +239,24 @@ TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsThePointerGetsItLater)
     EXPECT_TRUE(closesBy([this] { pointer().click(elsewhere); }));
 }
 
+TEST_F(TrayTests, aRivalWithoutAWindowIsInTheMenuAndQuitsWhenChosenOrAskedTo)
+{
+    auto rival = desktop().launchIdle(u"cortile"_s);
+    popUp();
+
+    EXPECT_TRUE(closesBy([this] {
+        // After the row with the program's name.
+        press(Key::down);
+        press(Key::down);
+        press(Key::enter);
+    }));
+    EXPECT_TRUE(waitUntil([&] { return !rival->isRunning(); }));
+
+    rival = desktop().launchIdle(u"cortile"_s);
+    EXPECT_EQ(corvane().ask({u"--quit-competitors"_s}).output, "Asked Cortile to quit.\n");
+    EXPECT_TRUE(waitUntil([&] { return !rival->isRunning(); }));
+}
+
 TEST_F(TrayTests, withoutATrayTheProgramSaysSoOnceAndStaysReachable)
 {
     if (isEmbedded())

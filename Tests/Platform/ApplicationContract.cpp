@@ -114,6 +114,22 @@ TEST_P(PlatformContract, aProcessThatEndsAtOnceLeavesNothingBehind)
     EXPECT_THAT(windows().onScreenWindows(), IsEmpty());
 }
 
+TEST_P(PlatformContract, aRivalWithoutAWindowIsFoundAndQuits)
+{
+    EXPECT_THAT(applications().rivals(), IsEmpty());
+    const pid_t pid = world().startRival();
+    const QList<RunningApplication> rivals = applications().rivals();
+    ASSERT_EQ(rivals.size(), 1);
+    EXPECT_EQ(rivals[0].pid, pid);
+    EXPECT_NE(rivals[0].localizedName, QString());
+    EXPECT_THAT(pids(applications()), Not(Contains(pid)));
+
+    applications().quit(pid);
+
+    EXPECT_TRUE(world().waitUntil([&] { return terminated.contains(pid); }));
+    EXPECT_THAT(applications().rivals(), IsEmpty());
+}
+
 TEST_P(PlatformContract, whatIsKnownOfAnApplicationDoesNotDependOnItsRunning)
 {
     using enum Installation::State;

@@ -41,6 +41,8 @@ public:
         const QString &bundleIdentifier, const QString &name, Installation::State state) = 0;
     /// A process without a window.
     virtual pid_t startApplication() = 0;
+    /// A program that moves windows by shortcuts, and shows none.
+    virtual pid_t startRival() = 0;
     virtual void quitApplication(pid_t pid) = 0;
     /// Returns once the desktop shows the window. A standard window or dialog takes the focus
     /// unless it is minimised or elsewhere.

@@ -37,6 +37,12 @@ public:
     {
         return m_desktop.start(u"org.example.Contract"_s, u"Contract"_s);
     }
+    pid_t startRival() override
+    {
+        const pid_t pid = startApplication();
+        m_desktop.application(pid).isRival = true;
+        return pid;
+    }
     void quitApplication(pid_t pid) override { m_desktop.quit(pid); }
     WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
     WindowElement openWindowNumbered(pid_t pid, quint64 number) override

@@ -34,6 +34,11 @@ public:
     void install(
         const QString &bundleIdentifier, const QString &name, Installation::State state) override;
     pid_t startApplication() override;
+    pid_t startRival() override
+    {
+        m_rival = m_desktop->launchIdle(u"cortile"_s);
+        return m_rival->pid();
+    }
     void quitApplication(pid_t pid) override { m_clients.erase(pid); }
     WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
     WindowElement openWindowNumbered(pid_t pid, quint64 number) override;
@@ -74,6 +79,7 @@ private:
     std::unique_ptr<WindowProbe> m_probe;
     std::unique_ptr<KeyPresser> m_keys;
     std::map<pid_t, std::unique_ptr<TestClient>> m_clients;
+    std::unique_ptr<ChildProcess> m_rival;
     std::map<quint64, quint64> m_generations; ///< the newest of each window number
     std::unique_ptr<Platform> m_platform;
 };
