@@ -77,7 +77,7 @@ Limit atMost(double value)
 Measurements measureStores()
 {
     const QTemporaryDir folder;
-    const ActivityLog log(folder.path());
+    ActivityLog log(folder.path());
     const LayoutStore layouts(folder.path());
     if (!writeHistory(log.url().toLocalFile()) || !layouts.save(sampleLayouts(layoutCount)))
         return unexpected<QString>(u"the files could not be written"_s);

@@ -33,7 +33,7 @@ constexpr int daysKept = 30;
 AppDelegate::AppDelegate(Log log)
     : m_log(log)
     , m_model(SettingsStore(), LayoutStore(), ActivityLog())
-    , m_mover(m_model.settings())
+    , m_mover(m_model)
     , m_commands(m_model, m_mover)
     , m_shortcuts(m_model)
     , m_trust(m_model)
@@ -70,6 +70,7 @@ void AppDelegate::start()
     m_competitors.start();
     m_model.applyOnConnect();
     m_loginItem.start();
+    m_model.followFiles();
     pruneHistory();
 }
 
@@ -102,7 +103,7 @@ void AppDelegate::connectModel()
     m_mover.onPerformed = [this](const OutcomeReport &report) {
         keepRecentMovesPruned();
         if (m_log == Log::verbose)
-            log(report.line());
+            log(report.line(Titles::hidden));
         m_model.refreshActivity();
     };
 }
@@ -189,7 +190,7 @@ void AppDelegate::tellWhatFailed()
     m_model.refreshActivity();
     const AppModel::LastApply apply = *m_model.lastApply.value();
     if (m_log == Log::verbose)
-        log(u"layout applied\n"_s + applyLines(apply.results));
+        log(u"layout applied\n"_s + applyLines(apply.results, Titles::hidden));
     const auto layout = m_model.layout(apply.layout);
     const QString lines = failureLines(apply.results);
     if (layout && !lines.isEmpty())
@@ -219,7 +220,9 @@ void AppDelegate::show(const ScreenFlags &flags)
     // There is no window yet that could say so.
     const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
     m_model.onNotify(tr("This window comes in a later version"),
-        tr("Until then, settings are changed in %1; placements and layouts are in the menu.")
+        tr("Until then, settings are changed in %1, which takes effect at once; placements and "
+           "layouts "
+           "are in the menu.")
             .arg(settings));
 }
 

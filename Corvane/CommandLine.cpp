@@ -56,7 +56,8 @@ QString helpRows(std::span<const FlagRow> table, int width)
 
 bool CommandLine::isCommand() const
 {
-    return place || capture || applyLayout || layouts || quitCompetitors || renderStatusIcon;
+    return place || capture || applyLayout || layouts || quitCompetitors || renderStatusIcon
+        || printSettings;
 }
 
 expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)

@@ -5,13 +5,15 @@
 #include "ScreenRequests.h"
 #include "Screens.h"
 
+#include <QtCore/QJsonDocument>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
 QCoro::Task<CommandResult> Commands::run(CommandLine line)
 {
-    m_model.refreshLayouts();
+    m_model.refreshFiles();
     CommandResult result;
     if (line.isCommand()) {
         result = co_await perform(line);
@@ -28,6 +30,8 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
 
 QCoro::Task<CommandResult> Commands::perform(CommandLine line)
 {
+    if (line.printSettings)
+        co_return settingsReport(m_model.settings());
     if (line.place)
         co_return m_mover.perform(*line.place).result(line.json);
     if (line.capture)
@@ -91,6 +95,12 @@ CommandResult Commands::show(const ScreenFlags &flags)
     else if (flags.popMenu)
         result += later(u"menu in the panel"_s);
     return result;
+}
+
+CommandResult settingsReport(const Settings &settings)
+{
+    const QJsonDocument document(settings.toJson());
+    return {CommandResult::done, QString::fromUtf8(document.toJson()), {}};
 }
 
 } // namespace corvane

@@ -34,4 +34,7 @@ private:
     Mover &m_mover;
 };
 
+/// As they would stand in their file.
+[[nodiscard]] CommandResult settingsReport(const Settings &settings);
+
 } // namespace corvane

@@ -1,7 +1,5 @@
 #include "LayoutReport.h"
 
-#include "Wording.h"
-
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -25,11 +23,11 @@ bool needsNothing(const PaneResult &result)
         || std::holds_alternative<PaneStatus::Empty>(result.status.value);
 }
 
-QString paneLine(const PaneResult &result)
+QString paneLine(const PaneResult &result, Titles titles = Titles::shown)
 {
     if (const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value))
-        return u"%1 \"%2\" placed at %3"_s.arg(
-            oneLine(result.appName()), oneLine(placed->windowTitle), rectText(placed->frame));
+        return u"%1%2 placed at %3"_s.arg(oneLine(result.appName()),
+            titleBehind(placed->windowTitle, titles), rectText(placed->frame));
     if (!result.pane.app)
         return u"empty pane"_s;
     return u"%1: %2"_s.arg(oneLine(result.appName()), oneLine(statusText(result.status), 200));
@@ -91,13 +89,13 @@ QString captureText(const WindowLayout &layout, bool asJson)
         counted(layout.displays.size(), u"display"_s), oneLine(layout.name));
 }
 
-QString applyLines(const QList<PaneResult> &results)
+QString applyLines(const QList<PaneResult> &results, Titles titles)
 {
     if (results.isEmpty())
         return u"The layout has no panes.\n"_s;
     QString lines;
     for (const PaneResult &result : results)
-        lines += paneLine(result) + u'\n';
+        lines += paneLine(result, titles) + u'\n';
     return lines;
 }
 

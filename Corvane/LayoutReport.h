@@ -3,6 +3,7 @@
 #include "CommandResult.h"
 #include "PaneResult.h"
 #include "WindowLayout.h"
+#include "Wording.h"
 
 /// What the layout commands say.
 namespace corvane {
@@ -15,7 +16,7 @@ namespace corvane {
 /// One sentence, or the layout as one JSON object.
 [[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
 /// A line per pane.
-[[nodiscard]] QString applyLines(const QList<PaneResult> &results);
+[[nodiscard]] QString applyLines(const QList<PaneResult> &results, Titles titles = Titles::shown);
 /// Of the panes whose app is not in its place.
 [[nodiscard]] QString failureLines(const QList<PaneResult> &results);
 /// The lines, or one JSON object. Done when every pane with an app was placed.

@@ -20,6 +20,11 @@ QString displayOfFocusedWindow()
     return screen ? screen->name : QString();
 }
 
+WindowManager::Options optionsOf(const Settings &settings)
+{
+    return {settings.gap, settings.cycling, settings.sizeStep};
+}
+
 /// The outcome with what the desktop knows beside it.
 OutcomeReport report(Placement placement, MoveOutcome outcome)
 {
@@ -37,14 +42,11 @@ OutcomeReport report(Placement placement, MoveOutcome outcome)
 
 } // namespace
 
-Mover::Mover(const Settings &settings)
-    : m_windowManager({settings.gap, settings.cycling, settings.sizeStep})
-{
-}
+Mover::Mover(AppModel &model) : m_model(model), m_windowManager(optionsOf(model.settings())) { }
 
 void Mover::follow(const Settings &settings)
 {
-    m_windowManager.setOptions({settings.gap, settings.cycling, settings.sizeStep});
+    m_windowManager.setOptions(optionsOf(settings));
 }
 
 OutcomeReport Mover::perform(Placement placement)
@@ -60,15 +62,15 @@ void Mover::writeDown(const OutcomeReport &report) const
 {
     const MoveOutcome &outcome = report.outcome;
     if (const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value)) {
-        m_activity.append(ActivityEntry::moved(moved->record));
-        FlightRecorder::shared().record(u"move"_s, report.line());
+        m_model.writeDown({ActivityEntry::moved(moved->record)});
+        FlightRecorder::shared().record(u"move"_s, report.line(Titles::hidden));
         return;
     }
     if (const auto *refused = std::get_if<MoveOutcome::Refused>(&outcome.value))
-        m_activity.append(ActivityEntry::refused(report.pressed,
+        m_model.writeDown({ActivityEntry::refused(report.pressed,
             report.frontmostName.value_or(QCoreApplication::translate("ActivityEntry", "An app")),
             activityText(refused->reason), displayOfFocusedWindow(),
-            Platform::current().clock().date()));
+            Platform::current().clock().date())});
     FlightRecorder::shared().record(u"refusal"_s, report.line());
 }
 

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "ActivityLog.h"
+#include "AppModel.h"
 #include "OutcomeReport.h"
-#include "Settings.h"
 #include "WindowManager.h"
 
 #include <functional>
 
 namespace corvane {
 
-/// Performs placements as the settings want them, and writes down what became of each.
+/// Performs placements as the settings want them, and writes down what became of each. The model lives
+/// longer.
 class Mover final
 {
 public:
-    explicit Mover(const Settings &settings);
+    explicit Mover(AppModel &model);
 
     /// Told of each placement, once it is written down.
     std::function<void(const OutcomeReport &)> onPerformed;
@@ -26,8 +26,8 @@ public:
 private:
     void writeDown(const OutcomeReport &report) const;
 
+    AppModel &m_model;
     WindowManager m_windowManager;
-    ActivityLog m_activity;
 };
 
 } // namespace corvane

@@ -1,14 +1,12 @@
 #include "OutcomeReport.h"
 
-#include "Wording.h"
-
 #include <QtCore/QJsonDocument>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-QString OutcomeReport::line() const
+QString OutcomeReport::line(Titles titles) const
 {
     const QString name = rawValue(pressed);
     const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value);
@@ -18,9 +16,9 @@ QString OutcomeReport::line() const
     }
     const MoveRecord &record = moved->record;
     const QString recorded = rawValue(record.placement);
-    return u"%1: %2 \"%3\" moved from %4 to %5 on %6%7"_s.arg(name, oneLine(record.appName),
-        oneLine(record.windowTitle), rectText(record.from), rectText(record.to), record.displayName,
-        recorded == name ? QString() : u" (%1)"_s.arg(recorded));
+    return u"%1: %2%3 moved from %4 to %5 on %6%7"_s.arg(name, oneLine(record.appName),
+        titleBehind(record.windowTitle, titles), rectText(record.from), rectText(record.to),
+        record.displayName, recorded == name ? QString() : u" (%1)"_s.arg(recorded));
 }
 
 QJsonObject OutcomeReport::json() const

@@ -2,6 +2,7 @@
 
 #include "CommandResult.h"
 #include "MoveOutcome.h"
+#include "Wording.h"
 
 #include <QtCore/QJsonObject>
 
@@ -15,7 +16,7 @@ struct OutcomeReport {
     QString distrustReason; ///< one sentence, while windows cannot be moved
 
     /// One line, without a line break.
-    [[nodiscard]] QString line() const;
+    [[nodiscard]] QString line(Titles titles = Titles::shown) const;
     /// Rectangles as [x, y, width, height] in accessibility coordinates, dates in ISO 8601.
     [[nodiscard]] QJsonObject json() const;
     [[nodiscard]] CommandResult result(bool asJson) const;

@@ -45,6 +45,11 @@ QString inOneLine(const QJsonDocument &document)
     return QString::fromUtf8(document.toJson(QJsonDocument::Compact)) + u'\n';
 }
 
+QString titleBehind(const QString &title, Titles titles)
+{
+    return titles == Titles::shown ? u" \"%1\""_s.arg(oneLine(title)) : QString();
+}
+
 QString rectText(const Rect &rect)
 {
     return u"%1,%2 %3×%4"_s.arg(rect.x).arg(rect.y).arg(rect.width).arg(rect.height);

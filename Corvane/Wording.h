@@ -19,6 +19,13 @@ namespace corvane {
 /// With its line break.
 [[nodiscard]] QString inOneLine(const QJsonDocument &document);
 
+/// What a window is called is private: of the files that the program keeps by itself, the move history
+/// alone has it.
+enum class Titles { shown, hidden };
+
+/// The window's title as it stands behind the name of its application, or nothing.
+[[nodiscard]] QString titleBehind(const QString &title, Titles titles);
+
 /// "x,y width×height"
 [[nodiscard]] QString rectText(const Rect &rect);
 /// [x, y, width, height]

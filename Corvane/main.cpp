@@ -5,12 +5,12 @@
 #include "FlightRecorder.h"
 #include "HistoryReport.h"
 #include "Instance.h"
+#include "KeyCaps.h"
 #include "LegacyIdentity.h"
 #include "StatusIcon.h"
 #include "UserDefaults.h"
 
 #include <qcorotask.h>
-#include <QtCore/QJsonDocument>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
@@ -52,11 +52,17 @@ int runOnce(const CommandLine &line)
     if (!desktop)
         return finish(failure(CommandResult::refused, desktop.error()));
     AppModel model{SettingsStore(), LayoutStore(), ActivityLog()};
-    Mover mover(model.settings());
+    Mover mover(model);
     Commands commands(model, mover);
     commands.onRenderStatusIcon = StatusIcon::render;
-    const CommandResult result = QCoro::waitFor(commands.run(line));
+    CommandResult result = QCoro::waitFor(commands.run(line));
     FlightRecorder::shared().flush();
+    // What the recorder has to say comes from its thread.
+    QCoreApplication::sendPostedEvents(&model);
+    for (const AppModel::Notice &notice : model.notices()) {
+        if (!result.error.contains(notice.text))
+            result.error += KeyCaps::plainSentence(notice.text) + u'\n';
+    }
     return finish(result);
 }
 
@@ -71,10 +77,6 @@ std::optional<CommandResult> answerFromFiles(const CommandLine &line)
         const QList<ActivityEntry> entries = ActivityLog().recent(*line.history);
         return CommandResult{
             CommandResult::done, line.json ? historyJson(entries) : historyTable(entries), {}};
-    }
-    if (line.printSettings) {
-        const QJsonDocument document(SettingsStore().load().toJson());
-        return CommandResult{CommandResult::done, QString::fromUtf8(document.toJson()), {}};
     }
     return std::nullopt;
 }
@@ -120,6 +122,8 @@ std::optional<int> finishEarly(
         return finish(*result);
     if (const auto result = Instance::handOver(arguments, line.activation))
         return finish(*result);
+    if (line.printSettings)
+        return finish(settingsReport(SettingsStore().load()));
     if (line.isCommand() && !line.asksForScreens())
         return runOnce(line);
     if (const QString problem = prepareWindows(); !problem.isEmpty())

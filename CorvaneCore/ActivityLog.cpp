@@ -18,9 +18,15 @@ QUrl ActivityLog::url() const
     return QUrl::fromLocalFile(m_lines.path());
 }
 
-expected<void, QString> ActivityLog::append(const ActivityEntry &entry) const
+expected<bool, QString> ActivityLog::append(const QList<ActivityEntry> &entries)
 {
-    return m_lines.append(entry.toJson());
+    expected<void, QString> added;
+    for (const ActivityEntry &entry : entries) {
+        if (auto result = m_lines.add(entry.toJson()); !result)
+            added = std::move(result);
+    }
+    auto written = m_lines.flush();
+    return added ? written : unexpected<QString>(added.error());
 }
 
 QList<ActivityEntry> ActivityLog::recent(int limit) const
@@ -39,7 +45,11 @@ QList<ActivityEntry> ActivityLog::recent(int limit) const
 
 expected<void, QString> ActivityLog::prune(int olderThanDays, const QDateTime &now) const
 {
-    return m_lines.keep(keepsRecordsSince<ActivityEntry>(now, olderThanDays), entryLimit);
+    const auto revision = [&](QByteArrayView line) {
+        const bool isKept = recentRecordOfLine<ActivityEntry>(line, now, olderThanDays).has_value();
+        return isKept ? std::optional(line) : std::nullopt;
+    };
+    return m_lines.revise(revision, entryLimit);
 }
 
 } // namespace corvane

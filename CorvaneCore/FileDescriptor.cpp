@@ -2,35 +2,30 @@
 
 #include "FileError.h"
 
+#include <QtCore/QDeadlineTimer>
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 
 namespace corvane {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr mode_t newFileMode = 0600;
 constexpr int mostTurns = 1000;
-
-bool isCurrent(int number, const QByteArray &path)
-{
-    struct stat held;
-    struct stat current;
-    return ::fstat(number, &held) == 0 && ::stat(path.constData(), &current) == 0
-        && held.st_ino == current.st_ino && held.st_dev == current.st_dev;
-}
-
-void lockFile(int number, FileDescriptor::Lock lock)
-{
-    const int operation = lock == FileDescriptor::Lock::shared ? LOCK_SH : LOCK_EX;
-    while (::flock(number, operation) != 0 && errno == EINTR) { }
-}
+// A lock is held for some microseconds, or for as long as a disk takes to write.
+constexpr std::chrono::microseconds shortestPause = 50us;
+constexpr std::chrono::microseconds longestPause = 2ms;
 
 } // namespace
 
-expected<FileDescriptor, int> FileDescriptor::open(const QByteArray &path, int flags, Lock lock)
+expected<FileDescriptor, int> FileDescriptor::open(
+    const QByteArray &path, int flags, Lock lock, std::chrono::milliseconds patience)
 {
     for (int turn = 0; turn < mostTurns; ++turn) {
         // Without the flag, a pipe in the file's place would block.
@@ -42,16 +37,45 @@ expected<FileDescriptor, int> FileDescriptor::open(const QByteArray &path, int f
             return unexpected<int>(S_ISDIR(status.st_mode) ? EISDIR : ENXIO);
         if (lock == Lock::none)
             return file;
-        lockFile(file.number(), lock);
-        if (isCurrent(file.number(), path))
+        if (!file.lock(patience))
+            return unexpected<int>(EWOULDBLOCK);
+        if (file.isAt(path))
             return file;
     }
     return unexpected<int>(EBUSY);
 }
 
+bool FileDescriptor::lock(std::chrono::milliseconds patience) const
+{
+    const QDeadlineTimer deadline(patience);
+    for (auto pause = shortestPause; ::flock(m_number, LOCK_EX | LOCK_NB) != 0;) {
+        // A file system without locks is no reason to write nothing.
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return true;
+        if (deadline.hasExpired())
+            return false;
+        std::this_thread::sleep_for(pause);
+        pause = qMin(2 * pause, longestPause);
+    }
+    return true;
+}
+
+void FileDescriptor::unlock() const
+{
+    ::flock(m_number, LOCK_UN);
+}
+
 qint64 FileDescriptor::size() const
 {
     return qMax<qint64>(::lseek(m_number, 0, SEEK_END), 0);
+}
+
+bool FileDescriptor::isAt(const QByteArray &path) const
+{
+    struct stat held;
+    struct stat current;
+    return ::fstat(m_number, &held) == 0 && ::stat(path.constData(), &current) == 0
+        && held.st_ino == current.st_ino && held.st_dev == current.st_dev;
 }
 
 expected<qsizetype, QString> FileDescriptor::readAt(

@@ -5,6 +5,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <chrono>
 #include <unistd.h>
 #include <utility>
 
@@ -14,13 +15,17 @@ namespace corvane {
 class FileDescriptor final
 {
 public:
-    enum class Lock { none, shared, exclusive };
+    enum class Lock { none, exclusive };
 
-    /// A regular file; new ones are for this user alone. The error is the system's number. Waits for
-    /// the lock as long as it takes; the file is then the one that `path` leads to, even where another
-    /// process has replaced it meanwhile.
-    [[nodiscard]] static expected<FileDescriptor, int> open(
-        const QByteArray &path, int flags, Lock lock = Lock::none);
+    /// How long a process that waits for nothing else may wait for a lock. Whoever holds one for longer
+    /// has been stopped, or has a disk that has.
+    static constexpr std::chrono::milliseconds lockPatience{100};
+
+    /// A regular file; new ones are for this user alone. The error is the system's number, EWOULDBLOCK
+    /// when another process has kept the lock for all of `patience`. A locked file is the one that
+    /// `path` leads to, even where another process has replaced it meanwhile.
+    [[nodiscard]] static expected<FileDescriptor, int> open(const QByteArray &path, int flags,
+        Lock lock = Lock::none, std::chrono::milliseconds patience = lockPatience);
 
     FileDescriptor(FileDescriptor &&other) noexcept
         : m_number(std::exchange(other.m_number, -1)) { }
@@ -37,7 +42,14 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
     [[nodiscard]] int number() const { return m_number; }
+    /// For this process alone, until `unlock` or the end of this object. False when another process has
+    /// kept the lock for all of `patience`: the system has no lock that waits for so long only.
+    [[nodiscard]] bool lock(std::chrono::milliseconds patience) const;
+    void unlock() const;
+
     [[nodiscard]] qint64 size() const;
+    /// Whether `path` leads to this very file.
+    [[nodiscard]] bool isAt(const QByteArray &path) const;
 
     /// How much was there to fill `buffer` from `offset` on.
     [[nodiscard]] expected<qsizetype, QString> readAt(

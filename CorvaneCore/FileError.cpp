@@ -27,6 +27,7 @@ constexpr std::array sentenceTable{
     SentenceRow{ENXIO, QT_TRANSLATE_NOOP("FileError", "It is not a regular file.")},
     SentenceRow{EPERM, QT_TRANSLATE_NOOP("FileError", "Permission was denied.")},
     SentenceRow{EROFS, QT_TRANSLATE_NOOP("FileError", "The disk is read-only.")},
+    SentenceRow{EWOULDBLOCK, QT_TRANSLATE_NOOP("FileError", "Another process is writing it.")},
 };
 
 } // namespace

@@ -106,9 +106,16 @@ expected<void, QString> FileReplacement::write(QByteArrayView content)
     return m_file.write(content);
 }
 
+expected<void, QString> FileReplacement::sync() const
+{
+    return ::fsync(m_file.number()) == 0 ? expected<void, QString>() : lastFileError();
+}
+
 expected<void, QString> FileReplacement::commit()
 {
-    if (::fsync(m_file.number()) != 0 || std::rename(m_path.constData(), m_target.constData()) != 0)
+    if (auto synced = sync(); !synced)
+        return synced;
+    if (std::rename(m_path.constData(), m_target.constData()) != 0)
         return lastFileError();
     m_path.clear();
     // The content is in place for every process; this makes it last through a loss of power.

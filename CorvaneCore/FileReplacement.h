@@ -22,6 +22,8 @@ public:
     ~FileReplacement();
 
     [[nodiscard]] expected<void, QString> write(QByteArrayView content);
+    /// Brings to the disk what has been written, so that `commit` is quick.
+    [[nodiscard]] expected<void, QString> sync() const;
     [[nodiscard]] expected<void, QString> commit();
 
 private:

@@ -4,6 +4,7 @@
 #include "JsonRecord.h"
 #include "StoredJson.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSemaphore>
 
 #include <cstdio>
@@ -26,6 +27,29 @@ bool standardErrorIsJournal()
     return ::fstat(STDERR_FILENO, &status) == 0
         && qgetenv("JOURNAL_STREAM")
         == QByteArray::number(status.st_dev) + ':' + QByteArray::number(status.st_ino);
+}
+
+QString withoutWindowTitle(const FlightRecorder::Event &event)
+{
+    static const QRegularExpression title(
+        u" \".*\" moved from "_s, QRegularExpression::DotMatchesEverythingOption);
+    const bool mayHaveOne = event.kind == "move"_L1 && event.detail.contains(u'"');
+    return mayHaveOne ? QString(event.detail).replace(title, u" moved from "_s) : event.detail;
+}
+
+/// Drops what is older, and the titles of windows.
+JsonLines::Revision revisionSince(const QDateTime &now, int days)
+{
+    return [now, days, revised = QByteArray()](QByteArrayView line) mutable {
+        auto event = recentRecordOfLine<FlightRecorder::Event>(line, now, days);
+        if (!event)
+            return std::optional<QByteArrayView>();
+        const QString detail = std::exchange(event->detail, withoutWindowTitle(*event));
+        if (event->detail == detail)
+            return std::optional(line);
+        revised = QJsonDocument(event->toJson()).toJson(QJsonDocument::Compact);
+        return std::optional(QByteArrayView(revised));
+    };
 }
 
 } // namespace
@@ -74,14 +98,18 @@ void FlightRecorder::record(const QString &kind, const QString &detail)
 void FlightRecorder::prune(int olderThanDays, const QDateTime &now)
 {
     m_queue.start([this, olderThanDays, now] {
-        m_lines.keep(
-            keepsRecordsSince<Event>(now, olderThanDays), std::numeric_limits<qint64>::max());
+        m_lines.revise(revisionSince(now, olderThanDays), std::numeric_limits<qint64>::max());
     });
 }
 
 void FlightRecorder::snapshot(const QJsonObject &values)
 {
-    m_queue.start([this, values] { writeSnapshot(values); });
+    m_queue.start([this, values] {
+        m_snapshot = values;
+        m_snapshot.insert(u"writtenAt"_s, encode(QDateTime::currentDateTimeUtc()));
+        m_snapshot.insert(u"recentEvents"_s, encode(m_ledger));
+        writeSnapshot();
+    });
 }
 
 void FlightRecorder::flush()
@@ -106,8 +134,33 @@ void FlightRecorder::write(const Event &event)
     if (m_ledger.size() >= ledgerLimit)
         m_ledger.removeFirst();
     m_ledger.append(event);
-    m_lines.append(event.toJson());
+    const auto added = m_lines.add(event.toJson());
+    const auto flushed = m_lines.flush();
+    if (!added || !flushed)
+        note(m_lines.path(), added ? flushed.error() : added.error());
+    else if (*flushed)
+        note(m_lines.path(), {});
+    if (!m_snapshot.isEmpty() && flushed)
+        writeSnapshot();
     mirror(event);
+}
+
+void FlightRecorder::note(const QString &path, const QString &problem)
+{
+    if (m_problems.value(path) == problem)
+        return;
+    m_problems.insert(path, problem);
+    Q_EMIT written(path, problem);
+}
+
+void FlightRecorder::tellProblems()
+{
+    m_queue.start([this] {
+        for (const auto &[path, problem] : m_problems.asKeyValueRange()) {
+            if (!problem.isEmpty())
+                Q_EMIT written(path, problem);
+        }
+    });
 }
 
 void FlightRecorder::mirror(const Event &event) const
@@ -121,11 +174,13 @@ void FlightRecorder::mirror(const Event &event) const
     std::fputs(qUtf8Printable(line), stderr);
 }
 
-void FlightRecorder::writeSnapshot(QJsonObject values) const
+void FlightRecorder::writeSnapshot()
 {
-    values.insert(u"writtenAt"_s, encode(QDateTime::currentDateTimeUtc()));
-    values.insert(u"recentEvents"_s, encode(m_ledger));
-    static_cast<void>(writeJson(m_directory + u"/snapshot.json"_s, QJsonDocument(values)));
+    const QString path = m_directory + u"/snapshot.json"_s;
+    const auto saved = writeJson(path, QJsonDocument(m_snapshot));
+    note(path, saved ? QString() : saved.error());
+    if (saved)
+        m_snapshot = {};
 }
 
 } // namespace corvane

@@ -3,7 +3,9 @@
 #include "JsonLines.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QObject>
 #include <QtCore/QThreadPool>
 
 #include <atomic>
@@ -13,9 +15,11 @@ namespace corvane {
 
 /// Writes down the events of the program's own life, for problem reports. Any thread may call it and
 /// none waits: files are written in order on a thread that exists only while there is something to
-/// do. Every failure is swallowed.
-class FlightRecorder final
+/// do. A failure stops nothing; it is told, and not recorded, since that would fail, too.
+class FlightRecorder final : public QObject
 {
+    Q_OBJECT
+
 public:
     struct Event {
         QDateTime date;
@@ -39,13 +43,13 @@ public:
     static FlightRecorder &shared();
     explicit FlightRecorder(QString directory);
     /// What was recorded is on the disk afterwards.
-    ~FlightRecorder();
-    Q_DISABLE_COPY_MOVE(FlightRecorder)
+    ~FlightRecorder() override;
 
     void setMirror(Mirror mirror) { m_mirror = mirror; }
 
     void record(const QString &kind, const QString &detail);
-    /// Drops what is older from the file, and lines that cannot be read.
+    /// Drops what is older from the file, and lines that cannot be read; and the titles of windows, which
+    /// earlier versions wrote here.
     void prune(int olderThanDays, const QDateTime &now = QDateTime::currentDateTimeUtc());
     /// Writes `values` to the snapshot file, with the time and the ledger.
     void snapshot(const QJsonObject &values);
@@ -54,17 +58,28 @@ public:
     void flush();
     /// The newest events, the newest last. Waits as `flush` does.
     [[nodiscard]] QList<Event> ledger();
+    /// Has the files that cannot be written now told once more.
+    void tellProblems();
+
+Q_SIGNALS:
+    /// From another thread, whenever a file begins to fail, fails in another way or is written again.
+    /// `problem` is one sentence, empty when there is none.
+    void written(const QString &path, const QString &problem);
 
 private:
     void write(const Event &event);
     void mirror(const Event &event) const;
-    void writeSnapshot(QJsonObject values) const;
+    void writeSnapshot();
+    void note(const QString &path, const QString &problem);
 
     QString m_directory;
     JsonLines m_lines;
     bool m_writesToJournal; ///< standard error does
     std::atomic<Mirror> m_mirror = Mirror::journal;
-    QList<Event> m_ledger; ///< touched on the queue only
+    // Touched on the queue only.
+    QList<Event> m_ledger;
+    QJsonObject m_snapshot; ///< that could not be written yet
+    QHash<QString, QString> m_problems; ///< by path
     QThreadPool m_queue; ///< one thread: first come, first served
 };
 

@@ -5,7 +5,6 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
-#include <functional>
 #include <optional>
 
 namespace corvane {
@@ -18,16 +17,14 @@ template <typename T>
     return T::fromJson(QJsonDocument::fromJson(text).object());
 }
 
-/// Whether a line holds a record of type T that is at most so many days old.
+/// The record, unless it is more than so many days old.
 template <typename T>
-[[nodiscard]] std::function<bool(QByteArrayView)> keepsRecordsSince(const QDateTime &now, int days)
+[[nodiscard]] std::optional<T> recentRecordOfLine(
+    QByteArrayView line, const QDateTime &now, int days)
 {
     constexpr qint64 secondsPerDay = 86400;
-    const QDateTime oldest = now.addSecs(-days * secondsPerDay);
-    return [oldest](QByteArrayView line) {
-        const auto record = recordOfLine<T>(line);
-        return record && record->date >= oldest;
-    };
+    auto record = recordOfLine<T>(line);
+    return record && record->date >= now.addSecs(-days * secondsPerDay) ? record : std::nullopt;
 }
 
 } // namespace corvane

@@ -8,8 +8,8 @@ namespace {
 constexpr qsizetype blockSize = 256LL * 1024;
 } // namespace
 
-LineReader::LineReader(const FileDescriptor &file, qsizetype lineLimit)
-    : m_file(file), m_lineLimit(lineLimit)
+LineReader::LineReader(const FileDescriptor &file, qint64 end, qsizetype lineLimit)
+    : m_file(file), m_fileEnd(end), m_lineLimit(lineLimit)
 {
 }
 
@@ -44,8 +44,9 @@ bool LineReader::fill()
     m_end = size;
     if (m_buffer.size() < m_end + blockSize)
         m_buffer.resize(m_end + blockSize);
-    const auto count =
-        m_file.readAt(m_lineOffset + m_skipped + size, m_buffer.data() + m_end, blockSize);
+    const qint64 offset = m_lineOffset + m_skipped + size;
+    const auto count = m_file.readAt(
+        offset, m_buffer.data() + m_end, qBound<qint64>(0, m_fileEnd - offset, blockSize));
     m_end += count.value_or(0);
     return count.value_or(0) > 0;
 }

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Reads a file line by line, from its start.
+/// Reads the start of a file line by line.
 class LineReader final
 {
 public:
@@ -17,8 +17,8 @@ public:
         qint64 offset = 0; ///< in the file, where it starts
     };
 
-    /// `file` is borrowed.
-    LineReader(const FileDescriptor &file, qsizetype lineLimit);
+    /// Ends where the file's byte `end` is, or the file itself. `file` is borrowed.
+    LineReader(const FileDescriptor &file, qint64 end, qsizetype lineLimit);
 
     /// Good until the next call.
     [[nodiscard]] std::optional<Line> next();
@@ -29,6 +29,7 @@ private:
     Line take(qsizetype length, qsizetype newline);
 
     const FileDescriptor &m_file;
+    qint64 m_fileEnd;
     qsizetype m_lineLimit;
     QByteArray m_buffer;
     qsizetype m_start = 0; ///< in the buffer, of what has not been returned

@@ -33,6 +33,12 @@ void addNewPlacements(Settings &settings, const QStringList &known)
     }
 }
 
+std::optional<KeyCombo> shortcutOf(Placement placement, const ShortcutMap &shortcuts)
+{
+    const auto found = shortcuts.constFind(placement);
+    return found == shortcuts.constEnd() ? std::nullopt : std::optional(*found);
+}
+
 } // namespace
 
 const QStringList &placementNames()
@@ -91,6 +97,43 @@ QJsonObject Settings::toJson() const
     if (customShortcuts)
         json.insert(u"customShortcuts"_s, encode(*customShortcuts));
     return json;
+}
+
+QJsonObject mended(QJsonObject edit, const Settings &inForce, DecodeProblems &problems)
+{
+    const QJsonObject present = inForce.toJson();
+    for (const QString &key : edit.keys()) {
+        DecodeProblems own;
+        static_cast<void>(Settings::fromJson(QJsonObject{{key, edit[key]}}, own));
+        if (own.count > 0)
+            edit.insert(key, present[key]);
+        problems.count += own.count;
+    }
+    return edit;
+}
+
+Settings withChanges(const Settings &present, const Settings &before, const Settings &after)
+{
+    const QJsonObject from = before.toJson();
+    const QJsonObject to = after.toJson();
+    QJsonObject json = present.toJson();
+    for (const QString &key : from.keys() + to.keys()) {
+        if (from[key] != to[key])
+            json.insert(key, to[key]);
+    }
+    DecodeProblems problems;
+    Settings settings = Settings::fromJson(json, problems).value();
+    settings.shortcuts = present.shortcuts;
+    for (const Placement placement : allPlacements()) {
+        const auto combo = shortcutOf(placement, after.shortcuts);
+        if (combo == shortcutOf(placement, before.shortcuts))
+            continue;
+        if (combo)
+            settings.shortcuts.insert(placement, *combo);
+        else
+            settings.shortcuts.remove(placement);
+    }
+    return settings;
 }
 
 ShortcutPreset presetOf(const Settings &settings)

@@ -41,6 +41,15 @@ struct Settings {
     bool operator==(const Settings &) const = default;
 };
 
+/// The members of an edited file, each that cannot be used counted and replaced by what is `inForce`.
+[[nodiscard]] QJsonObject mended(
+    QJsonObject edit, const Settings &inForce, DecodeProblems &problems);
+
+/// `present` with every field changed, and of the shortcuts every placement's, that differs between the
+/// other two.
+[[nodiscard]] Settings withChanges(
+    const Settings &present, const Settings &before, const Settings &after);
+
 /// The one that `settings.preset` names, else SizeUp.
 [[nodiscard]] ShortcutPreset presetOf(const Settings &settings);
 

@@ -29,6 +29,21 @@ SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
     return {stored.value, StoreProblem::keep(url(), stored.damage)};
 }
 
+SettingsStore::Loaded SettingsStore::loadEdit(const Settings &inForce) const
+{
+    DecodeProblems problems;
+    auto json = readJson(path(), problems);
+    if (json && json->isUndefined())
+        return {inForce, std::nullopt};
+    if (json && json->isObject())
+        json = mended(json->toObject(), inForce, problems);
+    const Stored<Settings> stored = decodeStored<Settings>(json, problems);
+    if (stored.damage.isEmpty())
+        return {stored.value, std::nullopt};
+    return {json && json->isObject() ? stored.value : inForce,
+        StoreProblem::keep(url(), stored.damage)};
+}
+
 expected<void, QString> SettingsStore::save(const Settings &settings) const
 {
     return writeJson(path(), QJsonDocument(settings.toJson()));

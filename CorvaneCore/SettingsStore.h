@@ -26,6 +26,8 @@ public:
     /// Leaves a file that cannot be read whole to the other one, which keeps a copy of it.
     [[nodiscard]] Settings load() const;
     [[nodiscard]] Loaded loadKeepingUnreadable() const;
+    /// The same, but what cannot be read is as it is `inForce`.
+    [[nodiscard]] Loaded loadEdit(const Settings &inForce) const;
     /// The error is one sentence.
     [[nodiscard]] expected<void, QString> save(const Settings &settings) const;
 

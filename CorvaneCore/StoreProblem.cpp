@@ -18,6 +18,21 @@ QString translated(const char *sentence)
     return QCoreApplication::translate("StoreProblem", sentence);
 }
 
+const char *pattern(bool isLayouts, StoreProblem::Instead instead)
+{
+    if (instead == StoreProblem::Instead::present)
+        return isLayouts ? QT_TRANSLATE_NOOP("StoreProblem",
+                   "Corvane could not read some of your layouts in %1, so those it had stay.")
+                         : QT_TRANSLATE_NOOP("StoreProblem",
+                             "Corvane could not read some of your settings in %1, so those in "
+                             "force stay.");
+    return isLayouts
+        ? QT_TRANSLATE_NOOP("StoreProblem",
+            "Corvane could not read some of your layouts in %1, so it used defaults for them.")
+        : QT_TRANSLATE_NOOP("StoreProblem",
+            "Corvane could not read some of your settings in %1, so it used defaults for them.");
+}
+
 } // namespace
 
 StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QDateTime &now)
@@ -31,14 +46,10 @@ StoreProblem StoreProblem::keep(const QUrl &url, const QString &reason, const QD
         isKept ? std::optional(QUrl::fromLocalFile(copy)) : std::nullopt, reason};
 }
 
-QString sentence(const StoreProblem &problem)
+QString sentence(const StoreProblem &problem, StoreProblem::Instead instead)
 {
-    const QString pattern = problem.file == "layouts.json"_L1
-        ? translated(QT_TRANSLATE_NOOP("StoreProblem",
-            "Corvane could not read some of your layouts in %1, so it used defaults for them."))
-        : translated(QT_TRANSLATE_NOOP("StoreProblem",
-            "Corvane could not read some of your settings in %1, so it used defaults for them."));
-    const QString text = pattern.arg(problem.file);
+    const QString text =
+        translated(pattern(problem.file == "layouts.json"_L1, instead)).arg(problem.file);
     if (!problem.kept)
         return text;
     const QFileInfo copy(problem.kept->toLocalFile());

@@ -14,6 +14,9 @@ struct StoreProblem {
     std::optional<QUrl> kept; ///< the copy of it; none when it could not be kept
     QString reason; ///< one sentence
 
+    /// What counts in place of what could not be read.
+    enum class Instead { defaults, present };
+
     /// Keeps the file as it is, beside it, under its name and the time. One kept in the same second is
     /// kept enough.
     [[nodiscard]] static StoreProblem keep(const QUrl &url, const QString &reason,
@@ -23,7 +26,8 @@ struct StoreProblem {
 };
 
 /// For the user, in one or two sentences.
-[[nodiscard]] QString sentence(const StoreProblem &problem);
+[[nodiscard]] QString sentence(
+    const StoreProblem &problem, StoreProblem::Instead instead = StoreProblem::Instead::defaults);
 /// For the diagnostics.
 [[nodiscard]] QString detail(const StoreProblem &problem);
 

@@ -5,6 +5,8 @@
 #include "FlightRecorder.h"
 #include "Platform.h"
 
+#include <QtCore/QFileInfo>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -38,7 +40,7 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
     : m_store(std::move(store))
     , m_layoutStore(std::move(layoutStore))
     , m_activityLog(std::move(activityLog))
-    , m_layoutApplier(m_activityLog)
+    , m_layoutApplier([this](const QList<ActivityEntry> &entries) { writeDown(entries); })
 {
     connect(this, &AppModel::recordingChanged, this, [this] {
         if (recording.value())
@@ -50,9 +52,9 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
             recording = std::nullopt;
         noteRecording();
     });
-    auto [settings, problem] = m_store.loadKeepingUnreadable();
-    m_settings = std::move(settings);
-    note(problem);
+    connect(&FlightRecorder::shared(), &FlightRecorder::written, this, &AppModel::noteWriting);
+    FlightRecorder::shared().tellProblems();
+    loadSettings();
     loadLayouts();
     m_history.setSaved(m_layouts);
     m_layoutApplier.engine().gap = m_settings.gap;
@@ -62,41 +64,51 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
         &Platform::current().session(), &Session::lookChanged, this, &AppModel::applyAppearance);
 }
 
-void AppModel::note(const std::optional<StoreProblem> &problem)
+void AppModel::followFiles()
 {
-    if (!problem)
-        return;
-    FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
-    post({u"unreadable-"_s + problem->file, sentence(*problem), problem->kept});
+    m_fileWatch.emplace(
+        QStringList{m_store.url().toLocalFile(), m_layoutStore.url().toLocalFile()});
+    connect(&*m_fileWatch, &FileWatch::stirred, this, &AppModel::refreshFiles);
+    // What was written before anybody watched.
+    refreshFiles();
 }
 
-void AppModel::setSettings(Settings settings)
+void AppModel::refreshFiles()
 {
-    if (settings == m_settings)
+    refreshSettings();
+    refreshLayouts();
+}
+
+void AppModel::note(
+    const QUrl &file, const std::optional<StoreProblem> &problem, StoreProblem::Instead instead)
+{
+    const QString id = u"unreadable-"_s + file.fileName();
+    if (!problem)
+        return dismissNotice(id);
+    FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
+    post({id, sentence(*problem, instead), problem->kept});
+}
+
+void AppModel::writeDown(const QList<ActivityEntry> &entries)
+{
+    const auto written = m_activityLog.append(entries);
+    // One that waits for another process is neither.
+    if (!written || *written)
+        noteWriting(m_activityLog.url().toLocalFile(), written ? QString() : written.error());
+}
+
+void AppModel::noteWriting(const QString &path, const QString &problem)
+{
+    if (m_unwritten.value(path) == problem)
         return;
-    QList<WindowLayout> layouts = m_layouts;
-    tell(settleShortcuts(settings.shortcuts, layouts));
-    const Settings old = std::exchange(m_settings, std::move(settings));
-    m_layoutApplier.engine().gap = m_settings.gap;
-    const bool isSaved =
-        save(m_store.url(), [this] { return m_store.save(m_settings); }).has_value();
-    Q_EMIT settingsChanged();
-    const bool layoutsLoseShortcuts = layouts != m_layouts;
-    static_cast<void>(setLayouts(std::move(layouts)));
-    if (m_settings.shortcuts != old.shortcuts && !layoutsLoseShortcuts)
-        call(onShortcutsChanged);
-    if (m_settings.launchAtLogin != old.launchAtLogin)
-        call(onLaunchAtLoginChanged, m_settings.launchAtLogin);
-    if (m_settings.showMenuBarIcon != old.showMenuBarIcon)
-        call(onMenuChanged);
-    if (m_settings.showInDock != old.showInDock)
-        call(onDockVisibilityChanged, m_settings.showInDock);
-    if (m_settings.appearance != old.appearance)
-        applyAppearance();
-    if (isSaved)
-        savedFlash = Platform::current().clock().date();
-    FlightRecorder::shared().record(
-        u"settings"_s, isSaved ? u"changed"_s : u"changed, not saved"_s);
+    m_unwritten.insert(path, problem);
+    const QString id = u"unwritten-"_s + QFileInfo(path).fileName();
+    if (problem.isEmpty())
+        return dismissNotice(id);
+    post({id,
+        tr("Corvane could not write to %1: %2 Windows are moved all the same.")
+            .arg(abbreviatedPath(path), problem),
+        QUrl::fromLocalFile(path)});
 }
 
 expected<void, QString> AppModel::save(
@@ -112,13 +124,6 @@ expected<void, QString> AppModel::save(
                              .arg(abbreviatedPath(file.toLocalFile()), saved.error());
     post({saveFailedID(), text, file});
     return unexpected<QString>(text);
-}
-
-void AppModel::completeOnboarding()
-{
-    Settings settings = m_settings;
-    settings.onboardingCompleted = true;
-    setSettings(settings);
 }
 
 void AppModel::replayTour()

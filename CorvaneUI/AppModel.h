@@ -1,7 +1,10 @@
 #pragma once
 
+#include "ActivityLog.h"
 #include "Competitors.h"
 #include "DisplayWatch.h"
+#include "FileStamp.h"
+#include "FileWatch.h"
 #include "LayoutApplier.h"
 #include "LayoutHistory.h"
 #include "LayoutStore.h"
@@ -63,7 +66,8 @@ public:
 
     // Settings
     [[nodiscard]] const Settings &settings() const { return m_settings; }
-    /// Saves, and tells who depends on what has changed. Without a change, nothing.
+    /// Saves, and tells who depends on what has changed. Without a change, nothing. What the file holds
+    /// by now counts, save for what differs between `settings` and the settings in force.
     void setSettings(Settings settings);
     void completeOnboarding();
     void replayTour();
@@ -71,6 +75,12 @@ public:
     void applyPreset(ShortcutPreset preset);
     void restoreCustomShortcuts();
     void setAutomaticUpdateChecks(bool isOn);
+
+    /// From now on, edits of the files of settings and layouts take effect by themselves.
+    void followFiles();
+    /// Reads those files again where they are not as they were last read or written. What cannot be
+    /// read stays as it is in force.
+    void refreshFiles();
 
     // Notices, oldest first
     [[nodiscard]] const QList<Notice> &notices() const { return m_notices; }
@@ -85,6 +95,8 @@ public:
     /// Asks it to quit, and looks a second later what runs.
     void quit(const RunningApplication &competitor);
     void refreshActivity();
+    /// Adds to the move history. A failure is a notice until it can be written again.
+    void writeDown(const QList<ActivityEntry> &entries);
 
     // Shortcuts. No combination is ever held by two owners.
     [[nodiscard]] std::optional<ShortcutOwner> owner(const KeyCombo &combo) const;
@@ -156,15 +168,6 @@ Q_SIGNALS:
     void pendingStealChanged();
     void lookChanged();
 
-private:
-    /// Tells one state of a file from another.
-    struct FileStamp {
-        QDateTime modified;
-        qint64 size = 0;
-
-        bool operator==(const FileStamp &) const = default;
-    };
-
 public:
     std::optional<Appearance> forcedAppearance; ///< at start-up; then `applyAppearance`
 
@@ -207,7 +210,16 @@ public:
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, DesktopLook, look, &AppModel::lookChanged)
 
 private:
-    void note(const std::optional<StoreProblem> &problem);
+    enum class Origin { program, file };
+
+    void loadSettings();
+    void refreshSettings();
+    void adopt(Settings settings, Origin origin);
+    bool saveSettings();
+    void note(const QUrl &file, const std::optional<StoreProblem> &problem,
+        StoreProblem::Instead instead);
+    /// `problem` is empty when the file can be written.
+    void noteWriting(const QString &path, const QString &problem);
     /// Reports a failure once, until a save succeeds. The error is the notice's text.
     expected<void, QString> save(
         const QUrl &file, const std::function<expected<void, QString>()> &operation);
@@ -217,7 +229,7 @@ private:
     [[nodiscard]] bool exists(const ShortcutOwner &owner) const;
 
     void loadLayouts();
-    [[nodiscard]] FileStamp layoutsStamp() const;
+    [[nodiscard]] std::optional<FileStamp> layoutsStamp() const;
     /// As an action that can be undone.
     expected<void, QString> perform(const QString &undoTitle, QList<WindowLayout> layouts);
     expected<void, QString> setLayouts(QList<WindowLayout> layouts);
@@ -228,13 +240,16 @@ private:
     LayoutStore m_layoutStore;
     ActivityLog m_activityLog;
     Settings m_settings;
+    std::optional<FileStamp> m_settingsStamp; ///< of what `m_settings` came from or went to
+    QHash<QString, QString> m_unwritten; ///< why, by path
     QList<Notice> m_notices;
     QList<WindowLayout> m_layouts;
     LayoutHistory m_history;
-    FileStamp m_layoutsStamp; ///< of what `m_layouts` came from or went to
+    std::optional<FileStamp> m_layoutsStamp; ///< of what `m_layouts` came from or went to
     bool m_wasRecording = false;
     LayoutApplier m_layoutApplier;
     std::optional<DisplayWatch> m_displayWatch;
+    std::optional<FileWatch> m_fileWatch;
 };
 
 } // namespace corvane

@@ -4,8 +4,6 @@
 #include "Platform.h"
 #include "Screens.h"
 
-#include <QtCore/QFileInfo>
-
 #include <algorithm>
 
 namespace corvane {
@@ -24,26 +22,40 @@ QList<std::pair<QUuid, KeyCombo>> shortcutsOf(const QList<WindowLayout> &layouts
     return shortcuts;
 }
 
+/// Those that `layouts` has not, by their ids.
+void addOthers(QList<WindowLayout> &layouts, const QList<WindowLayout> &present)
+{
+    for (const WindowLayout &each : present) {
+        if (std::ranges::find(layouts, each.id, &WindowLayout::id) == layouts.end())
+            layouts << each;
+    }
+}
+
 } // namespace
 
 void AppModel::loadLayouts()
 {
     m_layoutsStamp = layoutsStamp();
     auto [layouts, problem] = m_layoutStore.loadKeepingUnreadable();
+    const bool keepsOthers = problem && !m_layouts.isEmpty();
+    if (keepsOthers)
+        addOthers(layouts, m_layouts);
     m_layouts = std::move(layouts);
-    note(problem);
+    note(m_layoutStore.url(), problem,
+        keepsOthers ? StoreProblem::Instead::present : StoreProblem::Instead::defaults);
     tell(settleShortcuts(m_settings.shortcuts, m_layouts));
 }
 
-AppModel::FileStamp AppModel::layoutsStamp() const
+std::optional<FileStamp> AppModel::layoutsStamp() const
 {
-    const QFileInfo file(m_layoutStore.url().toLocalFile());
-    return {file.lastModified(), file.size()};
+    return FileStamp::of(m_layoutStore.url().toLocalFile());
 }
 
 void AppModel::refreshLayouts()
 {
-    if (layoutsStamp() == m_layoutsStamp)
+    const auto stamp = layoutsStamp();
+    // No file is no edit: an editor may be about to put the next one in its place.
+    if (!stamp || stamp == m_layoutsStamp)
         return;
     const QList<WindowLayout> old = m_layouts;
     loadLayouts();

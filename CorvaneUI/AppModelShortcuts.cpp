@@ -63,6 +63,7 @@ void AppModel::store(const std::optional<KeyCombo> &combo, const ShortcutOwner &
     match(
         owner.value,
         [&](Placement placement) {
+            refreshSettings();
             Settings settings = m_settings;
             if (combo)
                 settings.shortcuts.insert(placement, *combo);
@@ -81,6 +82,7 @@ void AppModel::store(const std::optional<KeyCombo> &combo, const ShortcutOwner &
 
 void AppModel::applyPreset(ShortcutPreset preset)
 {
+    refreshSettings();
     Settings settings = m_settings;
     if (!matching(settings.shortcuts))
         settings.customShortcuts = settings.shortcuts;
@@ -91,6 +93,7 @@ void AppModel::applyPreset(ShortcutPreset preset)
 
 void AppModel::restoreCustomShortcuts()
 {
+    refreshSettings();
     if (!m_settings.customShortcuts)
         return;
     Settings settings = m_settings;

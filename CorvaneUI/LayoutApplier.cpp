@@ -28,8 +28,7 @@ bool isPlaced(const PaneResult &result)
 
 } // namespace
 
-LayoutApplier::LayoutApplier(ActivityLog activityLog)
-    : m_activityLog(std::move(activityLog)), m_engine(0)
+LayoutApplier::LayoutApplier(WriteDown writeDown) : m_writeDown(std::move(writeDown)), m_engine(0)
 {
     m_engine.onPlaced = [this](const AXWindow &window, const Rect &) {
         if (const auto frame = window.frame())
@@ -63,15 +62,16 @@ void LayoutApplier::writeDown(const WindowLayout &layout, const QList<PaneResult
 {
     const QDateTime now = Platform::current().clock().date();
     const QList<ScreenInfo> screens = Screens::all();
+    QList<ActivityEntry> entries;
     for (const PaneResult &result : results) {
         const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value);
         if (!placed)
             continue;
         const auto screen = Screens::screenContaining(placed->frame, screens);
-        m_activityLog.append(
-            ActivityEntry::placedByLayout(layout.name, result.appName(), placed->windowTitle,
-                screen ? screen->name : QString(), placed->previous, placed->frame, now));
+        entries << ActivityEntry::placedByLayout(layout.name, result.appName(), placed->windowTitle,
+            screen ? screen->name : QString(), placed->previous, placed->frame, now);
     }
+    m_writeDown(entries);
     FlightRecorder::shared().record(u"layout"_s,
         u"applied: %1 of %2 panes placed"_s.arg(std::ranges::count_if(results, isPlaced))
             .arg(results.size()));

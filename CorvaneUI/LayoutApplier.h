@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ActivityLog.h"
+#include "ActivityEntry.h"
 #include "LayoutEngine.h"
 
 namespace corvane {
@@ -10,7 +10,9 @@ namespace corvane {
 class LayoutApplier final
 {
 public:
-    explicit LayoutApplier(ActivityLog activityLog);
+    using WriteDown = std::function<void(const QList<ActivityEntry> &)>;
+
+    explicit LayoutApplier(WriteDown writeDown);
 
     [[nodiscard]] LayoutEngine &engine() { return m_engine; }
 
@@ -27,7 +29,7 @@ private:
 
     void writeDown(const WindowLayout &layout, const QList<PaneResult> &results) const;
 
-    ActivityLog m_activityLog;
+    WriteDown m_writeDown;
     LayoutEngine m_engine;
     QList<Placed> m_placed; ///< by the latest apply
 };

@@ -49,7 +49,7 @@ void write(const QString &path, const QByteArray &content)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     static const QTemporaryDir folder(u"/dev/shm/activity-fuzzer-XXXXXX"_s);
-    const ActivityLog log(folder.path());
+    ActivityLog log(folder.path());
     const QByteArray file(reinterpret_cast<const char *>(bytes), qsizetype(size));
     QList<ActivityEntry> entries = entriesOf(file);
     for (const ActivityEntry &entry : entries)

@@ -33,7 +33,7 @@ protected:
     SimulatedPlatform platform;
     AppModel model{
         SettingsStore(folder.path()), LayoutStore(folder.path()), ActivityLog(folder.path())};
-    Mover mover{model.settings()};
+    Mover mover{model};
     Commands commands{model, mover};
 };
 

@@ -29,6 +29,8 @@ TEST(OutcomeReportTests, aMoveIsOneLineWhateverTheTitleHolds)
     EXPECT_TRUE(line.contains(u"\"a b %1 xxx"_s)) << qUtf8Printable(line);
     EXPECT_TRUE(line.endsWith(u"to 0,25 960×1055 on Studio (leftTwoThirds)"_s))
         << qUtf8Printable(line);
+    EXPECT_EQ(movedReport(u"Letter"_s).line(Titles::hidden),
+        u"leftHalf: Editor moved from 1,2 300×400 to 0,25 960×1055 on Studio (leftTwoThirds)");
 }
 
 TEST(OutcomeReportTests, aMoveInJsonHasTheFieldsOfItsRecord)

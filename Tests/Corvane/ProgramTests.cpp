@@ -468,6 +468,48 @@ TEST_F(ProgramTests, everyMoveAndRefusalIsWrittenDown)
     ASSERT_EQ(newest.size(), 2);
     EXPECT_EQ(newest[0][u"action"_s], u"topRight"_s);
     EXPECT_EQ(newest[1][u"action"_s], u"refused"_s);
+    QFile diagnostics(kept(u"diagnostics.jsonl"_s));
+    ASSERT_TRUE(diagnostics.open(QFile::ReadOnly));
+    const std::string events = diagnostics.readAll().toStdString();
+    EXPECT_THAT(events, HasSubstr("leftHalf: Editor moved from 40,60"));
+    EXPECT_THAT(events, Not(HasSubstr("tter"))) << "a title";
+}
+
+TEST_F(ProgramTests, aHistoryThatCannotBeWrittenIsOneLineForEachFile)
+{
+    for (const char *name : {"activity.jsonl", "diagnostics.jsonl"})
+        ASSERT_TRUE(QDir().mkpath(kept(QString::fromLatin1(name))));
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s});
+    std::string log = readUntil(*resident, "diagnostics.jsonl: There").toStdString();
+
+    EXPECT_EQ(run({u"--place"_s, u"leftHalf"_s}).status, 0);
+    EXPECT_EQ(run({u"--place"_s, u"topHalf"_s}).status, 0);
+    log += readUntil(*resident, "topHalf").toStdString();
+
+    for (const char *line : {"activity.jsonl: There is a folder in its place.",
+             "diagnostics.jsonl: There is a folder in its place."}) {
+        EXPECT_THAT(log, HasSubstr(line));
+        EXPECT_EQ(log.find(line), log.rfind(line)) << line;
+    }
+}
+
+TEST_F(ProgramTests, settingsEditedWhileItRunsTakeEffectAndAreThePrintedOnes)
+{
+    startBus();
+    const auto resident = startProgram({u"--verbose"_s});
+    readUntil(*resident, "ready");
+
+    keep(u"settings.json"_s, R"({"gap": 10, "shortcuts": [], "knownPlacements": ["leftHalf"]})");
+    const std::string log = readUntil(*resident, "ready").toStdString();
+    keep(u"settings.json"_s, R"({"gap": )");
+    const std::string error = readUntil(*resident, "settings.json").toStdString();
+
+    EXPECT_THAT(log, HasSubstr("20 of 20"));
+    EXPECT_THAT(error, HasSubstr("so those in force stay. The old file is kept in"));
+    EXPECT_EQ(run({u"--print-settings"_s}).json()[u"gap"_s], 10);
+    EXPECT_EQ(run({u"--place"_s, u"leftHalf"_s, u"--json"_s}).json()[u"to"_s],
+        (QJsonArray{10, 10, 705, 880}));
 }
 
 TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)

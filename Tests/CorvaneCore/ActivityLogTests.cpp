@@ -107,7 +107,7 @@ TEST(ActivityEntryTests, aDamagedEntryIsNone)
 
 TEST_F(ActivityLogTests, theFirstEntryMakesFileAndFolder)
 {
-    const ActivityLog fresh(folder.path(u"new/Corvane"_s));
+    ActivityLog fresh(folder.path(u"new/Corvane"_s));
 
     EXPECT_TRUE(fresh.append(entryAt(now)));
     EXPECT_TRUE(fresh.append(entryAt(now.addMSecs(1))));
@@ -216,22 +216,44 @@ TEST_F(ActivityLogTests, aLineWithoutEndIsReadInBoundedMemory)
     EXPECT_EQ(content(), lineOf(entryAt(now, u"a"_s)) + lineOf(entryAt(now, u"b"_s)));
 }
 
-TEST_F(ActivityLogTests, aFullDiskCostsTheNewEntryAlone)
+TEST_F(ActivityLogTests, entriesComeAndGoWhileAnotherProcessPrunes)
+{
+    log.append(entryAt(now.addDays(-31), u"old"_s));
+    log.append(entryAt(now, u"a"_s));
+    bool isWritten = true;
+
+    const auto pruned =
+        JsonLines(folder.path(u"activity.jsonl"_s))
+            .revise(
+                [&](QByteArrayView line) {
+                    isWritten &= log.append(entryAt(now, u"b"_s)) == true;
+                    return line.contains("old") ? std::nullopt : std::optional(line);
+                },
+                1000);
+
+    EXPECT_TRUE(pruned && isWritten);
+    EXPECT_EQ(windows(300), (QStringList{u"a"_s, u"b"_s, u"b"_s}));
+}
+
+TEST_F(ActivityLogTests, whatAFullDiskDoesNotTakeIsWrittenLater)
 {
     log.append(entryAt(now, u"a"_s));
     const QByteArray before = content();
-    const FileSizeLimit limit(before.size() + 10);
+    {
+        const FileSizeLimit limit(before.size() + 10);
+        EXPECT_FALSE(log.append(entryAt(now, u"b"_s)));
+        EXPECT_EQ(content(), before);
+    }
 
-    const auto result = log.append(entryAt(now, u"b"_s));
+    EXPECT_TRUE(log.append(entryAt(now, u"c"_s)));
 
-    EXPECT_FALSE(result);
-    EXPECT_EQ(content(), before);
+    EXPECT_EQ(windows(300), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
 }
 
 RC_GTEST_PROP(ActivityLogPropertyTests, theNewestEntriesAreFoundWhereverTheBlocksEnd, ())
 {
     const StoreFolder folder;
-    const ActivityLog log(folder.path());
+    ActivityLog log(folder.path());
     const auto sizes = *rc::gen::container<std::vector<int>>(
         rc::gen::weightedOneOf<int>({{3, rc::gen::inRange(0, 300)},
             {1, rc::gen::inRange(65'000, 66'000)}, {1, rc::gen::inRange(131'000, 132'000)}}));

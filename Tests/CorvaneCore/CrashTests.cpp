@@ -1,4 +1,5 @@
 #include "ActivityLog.h"
+#include "FlightRecorder.h"
 #include "LayoutStore.h"
 #include "SettingsStore.h"
 #include "StoreFolder.h"
@@ -6,6 +7,10 @@
 #include <QtCore/QFile>
 
 #include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace corvane {
 
@@ -19,6 +24,8 @@ ActivityEntry entryOf(const QString &app, const QDateTime &date)
 {
     return ActivityEntry::refused(Placement::center, app, u"is busy"_s, u"Display"_s, date);
 }
+
+const QString busy = u"Another process is writing it."_s;
 
 Settings changedSettings()
 {
@@ -67,7 +74,7 @@ QList<Write> writes()
             }},
         {"pruning", u"activity.jsonl"_s,
             [](const StoreFolder &folder) {
-                const ActivityLog log(folder.path());
+                ActivityLog log(folder.path());
                 for (const int days : {40, 20, 0})
                     log.append(entryOf(u"Mail"_s, now.addDays(-days)));
             },
@@ -115,7 +122,7 @@ TEST(CrashTests, twoProcessesAppendingWhileAThirdOnePrunesLoseNothing)
 {
     constexpr int count = 10'000;
     const StoreFolder folder;
-    const ActivityLog log(folder.path());
+    ActivityLog log(folder.path());
     log.append(entryOf(u"Old"_s, now.addDays(-31)));
 
     QList<pid_t> writers;
@@ -125,6 +132,7 @@ TEST(CrashTests, twoProcessesAppendingWhileAThirdOnePrunesLoseNothing)
                 if (!log.append(entryOf(app, now.addMSecs(i))))
                     ::_exit(1);
             }
+            while (!log.flush().value_or(true)) { }
         });
     }
     for (int round = 0; round < 20; ++round) {
@@ -140,6 +148,45 @@ TEST(CrashTests, twoProcessesAppendingWhileAThirdOnePrunesLoseNothing)
     EXPECT_EQ(seen, (QHash<QString, int>{{u"Mail"_s, count}, {u"Editor"_s, count}}));
 }
 
+TEST(CrashTests, aStoppedProcessThatHeldAFileStoppedEveryOneThatWroteIt)
+{
+    const StoreFolder folder;
+    ActivityLog log(folder.path());
+    FlightRecorder recorder(folder.path());
+    log.append(entryOf(u"First"_s, now));
+    recorder.record(u"launch"_s, u"first"_s);
+    recorder.flush();
+    ::alarm(60); // where a wait has no end
+    QList<int> held;
+    for (const QString &name :
+        {u".settings.json.new"_s, u"activity.jsonl"_s, u"diagnostics.jsonl"_s}) {
+        held << ::open(folder.encoded(name), O_RDWR | O_CREAT, 0600);
+        ASSERT_EQ(::flock(held.last(), LOCK_EX), 0);
+    }
+
+    const auto saved = SettingsStore(folder.path()).save({});
+    const auto appended = log.append(entryOf(u"Second"_s, now));
+    recorder.record(u"launch"_s, u"second"_s);
+    recorder.flush();
+    EXPECT_EQ(log.recent(9).size(), 1);
+    EXPECT_FALSE(log.prune(0, now.addDays(1)));
+    for (const int file : std::as_const(held))
+        ::close(file);
+    log.append(entryOf(u"Third"_s, now));
+    recorder.record(u"launch"_s, u"third"_s);
+    recorder.flush();
+
+    ::alarm(0);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error(), busy);
+    EXPECT_EQ(appended, false);
+    QStringList apps;
+    for (const ActivityEntry &entry : log.recent(9))
+        apps << entry.app;
+    EXPECT_EQ(apps, (QStringList{u"First"_s, u"Second"_s, u"Third"_s}));
+    EXPECT_EQ(folder.read(u"diagnostics.jsonl"_s)->count('\n'), 3);
+}
+
 TEST(CrashTests, twoProcessesSavingTakeTurns)
 {
     const StoreFolder folder;
@@ -151,7 +198,8 @@ TEST(CrashTests, twoProcessesSavingTakeTurns)
             settings.gap = gap;
             for (int i = 0; i < 100; ++i) {
                 const auto loaded = store.loadKeepingUnreadable();
-                if (!store.save(settings) || loaded.problem)
+                const auto saved = store.save(settings);
+                if (loaded.problem || (!saved && saved.error() != busy))
                     ::_exit(1);
             }
         });

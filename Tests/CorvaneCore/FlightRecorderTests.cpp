@@ -1,6 +1,7 @@
 #include "FlightRecorder.h"
 #include "StoreFolder.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
@@ -93,19 +94,23 @@ TEST_F(FlightRecorderTests, eventsFromManyThreadsStandOnWholeLinesInEachThreadsO
     EXPECT_EQ(seen, (QHash<QChar, int>{{u'a', count}, {u'b', count}, {u'c', count}}));
 }
 
-TEST_F(FlightRecorderTests, pruningDropsOldAndDamagedLines)
+TEST_F(FlightRecorderTests, pruningDropsOldAndDamagedLinesAndTitlesOfEarlierVersions)
 {
     const auto line = [](const QDateTime &date, const char *detail) {
-        const FlightRecorder::Event event{date, u"launch"_s, QString::fromUtf8(detail)};
+        const FlightRecorder::Event event{date, u"move"_s, QString::fromUtf8(detail)};
         return QJsonDocument(event.toJson()).toJson(QJsonDocument::Compact) + '\n';
     };
     folder.write(u"diagnostics.jsonl"_s,
-        line(now.addDays(-30).addSecs(-1), "old") + line(now.addDays(-30), "kept") + "damaged\n");
+        line(now.addDays(-30).addSecs(-1), "old") + line(now.addDays(-30), "kept") + "damaged\n"
+            + line(
+                now, R"(center: Mail "a" moved from "b" moved from 1,2 3×4 to 5,6 7×8 on Desk)"));
 
     recorder.prune(30, now);
     recorder.record(u"launch"_s, u"new"_s);
 
-    EXPECT_EQ(written(), (QStringList{u"kept"_s, u"new"_s}));
+    EXPECT_EQ(written(),
+        (QStringList{
+            u"kept"_s, u"center: Mail moved from 1,2 3×4 to 5,6 7×8 on Desk"_s, u"new"_s}));
 }
 
 TEST_F(FlightRecorderTests, theSnapshotHoldsTheValuesTheTimeAndTheLedger)
@@ -122,16 +127,35 @@ TEST_F(FlightRecorderTests, theSnapshotHoldsTheValuesTheTimeAndTheLedger)
     EXPECT_EQ(folder.mode(u"snapshot.json"_s), 0600u);
 }
 
-TEST_F(FlightRecorderTests, aFolderThatCannotBeWrittenStopsNothing)
+TEST_F(FlightRecorderTests, aFolderThatCannotBeWrittenStopsNothingAndIsToldOnceForEachFile)
 {
     folder.write(u"file"_s, {});
     FlightRecorder recorderWithoutFolder(folder.path(u"file"_s));
+    QStringList told;
+    QObject::connect(
+        &recorderWithoutFolder, &FlightRecorder::written, &recorderWithoutFolder,
+        [&](const QString &path, const QString &problem) {
+            told << path.section(u'/', -1) + u": "_s + problem;
+            if (!problem.isEmpty())
+                recorderWithoutFolder.record(u"notice"_s, problem);
+        },
+        Qt::DirectConnection);
 
     recorderWithoutFolder.record(u"launch"_s, u"detail"_s);
     recorderWithoutFolder.prune(30);
     recorderWithoutFolder.snapshot({});
+    recorderWithoutFolder.flush();
+    EXPECT_EQ(recorderWithoutFolder.ledger().size(), 3) << "with what was told of the two files";
+    ASSERT_TRUE(QFile::remove(folder.path(u"file"_s)));
+    recorderWithoutFolder.record(u"launch"_s, u"later"_s);
+    recorderWithoutFolder.flush();
 
-    EXPECT_EQ(recorderWithoutFolder.ledger().size(), 1);
+    const QString problem = u": Its folder is not a folder."_s;
+    EXPECT_EQ(told,
+        (QStringList{u"diagnostics.jsonl"_s + problem, u"snapshot.json"_s + problem,
+            u"diagnostics.jsonl: "_s, u"snapshot.json: "_s}));
+    EXPECT_EQ(folder.read(u"file/diagnostics.jsonl"_s)->count('\n'), 4);
+    EXPECT_TRUE(folder.read(u"file/snapshot.json"_s));
 }
 
 TEST_F(FlightRecorderTests, theJournalGetsOneLineWithAPriority)
