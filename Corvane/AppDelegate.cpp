@@ -221,8 +221,7 @@ void AppDelegate::show(const ScreenFlags &flags)
     const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
     m_model.onNotify(tr("This window comes in a later version"),
         tr("Until then, settings are changed in %1, which takes effect at once; placements and "
-           "layouts "
-           "are in the menu.")
+           "layouts are in the menu.")
             .arg(settings));
 }
 

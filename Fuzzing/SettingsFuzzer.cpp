@@ -28,5 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     const auto again = decode<Settings>(written.value(), problems);
 
     require(again == settings && problems.count == 0);
+    DecodeProblems left;
+    const auto edited = decode<Settings>(mended(json->toObject(), *settings, problems), left);
+    require(edited && left.count == 0);
     return 0;
 }

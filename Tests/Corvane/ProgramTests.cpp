@@ -424,21 +424,6 @@ TEST_F(ProgramTests, obeysTheSettingsFile)
     EXPECT_EQ(settings.json()[u"sizeStep"_s], 60);
 }
 
-TEST_F(ProgramTests, aDamagedSettingsFileIsKeptAndTold)
-{
-    keep(u"settings.json"_s, R"({"gap": "wide", "sizeStep": 40})");
-
-    const auto resident = startProgram({u"--verbose"_s});
-    const std::string log = readUntil(*resident, "ready").toStdString();
-
-    EXPECT_THAT(log, HasSubstr("Corvane could not read some of your settings in settings.json"));
-    const QStringList copies =
-        QDir(kept({})).entryList({u"settings.json.unreadable-*"_s}, QDir::Files);
-    ASSERT_EQ(copies.size(), 1);
-    EXPECT_THAT(log, HasSubstr(copies.first().toStdString()));
-    EXPECT_EQ(run({u"--print-settings"_s}).json()[u"sizeStep"_s], 40);
-}
-
 TEST_F(ProgramTests, everyMoveAndRefusalIsWrittenDown)
 {
     describe(R"({
