@@ -23,13 +23,24 @@ unexpected<QString> noSuchFlag(const QString &argument)
         oneLine(argument), names.join(u", "_s)));
 }
 
+/// Takes back the last command where it is one that a number may still follow, as in
+/// "--history --json 50".
+bool takeHistory(CommandLine &line)
+{
+    const bool isHistory = line.isCommand()
+        && std::holds_alternative<Command::ShowHistory>(line.commands.last().value);
+    if (isHistory)
+        line.commands.removeLast();
+    return isHistory;
+}
+
 /// What no flag has taken.
 expected<void, QString> readBare(CommandLine &line, const QString &argument)
 {
     if (Address::isOurs(argument))
         return Address::pane(argument).map(
             [&line](SettingsPane pane) { line.screens.pane = pane; });
-    if (line.history && flagNamed(u"--history"_s)->set(line, argument))
+    if (takeHistory(line) && flagNamed(u"--history"_s)->set(line, argument))
         return {};
     return noSuchFlag(argument);
 }
@@ -53,12 +64,6 @@ QString helpRows(std::span<const FlagRow> table, int width)
 }
 
 } // namespace
-
-bool CommandLine::isCommand() const
-{
-    return place || capture || applyLayout || layouts || quitCompetitors || renderStatusIcon
-        || printSettings;
-}
 
 expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
 {
@@ -111,9 +116,9 @@ QString CommandLine::helpText()
         text += rawValue(pane) + u' ';
     text.back() = u'\n';
     text += u"The address corvane://settings/PANE opens one, too.\n"_s;
-    text +=
-        u"\nExit status: 0 when the window moved, 1 when it did not, 2 for a flag or a placement "
-        "that does not exist.\n"_s;
+    text += u"\nSeveral commands are carried out in the order given.\n"
+            "Exit status: 0 when the window moved, 1 when it did not, 2 for a flag or a placement "
+            "that does not exist; of several commands, the worst.\n"_s;
     return text;
 }
 

@@ -8,6 +8,7 @@
 #include <QtCore/QStringList>
 
 #include <optional>
+#include <variant>
 
 namespace corvane {
 
@@ -33,19 +34,49 @@ struct ScreenFlags {
     bool operator==(const ScreenFlags &) const = default;
 };
 
+/// One thing that is done at once, whether the program runs or not.
+struct Command {
+    struct Place {
+        Placement placement;
+        bool operator==(const Place &) const = default;
+    };
+    struct Capture {
+        QString name; ///< of the new layout
+        bool operator==(const Capture &) const = default;
+    };
+    struct ApplyLayout {
+        QString nameOrID;
+        bool operator==(const ApplyLayout &) const = default;
+    };
+    struct ListLayouts {
+        bool operator==(const ListLayouts &) const = default;
+    };
+    struct ShowHistory {
+        int count = 20; ///< of the newest moves
+        bool operator==(const ShowHistory &) const = default;
+    };
+    struct PrintSettings {
+        bool operator==(const PrintSettings &) const = default;
+    };
+    struct QuitCompetitors {
+        bool operator==(const QuitCompetitors &) const = default;
+    };
+    struct RenderStatusIcon {
+        QString file; ///< to draw to
+        bool operator==(const RenderStatusIcon &) const = default;
+    };
+
+    std::variant<Place, Capture, ApplyLayout, ListLayouts, ShowHistory, PrintSettings,
+        QuitCompetitors, RenderStatusIcon>
+        value;
+
+    bool operator==(const Command &) const = default;
+};
+
 /// What the user asked for on the command line.
 struct CommandLine {
-    static constexpr int usualHistory = 20;
-
-    std::optional<Placement> place{};
-    std::optional<QString> capture{}; ///< the new layout's name
-    std::optional<QString> applyLayout{}; ///< a layout's name or id
-    bool layouts = false;
-    bool quitCompetitors = false;
-    std::optional<QString> renderStatusIcon{}; ///< the file to draw to
+    QList<Command> commands{}; ///< in the order in which they were given
     ScreenFlags screens{};
-    std::optional<int> history{}; ///< how many of the newest moves to show
-    bool printSettings = false;
     bool json = false;
     bool verbose = false;
     bool help = false;
@@ -55,8 +86,7 @@ struct CommandLine {
 
     bool operator==(const CommandLine &) const = default;
 
-    /// Whether it asks for something that is done at once, whether the program runs or not.
-    [[nodiscard]] bool isCommand() const;
+    [[nodiscard]] bool isCommand() const { return !commands.isEmpty(); }
     [[nodiscard]] bool asksForScreens() const { return screens != ScreenFlags{}; }
 
     /// The error is one sentence that names what exists.

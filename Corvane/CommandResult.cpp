@@ -1,5 +1,7 @@
 #include "CommandResult.h"
 
+#include "Wording.h"
+
 #include <algorithm>
 
 namespace corvane {
@@ -16,7 +18,8 @@ CommandResult &CommandResult::operator+=(const CommandResult &next)
 
 CommandResult failure(int status, const QString &sentence)
 {
-    return {status, {}, u"corvane: "_s + sentence + u'\n'};
+    constexpr qsizetype longest = 2000;
+    return {status, {}, u"corvane: "_s + oneLine(sentence, longest) + u'\n'};
 }
 
 CommandResult later(const QString &window)

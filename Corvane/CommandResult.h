@@ -21,7 +21,7 @@ struct CommandResult {
     bool operator==(const CommandResult &) const = default;
 };
 
-/// One sentence on standard error.
+/// One sentence on standard error, where it stays one line whatever it quotes.
 [[nodiscard]] CommandResult failure(int status, const QString &sentence);
 /// Says that there is no such window yet.
 [[nodiscard]] CommandResult later(const QString &window);

@@ -1,11 +1,12 @@
 #include "Commands.h"
 
+#include "FileCommands.h"
+#include "KeyCaps.h"
 #include "LayoutReport.h"
+#include "Match.h"
 #include "Platform.h"
 #include "ScreenRequests.h"
 #include "Screens.h"
-
-#include <QtCore/QJsonDocument>
 
 namespace corvane {
 
@@ -15,9 +16,11 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
 {
     m_model.refreshFiles();
     CommandResult result;
-    if (line.isCommand()) {
-        result = co_await perform(line);
-    } else if (!line.asksForScreens()) {
+    for (const Command &command : std::as_const(line.commands)) {
+        const CommandResult next = co_await perform(command, line.json);
+        result += next;
+    }
+    if (!line.isCommand() && !line.asksForScreens()) {
         line.screens.openSettings = true;
         result.output = u"Corvane is running already.\n"_s;
     }
@@ -28,22 +31,32 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
     co_return result;
 }
 
-QCoro::Task<CommandResult> Commands::perform(CommandLine line)
+QCoro::Task<CommandResult> Commands::perform(Command command, bool asJson)
 {
-    if (line.printSettings)
-        co_return settingsReport(m_model.settings());
-    if (line.place)
-        co_return m_mover.perform(*line.place).result(line.json);
-    if (line.capture)
-        co_return capture(*line.capture, line.json);
-    if (line.applyLayout) {
-        const CommandResult result = co_await apply(*line.applyLayout, line.json);
+    if (const auto *layout = std::get_if<Command::ApplyLayout>(&command.value)) {
+        const CommandResult result = co_await apply(layout->nameOrID, asJson);
         co_return result;
     }
-    if (line.layouts)
-        co_return CommandResult{CommandResult::done,
-            layoutList(m_model.layouts(), Screens::signature(), line.json), {}};
-    co_return line.quitCompetitors ? quitCompetitors() : renderStatusIcon(*line.renderStatusIcon);
+    co_return performAtOnce(command, asJson);
+}
+
+CommandResult Commands::performAtOnce(const Command &command, bool asJson)
+{
+    return match(
+        command.value,
+        [&](const Command::Place &place) {
+            return m_mover.perform(place.placement).result(asJson);
+        },
+        [&](const Command::Capture &capturing) { return capture(capturing.name, asJson); },
+        [](const Command::ApplyLayout &) { return CommandResult{}; },
+        [&](Command::ListLayouts) {
+            return CommandResult{CommandResult::done,
+                layoutList(m_model.layouts(), Screens::signature(), asJson), {}};
+        },
+        [&](Command::ShowHistory history) { return FileCommands::showHistory(history, asJson); },
+        [&](Command::PrintSettings) { return printSettings(); },
+        [&](Command::QuitCompetitors) { return quitCompetitors(); },
+        [&](const Command::RenderStatusIcon &icon) { return renderStatusIcon(icon.file); });
 }
 
 CommandResult Commands::capture(const QString &name, bool asJson)
@@ -64,6 +77,16 @@ QCoro::Task<CommandResult> Commands::apply(QString nameOrID, bool asJson)
         co_return failure(CommandResult::misused, noSuchLayout(nameOrID, m_model.layouts()));
     const QList<PaneResult> results = co_await m_model.apply(*layout);
     co_return applyResult(*layout, results, asJson);
+}
+
+CommandResult Commands::printSettings() const
+{
+    CommandResult result = FileCommands::printSettings(m_model.settings());
+    for (const AppModel::Notice &notice : m_model.notices()) {
+        if (notice.id == "unreadable-settings.json"_L1)
+            result.error = KeyCaps::plainSentence(notice.text) + u'\n';
+    }
+    return result;
 }
 
 CommandResult Commands::quitCompetitors()
@@ -95,12 +118,6 @@ CommandResult Commands::show(const ScreenFlags &flags)
     else if (flags.popMenu)
         result += later(u"menu in the panel"_s);
     return result;
-}
-
-CommandResult settingsReport(const Settings &settings)
-{
-    const QJsonDocument document(settings.toJson());
-    return {CommandResult::done, QString::fromUtf8(document.toJson()), {}};
 }
 
 } // namespace corvane

@@ -18,23 +18,24 @@ public:
     /// Draws that icon to a file. The error is one sentence.
     std::function<expected<void, QString>(const QString &path)> onRenderStatusIcon;
 
-    /// One that asks for nothing opens the settings.
+    /// Every command, in order, then what is to be shown. One that asks for nothing opens the settings.
     [[nodiscard]] QCoro::Task<CommandResult> run(CommandLine line);
     [[nodiscard]] CommandResult show(const ScreenFlags &flags);
 
 private:
-    [[nodiscard]] QCoro::Task<CommandResult> perform(CommandLine line);
+    [[nodiscard]] QCoro::Task<CommandResult> perform(Command command, bool asJson);
+    /// Of any command but the one that waits for applications.
+    [[nodiscard]] CommandResult performAtOnce(const Command &command, bool asJson);
     [[nodiscard]] CommandResult capture(const QString &name, bool asJson);
     [[nodiscard]] QCoro::Task<CommandResult> apply(QString nameOrID, bool asJson);
 
+    /// Those in force.
+    [[nodiscard]] CommandResult printSettings() const;
     [[nodiscard]] CommandResult quitCompetitors();
     [[nodiscard]] CommandResult renderStatusIcon(const QString &path);
 
     AppModel &m_model;
     Mover &m_mover;
 };
-
-/// As they would stand in their file.
-[[nodiscard]] CommandResult settingsReport(const Settings &settings);
 
 } // namespace corvane

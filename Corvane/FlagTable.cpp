@@ -52,22 +52,41 @@ bool readVersion(CommandLine &line, const QString &text)
     return !QVersionNumber::fromString(text).isNull();
 }
 
-bool readPlacement(CommandLine &line, const QString &name)
+template <typename Kind>
+bool add(CommandLine &line, const QString &)
 {
-    line.place = placementNamed(name);
-    return line.place.has_value();
-}
-
-bool readCapture(CommandLine &line, const QString &name)
-{
-    line.capture = name.isEmpty() ? u"Layout"_s : name;
+    line.commands << Command{Kind{}};
     return true;
 }
 
-bool readHistory(CommandLine &line, const QString &number)
+template <typename Kind>
+bool addWithText(CommandLine &line, const QString &text)
 {
-    line.history = CommandLine::usualHistory;
-    return number.isEmpty() || readNumber<&Flags::history, 1>(line, number);
+    line.commands << Command{Kind{text}};
+    return !text.isEmpty();
+}
+
+bool addPlacement(CommandLine &line, const QString &name)
+{
+    const auto placement = placementNamed(name);
+    if (placement)
+        line.commands << Command{Command::Place{*placement}};
+    return placement.has_value();
+}
+
+bool addCapture(CommandLine &line, const QString &name)
+{
+    return addWithText<Command::Capture>(line, name.isEmpty() ? u"Layout"_s : name);
+}
+
+bool addHistory(CommandLine &line, const QString &number)
+{
+    Command::ShowHistory history;
+    bool isNumber = number.isEmpty();
+    if (!isNumber)
+        history.count = number.toInt(&isNumber);
+    line.commands << Command{history};
+    return isNumber && history.count >= 1;
 }
 
 bool readPane(CommandLine &line, const QString &name)
@@ -131,23 +150,23 @@ QString numbersFromOne()
 
 constexpr std::array commandTable{
     FlagRow{"--place"_L1, "PLACEMENT"_L1, "place the focused window and say what happened"_L1,
-        readPlacement, placements},
+        addPlacement, placements},
     FlagRow{"--capture"_L1, "[NAME]"_L1, "save the windows as they stand as a new layout"_L1,
-        readCapture},
+        addCapture},
     FlagRow{"--apply-layout"_L1, "NAME"_L1, "put the windows back into a layout, by name or id"_L1,
-        readText<&Flags::applyLayout>, layouts},
+        addWithText<Command::ApplyLayout>, layouts},
     FlagRow{"--layouts"_L1, ""_L1, "list the layouts; * marks those for these displays"_L1,
-        turnOn<&Flags::layouts>},
-    FlagRow{"--history"_L1, "[N]"_L1, "show the newest moves, 20 unless told"_L1, readHistory,
+        add<Command::ListLayouts>},
+    FlagRow{"--history"_L1, "[N]"_L1, "show the newest moves, 20 unless told"_L1, addHistory,
         numbersFromOne},
     FlagRow{"--json"_L1, ""_L1, "with all of the above: answer in JSON, in one line"_L1,
         turnOn<&Flags::json>},
     FlagRow{"--print-settings"_L1, ""_L1, "show the settings in force, as JSON"_L1,
-        turnOn<&Flags::printSettings>},
+        add<Command::PrintSettings>},
     FlagRow{"--quit-competitors"_L1, ""_L1, "ask every other window manager of its kind to quit"_L1,
-        turnOn<&Flags::quitCompetitors>},
+        add<Command::QuitCompetitors>},
     FlagRow{"--render-status-icon"_L1, "FILE"_L1, "draw the icon of the panel to a file"_L1,
-        readText<&Flags::renderStatusIcon>, files},
+        addWithText<Command::RenderStatusIcon>, files},
     FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1,
         turnOn<&Flags::verbose>},
     FlagRow{"--help"_L1, ""_L1, "show this text"_L1, turnOn<&Flags::help>},

@@ -1,9 +1,12 @@
 #include "Instance.h"
 
 #include "Identity.h"
+#include "Wording.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
+
+#include <algorithm>
 
 namespace corvane {
 
@@ -15,6 +18,13 @@ constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
 // In milliseconds. A placement takes a second at most; a layout waits half a minute for its apps.
 constexpr int answerTimeout = 5000;
 constexpr int layoutTimeout = 60000;
+
+int patience(const QStringList &arguments)
+{
+    const auto layouts = static_cast<int>(arguments.count("--apply-layout"_L1));
+    const auto flags = static_cast<int>(arguments.filter(u"--"_s).size());
+    return layouts * layoutTimeout + std::max(1, flags) * answerTimeout;
+}
 
 QDBusMessage callRunning(const QString &method, const QVariantList &values, int timeout)
 {
@@ -41,7 +51,7 @@ QString Instance::takeActivation()
 std::optional<CommandResult> Instance::handOver(
     const QStringList &arguments, const QString &activation)
 {
-    const int timeout = arguments.contains("--apply-layout"_L1) ? layoutTimeout : answerTimeout;
+    const int timeout = patience(arguments);
     const QVariantMap platformData{{u"activation-token"_s, activation}};
     QDBusMessage answer = callRunning(u"RunWith"_s, {arguments, platformData}, timeout);
     // The one that runs may be of an earlier version, until the next login.
@@ -56,7 +66,7 @@ std::optional<CommandResult> Instance::handOver(
     if (nobody)
         return std::nullopt;
     return CommandResult{CommandResult::refused, {},
-        u"The running Corvane did not answer: %1\n"_s.arg(answer.errorMessage())};
+        u"The running Corvane did not answer: %1\n"_s.arg(oneLine(answer.errorMessage(), 200))};
 }
 
 Instance::Claim Instance::claim(InstanceService::Runner run)

@@ -75,10 +75,10 @@ QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts
 {
     QStringList names;
     for (const WindowLayout &layout : layouts)
-        names << layout.name;
+        names << oneLine(layout.name);
     const QString known = names.isEmpty() ? u"none has been saved yet"_s
                                           : u"the layouts are: "_s + names.join(u", "_s);
-    return u"There is no layout \"%1\"; %2."_s.arg(nameOrID, known);
+    return u"There is no layout \"%1\"; %2."_s.arg(oneLine(nameOrID), known);
 }
 
 QString captureText(const WindowLayout &layout, bool asJson)

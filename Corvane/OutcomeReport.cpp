@@ -11,14 +11,14 @@ QString OutcomeReport::line(Titles titles) const
     const QString name = rawValue(pressed);
     const auto *moved = std::get_if<MoveOutcome::Moved>(&outcome.value);
     if (!moved) {
-        const QString text = name + u": "_s + refusalText(outcome, frontmostName);
+        const QString text = name + u": "_s + oneLine(refusalText(outcome, frontmostName), 200);
         return distrustReason.isEmpty() ? text : text + u". "_s + distrustReason;
     }
     const MoveRecord &record = moved->record;
     const QString recorded = rawValue(record.placement);
     return u"%1: %2%3 moved from %4 to %5 on %6%7"_s.arg(name, oneLine(record.appName),
         titleBehind(record.windowTitle, titles), rectText(record.from), rectText(record.to),
-        record.displayName, recorded == name ? QString() : u" (%1)"_s.arg(recorded));
+        oneLine(record.displayName), recorded == name ? QString() : u" (%1)"_s.arg(recorded));
 }
 
 QJsonObject OutcomeReport::json() const

@@ -1,6 +1,7 @@
 #include "ScreenRequests.h"
 
 #include "LayoutReport.h"
+#include "Wording.h"
 
 namespace corvane::ScreenRequests {
 
@@ -42,7 +43,7 @@ expected<void, QString> selectLayout(const ScreenFlags &flags, AppModel &model)
             return unexpected<QString>(
                 u"There is no pane %1 in \"%2\"; it has %3, counted from 0."_s
                     .arg(*flags.selectPane)
-                    .arg(layout->name)
+                    .arg(oneLine(layout->name))
                     .arg(layout->panes.size()));
         model.pendingLayout = layout->id;
     }

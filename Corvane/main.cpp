@@ -2,8 +2,8 @@
 #include "Catalogues.h"
 #include "CommandLine.h"
 #include "DesktopChoice.h"
+#include "FileCommands.h"
 #include "FlightRecorder.h"
-#include "HistoryReport.h"
 #include "Instance.h"
 #include "KeyCaps.h"
 #include "LegacyIdentity.h"
@@ -11,9 +11,12 @@
 #include "UserDefaults.h"
 
 #include <qcorotask.h>
+#include <QtDBus/QDBusMetaType>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <cstdio>
+#include <tuple>
 
 using namespace corvane;
 using namespace Qt::StringLiterals;
@@ -48,9 +51,11 @@ QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
 
 int runOnce(const CommandLine &line)
 {
+    if (std::ranges::none_of(line.commands, FileCommands::needsDesktop))
+        return finish(FileCommands::run(line, {}));
     const auto desktop = openDesktop([] {});
     if (!desktop)
-        return finish(failure(CommandResult::refused, desktop.error()));
+        return finish(FileCommands::run(line, desktop.error()));
     AppModel model{SettingsStore(), LayoutStore(), ActivityLog()};
     Mover mover(model);
     Commands commands(model, mover);
@@ -64,21 +69,6 @@ int runOnce(const CommandLine &line)
             result.error += KeyCaps::plainSentence(notice.text) + u'\n';
     }
     return finish(result);
-}
-
-/// What the files alone can answer.
-std::optional<CommandResult> answerFromFiles(const CommandLine &line)
-{
-    if (line.help)
-        return CommandResult{CommandResult::done, CommandLine::helpText(), {}};
-    if (line.version)
-        return CommandResult{CommandResult::done, CommandLine::versionText(), {}};
-    if (line.history) {
-        const QList<ActivityEntry> entries = ActivityLog().recent(*line.history);
-        return CommandResult{
-            CommandResult::done, line.json ? historyJson(entries) : historyTable(entries), {}};
-    }
-    return std::nullopt;
 }
 
 int stay(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
@@ -118,13 +108,15 @@ std::optional<int> finishEarly(
 {
     const QCoreApplication application(argc, argv);
     const Catalogues catalogues;
-    if (const auto result = answerFromFiles(line))
-        return finish(*result);
+    if (line.help || line.version)
+        return finish({CommandResult::done,
+            line.help ? CommandLine::helpText() : CommandLine::versionText(), {}});
+    const bool isOneOff = line.isCommand() && !line.asksForScreens();
+    if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isKeptInFiles))
+        return finish(FileCommands::run(line, {}));
     if (const auto result = Instance::handOver(arguments, line.activation))
         return finish(*result);
-    if (line.printSettings)
-        return finish(settingsReport(SettingsStore().load()));
-    if (line.isCommand() && !line.asksForScreens())
+    if (isOneOff)
         return runOnce(line);
     if (const QString problem = prepareWindows(); !problem.isEmpty())
         return finish(failure(CommandResult::refused, problem));
@@ -140,6 +132,8 @@ int main(int argc, char **argv)
     // GLib's loop would add its own bookkeeping to every key press.
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
+    // What is made first goes last: the bus has a thread of its own, which needs its types to its end.
+    std::ignore = QDBusMetaType::signatureToMetaType("s");
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);

@@ -3,6 +3,8 @@
 #include "DataFolder.h"
 #include "StoredJson.h"
 
+#include <QtCore/QFileInfo>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -16,17 +18,20 @@ QUrl SettingsStore::url() const
     return QUrl::fromLocalFile(path());
 }
 
-Settings SettingsStore::load() const
-{
-    return readStored<Settings>(path()).value;
-}
-
-SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
+SettingsStore::Loaded SettingsStore::inspect() const
 {
     const Stored<Settings> stored = readStored<Settings>(path());
     if (stored.damage.isEmpty())
         return {stored.value, std::nullopt};
-    return {stored.value, StoreProblem::keep(url(), stored.damage)};
+    return {stored.value, StoreProblem{QFileInfo(path()).fileName(), std::nullopt, stored.damage}};
+}
+
+SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
+{
+    Loaded loaded = inspect();
+    if (loaded.problem)
+        loaded.problem = StoreProblem::keep(url(), loaded.problem->reason);
+    return loaded;
 }
 
 SettingsStore::Loaded SettingsStore::loadEdit(const Settings &inForce) const

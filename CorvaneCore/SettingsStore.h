@@ -23,8 +23,9 @@ public:
     [[nodiscard]] const QString &directory() const { return m_directory; }
     [[nodiscard]] QUrl url() const;
 
-    /// Leaves a file that cannot be read whole to the other one, which keeps a copy of it.
-    [[nodiscard]] Settings load() const;
+    /// These two leave a file that cannot be read whole to the third, which keeps a copy of it.
+    [[nodiscard]] Settings load() const { return inspect().settings; }
+    [[nodiscard]] Loaded inspect() const;
     [[nodiscard]] Loaded loadKeepingUnreadable() const;
     /// The same, but what cannot be read is as it is `inForce`.
     [[nodiscard]] Loaded loadEdit(const Settings &inForce) const;

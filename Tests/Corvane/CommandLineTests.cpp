@@ -22,12 +22,16 @@ expected<CommandLine, QString> parse(const char *arguments)
 TEST(CommandLineTests, flagsAreReadInAnyOrder)
 {
     const std::pair<const char *, CommandLine> lines[]{
-        {"--json --place topLeftSixth", {.place = Placement::topLeftSixth, .json = true}},
-        {"--capture Desk", {.capture = u"Desk"_s}},
-        {"--capture --json", {.capture = u"Layout"_s, .json = true}},
-        {"--history", {.history = CommandLine::usualHistory}},
-        {"--history 3", {.history = 3}},
-        {"--history --json 3", {.history = 3, .json = true}},
+        {"--json --place topLeftSixth",
+            {.commands = {{Command::Place{Placement::topLeftSixth}}}, .json = true}},
+        {"--capture Desk", {.commands = {{Command::Capture{u"Desk"_s}}}}},
+        {"--capture --json", {.commands = {{Command::Capture{u"Layout"_s}}}, .json = true}},
+        {"--place topHalf --capture --place center",
+            {.commands = {{Command::Place{Placement::topHalf}}, {Command::Capture{u"Layout"_s}},
+                 {Command::Place{Placement::center}}}}},
+        {"--history", {.commands = {{Command::ShowHistory{20}}}}},
+        {"--history 3", {.commands = {{Command::ShowHistory{3}}}}},
+        {"--history --json 3", {.commands = {{Command::ShowHistory{3}}}, .json = true}},
         {"--pane Tremor-Log", {.screens = {.pane = SettingsPane::tremorLog}}},
         {"corvane://settings/about", {.screens = {.pane = SettingsPane::about}}},
         {"--appearance dark", {.screens = {.appearance = Appearance::dark}}},
@@ -35,7 +39,8 @@ TEST(CommandLineTests, flagsAreReadInAnyOrder)
         {"--open-app-picker --select-pane 0 --layout Work",
             {.screens = {.layout = u"Work"_s, .selectPane = 0, .openAppPicker = true}}},
         {"--preview-update-available 2.0", {.screens = {.previewUpdateAvailable = u"2.0"_s}}},
-        {"--quit-competitors --tour-page 2", {.quitCompetitors = true, .screens = {.tourPage = 2}}},
+        {"--quit-competitors --tour-page 2",
+            {.commands = {{Command::QuitCompetitors{}}}, .screens = {.tourPage = 2}}},
     };
     for (const auto &[arguments, expected] : lines)
         EXPECT_EQ(parse(arguments), expected) << arguments;

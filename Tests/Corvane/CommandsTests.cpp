@@ -123,6 +123,25 @@ TEST_F(CommandsTests, whatTheShellDoesIsHandedToIt)
     EXPECT_TRUE(model.look.value().isDark);
 }
 
+TEST_F(CommandsTests, everyCommandOfALineIsCarriedOutInItsPlace)
+{
+    platform.desktop().openWindow(platform.desktop().start(u"org.example.Editor"_s, u"Editor"_s),
+        {.title = u"Letter"_s, .frame = {0, 0, 300, 200}});
+    platform.deliver();
+
+    const CommandResult result =
+        run(u"--place topHalf --capture Both --apply-layout No\x1bwhere --print-settings"_s);
+
+    EXPECT_EQ(result.status, CommandResult::misused) << "the worst of them";
+    EXPECT_TRUE(result.error.contains(u"no layout \"Nowhere\""_s)) << qPrintable(result.error);
+    ASSERT_TRUE(model.layout(u"Both"_s));
+    EXPECT_EQ(model.layout(u"Both"_s)->panes.value(0).rect, (UnitRect{0, 0, 1, 0.5}));
+    const qsizetype placed = result.output.indexOf(u"topHalf: Editor"_s);
+    const qsizetype captured = result.output.indexOf(u"Captured 1 window"_s);
+    EXPECT_TRUE(placed == 0 && captured > placed);
+    EXPECT_GT(result.output.indexOf(u"\"gap\""_s), captured);
+}
+
 TEST_F(CommandsTests, everyRunningCompetitorIsAskedToQuit)
 {
     EXPECT_EQ(run(u"--quit-competitors"_s).output, u"No other window manager is running.\n"_s);

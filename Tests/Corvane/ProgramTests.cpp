@@ -16,6 +16,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <csignal>
 #include <memory>
 
@@ -250,6 +251,24 @@ TEST_F(ProgramTests, withoutADesktopItSaysSo)
     EXPECT_THAT(bare.error, HasSubstr("DISPLAY"));
     EXPECT_EQ(wayland.status, 1);
     EXPECT_THAT(wayland.error, HasSubstr("Wayland"));
+    const Result both = run({u"--place"_s, u"leftHalf"_s, u"--print-settings"_s});
+    EXPECT_EQ(both.status, 1);
+    EXPECT_EQ(both.json()[u"sizeStep"_s], 60);
+}
+
+TEST_F(ProgramTests, theBusThreadHadNoTypesLeftWhenTheProgramEnded)
+{
+    startBus();
+    environment.insert(u"CORVANE_BACKEND"_s, u"x11"_s);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
+    std::array<Program, 24> programs;
+    for (Program &program : programs)
+        program = startProgram({u"--place"_s, u"leftHalf"_s});
+
+    for (const Program &program : programs) {
+        ASSERT_TRUE(program->waitForFinished());
+        EXPECT_EQ(program->readAllStandardError().count('\n'), 1);
+    }
 }
 
 TEST_F(ProgramTests, aSecondStartHandsItsFlagsToTheRunningOne)
@@ -422,6 +441,23 @@ TEST_F(ProgramTests, obeysTheSettingsFile)
     EXPECT_EQ(settings.json()[u"gap"_s], 10);
     EXPECT_EQ(settings.json()[u"cycling"_s], false);
     EXPECT_EQ(settings.json()[u"sizeStep"_s], 60);
+}
+
+TEST_F(ProgramTests, aDamagedSettingsFileIsKeptAndTold)
+{
+    keep(u"settings.json"_s, R"({"gap": "wide", "sizeStep": 40})");
+
+    const auto resident = startProgram({u"--verbose"_s});
+    const std::string log = readUntil(*resident, "ready").toStdString();
+
+    EXPECT_THAT(log, HasSubstr("Corvane could not read some of your settings in settings.json"));
+    const QStringList copies =
+        QDir(kept({})).entryList({u"settings.json.unreadable-*"_s}, QDir::Files);
+    ASSERT_EQ(copies.size(), 1);
+    EXPECT_THAT(log, HasSubstr(copies.first().toStdString()));
+    const Result settings = run({u"--print-settings"_s});
+    EXPECT_EQ(settings.json()[u"sizeStep"_s], 40);
+    EXPECT_THAT(settings.error, HasSubstr("some of your settings in settings.json"));
 }
 
 TEST_F(ProgramTests, everyMoveAndRefusalIsWrittenDown)

@@ -1,0 +1,63 @@
+#include "FileCommands.h"
+
+#include "ActivityLog.h"
+#include "HistoryReport.h"
+#include "SettingsStore.h"
+
+#include <QtCore/QJsonDocument>
+
+namespace corvane::FileCommands {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+CommandResult printStoredSettings()
+{
+    const auto [settings, problem] = SettingsStore().inspect();
+    CommandResult result = printSettings(settings);
+    if (problem)
+        result.error = sentence(*problem) + u'\n';
+    return result;
+}
+
+} // namespace
+
+bool isKeptInFiles(const Command &command)
+{
+    return std::holds_alternative<Command::ShowHistory>(command.value);
+}
+
+bool needsDesktop(const Command &command)
+{
+    return !isKeptInFiles(command)
+        && !std::holds_alternative<Command::PrintSettings>(command.value);
+}
+
+CommandResult showHistory(const Command::ShowHistory &history, bool asJson)
+{
+    const QList<ActivityEntry> entries = ActivityLog().recent(history.count);
+    return {CommandResult::done, asJson ? historyJson(entries) : historyTable(entries), {}};
+}
+
+CommandResult printSettings(const Settings &settings)
+{
+    const QJsonDocument document(settings.toJson());
+    return {CommandResult::done, QString::fromUtf8(document.toJson()), {}};
+}
+
+CommandResult run(const CommandLine &line, const QString &withoutDesktop)
+{
+    CommandResult result;
+    for (const Command &command : line.commands) {
+        if (needsDesktop(command))
+            result += failure(CommandResult::refused, withoutDesktop);
+        else if (const auto *history = std::get_if<Command::ShowHistory>(&command.value))
+            result += showHistory(*history, line.json);
+        else
+            result += printStoredSettings();
+    }
+    return result;
+}
+
+} // namespace corvane::FileCommands
