@@ -1,15 +1,17 @@
 #include "HotKey.h"
 
+#include "FlightRecorder.h"
 #include "KeyCombo.h"
 #include "Platform.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
 
-#include <cstdio>
 #include <limits>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,8 +66,9 @@ HotKey::HotKey(quint16 keyCode, quint64 flags, std::function<void()> action) : m
     m_status = hotKeys.registerHotKey(m_id, keyCode, registrationModifiers(flags));
     m_isRegistered = m_status == HotKeys::noErr;
     if (!m_isRegistered)
-        std::fprintf(stderr, "Corvane: could not register hotkey (code %d): OSStatus %d\n", keyCode,
-            m_status);
+        FlightRecorder::shared().record(u"hotkey"_s,
+            u"Corvane: could not register hotkey (code %1): OSStatus %2"_s.arg(keyCode).arg(
+                m_status));
 }
 
 HotKey::~HotKey()

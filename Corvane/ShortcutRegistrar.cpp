@@ -1,54 +1,101 @@
 #include "ShortcutRegistrar.h"
 
 #include "FlightRecorder.h"
+#include "HotKeys.h"
+#include "KeyCaps.h"
 #include "Match.h"
+#include "Wording.h"
 
 #include <QtCore/QCoreApplication>
+
+#include <cstdio>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString rawName(const ShortcutOwner &owner, const AppModel &model)
+{
+    return match(
+        owner.value, [](Placement placement) { return QString(rawValue(placement)); },
+        [&model](const QUuid &id) {
+            const auto layout = model.layout(id);
+            return u"layout "_s + (layout ? oneLine(layout->name) : QString());
+        });
+}
+
+} // namespace
 
 QString ShortcutRegistrar::registerAll()
 {
     m_hotKeys.clear();
     if (m_model.isRecording())
         return u"no hot key while a shortcut is recorded"_s;
+    QList<Refusal> refusals;
+    for (const auto &[placement, combo] : m_model.settings().shortcuts.asKeyValueRange())
+        registerOne(combo, {placement}, refusals);
+    for (const WindowLayout &layout : m_model.layouts()) {
+        if (layout.shortcut)
+            registerOne(*layout.shortcut, {layout.id}, refusals);
+    }
     QSet<ShortcutOwner> refused;
     QStringList names;
-    for (const auto &[placement, combo] : m_model.settings().shortcuts.asKeyValueRange()) {
-        if (registerOne(combo, {placement}))
-            continue;
-        refused.insert({placement});
-        names << rawValue(placement);
-    }
-    for (const WindowLayout &layout : m_model.layouts()) {
-        if (!layout.shortcut || registerOne(*layout.shortcut, {layout.id}))
-            continue;
-        refused.insert({layout.id});
-        names << u"layout "_s + layout.name;
+    for (const Refusal &refusal : std::as_const(refusals)) {
+        refused.insert(refusal.owner);
+        names << rawName(refusal.owner, m_model);
     }
     m_model.unregistered = refused;
+    tell(refusals);
     const qsizetype registered = qsizetype(m_hotKeys.size());
-    const QString line =
-        u"%1 of %2 hot keys registered"_s.arg(registered).arg(registered + names.size());
-    const char *const refusedBy =
-        QT_TRANSLATE_NOOP("Shortcuts", "; refused by macOS or another app: ");
-    const QString list = names.join(u", "_s);
-    FlightRecorder::shared().record(
-        u"hotkeys"_s, names.isEmpty() ? line : line + QString::fromLatin1(refusedBy) + list);
-    return names.isEmpty() ? line
-                           : line + QCoreApplication::translate("Shortcuts", refusedBy) + list;
+    QString line = u"%1 of %2 hot keys registered"_s.arg(registered).arg(registered + names.size());
+    if (!names.isEmpty())
+        line += QCoreApplication::translate("Shortcuts", "; refused by macOS or another app: ")
+            + names.join(u", "_s);
+    FlightRecorder::shared().record(u"hotkeys"_s, line);
+    return line;
 }
 
-bool ShortcutRegistrar::registerOne(const KeyCombo &combo, const ShortcutOwner &owner)
+void ShortcutRegistrar::registerOne(
+    const KeyCombo &combo, const ShortcutOwner &owner, QList<Refusal> &refusals)
 {
     auto hotKey =
         std::make_unique<HotKey>(combo.keyCode, combo.modifiers, [this, owner] { press(owner); });
-    if (!hotKey->isRegistered())
-        return false;
-    m_hotKeys.push_back(std::move(hotKey));
-    return true;
+    if (hotKey->isRegistered())
+        m_hotKeys.push_back(std::move(hotKey));
+    else
+        refusals << Refusal{owner, combo, hotKey->status()};
+}
+
+QString ShortcutRegistrar::sentence(const Refusal &refusal) const
+{
+    const auto translated = [](const char *text) {
+        return QCoreApplication::translate("Shortcuts", text);
+    };
+    const QString text = refusal.status == HotKeys::hotKeyExists
+        ? translated(QT_TRANSLATE_NOOP("Shortcuts", "%1 (%2) is held by another program."))
+        : refusal.status == HotKeys::hotKeyInvalid
+        ? translated(
+            QT_TRANSLATE_NOOP("Shortcuts", "%1 (%2) needs a key that this keyboard lacks."))
+        : translated(QT_TRANSLATE_NOOP(
+            "Shortcuts", "%1 (%2) does not work: nothing answered when it was asked for."));
+    return text.arg(
+        KeyCaps::plainText(refusal.combo.parts()), oneLine(m_model.title(refusal.owner)));
+}
+
+void ShortcutRegistrar::tell(const QList<Refusal> &refusals)
+{
+    QStringList sentences;
+    for (const Refusal &refusal : refusals)
+        sentences << sentence(refusal);
+    for (const QString &each : std::as_const(sentences)) {
+        if (m_told.contains(each))
+            continue;
+        std::fprintf(stderr, "Corvane: %s\n", qUtf8Printable(each));
+        FlightRecorder::shared().record(u"hotkey-refused"_s, each);
+    }
+    m_told = sentences;
 }
 
 void ShortcutRegistrar::press(const ShortcutOwner &owner) const

@@ -17,16 +17,26 @@ public:
     std::function<void(Placement)> onPlacement;
     std::function<void(const QUuid &)> onLayout;
 
-    /// Registers the whole set afresh and tells the model which were refused. None while the model
-    /// records keys, which are to do nothing else then. One line that says how it went.
+    /// Registers the whole set afresh and tells the model which were refused, and the terminal why, each
+    /// time once for as long as it stays refused. None while the model records keys, which are to do
+    /// nothing else then. One line that says how it went.
     QString registerAll();
 
 private:
-    [[nodiscard]] bool registerOne(const KeyCombo &combo, const ShortcutOwner &owner);
+    struct Refusal {
+        ShortcutOwner owner;
+        KeyCombo combo;
+        qint32 status;
+    };
+
+    void registerOne(const KeyCombo &combo, const ShortcutOwner &owner, QList<Refusal> &refusals);
+    [[nodiscard]] QString sentence(const Refusal &refusal) const;
+    void tell(const QList<Refusal> &refusals);
     void press(const ShortcutOwner &owner) const;
 
     AppModel &m_model;
     std::vector<std::unique_ptr<HotKey>> m_hotKeys;
+    QStringList m_told; ///< of those that are refused now
 };
 
 } // namespace corvane

@@ -51,7 +51,7 @@ public:
 
     /// Whitespace is skipped; each modifier's glyph is a part of its own, the rest is one last part.
     [[nodiscard]] static QStringList split(QStringView glyphs);
-    /// On one line of text: "Ctrl+Alt+Super+←".
+    /// On one line of text: "Ctrl+Alt+Super+Left".
     [[nodiscard]] static QString plainText(const QStringList &parts);
     /// Text with keys between "[[" and "]]", as one line of text.
     [[nodiscard]] static QString plainSentence(const QString &text);

@@ -250,7 +250,7 @@ TEST_F(MenuTests, thePlainFormHasTheSameRowsInWords)
         EXPECT_NE(isEmpty(icon), !action->isSeparator()) << qPrintable(action->text());
     }
     EXPECT_THAT(
-        texts(submenu(plain.menu(), u"Halves"_s)), Contains(u"Left Half\tCtrl+Alt+Super+←"_s));
+        texts(submenu(plain.menu(), u"Halves"_s)), Contains(u"Left Half\tCtrl+Alt+Super+Left"_s));
     EXPECT_THAT(texts(submenu(plain.menu(), u"Layouts"_s)), Contains(u"R&&D\tCtrl+1"_s));
 }
 
