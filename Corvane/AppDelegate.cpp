@@ -6,9 +6,11 @@
 #include "Identity.h"
 #include "KeyCaps.h"
 #include "LayoutReport.h"
+#include "Notify.h"
 #include "Platform.h"
 #include "Screens.h"
 #include "WindowWatcher.h"
+#include "Wording.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonArray>
@@ -28,6 +30,14 @@ constexpr double messagingTimeout = 1.0;
 constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
 
+void tellUnopened(const QUrl &link, bool isOpened)
+{
+    if (!isOpened)
+        notify(NotificationKind::link,
+            QCoreApplication::translate("corvane::AppDelegate", "No program opened the link"),
+            link.toDisplayString(QUrl::PreferLocalFile));
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(Log log)
@@ -42,7 +52,10 @@ AppDelegate::AppDelegate(Log log)
     , m_menus(m_model, menuTarget())
 {
     m_shortcuts.onPlacement = [this](Placement placement) { perform(placement); };
-    m_shortcuts.onLayout = [this](const QUuid &layout) { applyLayout(layout); };
+    m_shortcuts.onLayout = [this](const QUuid &id) {
+        if (const auto layout = m_model.layout(id))
+            applyLayout(*layout);
+    };
     m_commands.onPopMenu = [this] { m_menus.popUp(); };
     m_commands.onRenderStatusIcon = StatusIcon::render;
     connect(&m_menus, &MenuBoard::aboutToOpen, &m_loginItem, &LoginItemSwitch::follow);
@@ -82,8 +95,7 @@ void AppDelegate::connectModel()
     m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
     m_model.onReplayTour = [this] { show({.showTour = true}); };
     m_model.onNotify = [](const QString &title, const QString &body) {
-        // One at a time: a newer one takes the place of the last.
-        Platform::current().session().notify(u"corvane"_s, title, body);
+        notify(NotificationKind::general, title, body);
     };
     m_model.onRecordingChanged = [this](bool) { registerHotKeys(); };
     connect(
@@ -163,26 +175,33 @@ void AppDelegate::performFromMenu(Placement placement)
 {
     const OutcomeReport report = perform(placement);
     if (!std::holds_alternative<MoveOutcome::Moved>(report.outcome.value))
-        m_model.onNotify(title(placement), refusalText(report.outcome, report.frontmostName));
+        notify(NotificationKind::placement, title(placement), report.sentence());
 }
 
-void AppDelegate::applyLayout(const QUuid &id)
+// The file may have changed since, and a layout that somebody wrote by hand without an id gets another
+// one each time.
+void AppDelegate::applyLayout(const WindowLayout &shown)
 {
     m_model.refreshLayouts();
-    if (const auto layout = m_model.layout(id))
+    const auto byId = m_model.layout(shown.id);
+    if (const auto layout = byId ? byId : m_model.layout(shown.name))
         std::ignore = m_model.apply(*layout);
+    else
+        notify(NotificationKind::layout, tr("“%1” was not applied").arg(oneLine(shown.name)),
+            tr("There is no layout of this name any more."));
 }
 
 void AppDelegate::captureLayout()
 {
     m_model.refreshTrust();
     if (!m_model.accessibilityTrusted)
-        return m_model.onNotify(
-            tr("Nothing was captured"), Platform::current().windows().distrustReason());
+        return notify(NotificationKind::capture, tr("Nothing was captured"),
+            Platform::current().windows().distrustReason());
     // A failure is a notice.
     if (const auto captured = m_model.captureCurrentWindows(tr("Layout")))
-        m_model.onNotify(tr("Captured “%1”").arg(captured->name),
-            tr("Its windows come back from Corvane's menu, under Layouts."));
+        notify(NotificationKind::capture, tr("Windows captured"),
+            captureSentence(*captured) + u' '
+                + tr("They come back from Corvane's menu, under Layouts."));
 }
 
 void AppDelegate::tellWhatFailed()
@@ -194,21 +213,21 @@ void AppDelegate::tellWhatFailed()
     const auto layout = m_model.layout(apply.layout);
     const QString lines = failureLines(apply.results);
     if (layout && !lines.isEmpty())
-        m_model.onNotify(tr("“%1” is not complete").arg(layout->name), lines);
+        notify(
+            NotificationKind::layout, tr("“%1” is not complete").arg(oneLine(layout->name)), lines);
 }
 
 void AppDelegate::tellNotices()
 {
     const QList<AppModel::Notice> told = std::exchange(m_toldNotices, m_model.notices());
-    QStringList news;
     for (const AppModel::Notice &notice : m_model.notices()) {
-        if (!told.contains(notice))
-            news << KeyCaps::plainSentence(notice.text);
-    }
-    for (const QString &text : std::as_const(news))
+        if (told.contains(notice))
+            continue;
+        constexpr qsizetype longest = 1000;
+        const QString text = oneLine(KeyCaps::plainSentence(notice.text), longest);
         std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-    if (!news.isEmpty())
-        m_model.onNotify(tr("Corvane, needs attention"), news.join(u'\n'));
+        notifyProblem(notice.id, text);
+    }
 }
 
 void AppDelegate::show(const ScreenFlags &flags)
@@ -219,7 +238,7 @@ void AppDelegate::show(const ScreenFlags &flags)
         return;
     // There is no window yet that could say so.
     const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
-    m_model.onNotify(tr("This window comes in a later version"),
+    notify(NotificationKind::window, tr("This window comes in a later version"),
         tr("Until then, settings are changed in %1, which takes effect at once; placements and "
            "layouts are in the menu.")
             .arg(settings));
@@ -230,13 +249,25 @@ void AppDelegate::show(SettingsPane pane)
     show({.pane = pane});
 }
 
+void AppDelegate::openWebsite()
+{
+    const QUrl website(Identity::website);
+    tellUnopened(website, Platform::current().session().openAddress(website));
+}
+
+void AppDelegate::grantAccess()
+{
+    tellUnopened(
+        Platform::current().session().trustSettingsAddress(), Accessibility::openSettings());
+}
+
 MenuTarget AppDelegate::menuTarget()
 {
     return {
         .perform = [this](Placement placement) { performFromMenu(placement); },
-        .applyLayout = [this](const QUuid &id) { applyLayout(id); },
+        .applyLayout = [this](const WindowLayout &shown) { applyLayout(shown); },
         .captureLayout = [this] { captureLayout(); },
-        .grantAccess = [] { Accessibility::openSettings(); },
+        .grantAccess = [this] { grantAccess(); },
         .openShortcuts = [this] { show(SettingsPane::shortcuts); },
         .quitCompetitor =
             [this](const Competitor::Running &competitor) { m_model.quit(competitor.application); },
@@ -244,7 +275,7 @@ MenuTarget AppDelegate::menuTarget()
         .openAbout = [this] { show(SettingsPane::about); },
         .openSettings = [this] { show({.openSettings = true}); },
         .openTremorLog = [this] { show(SettingsPane::tremorLog); },
-        .openWebsite = [] { Platform::current().session().openAddress(QUrl(Identity::website)); },
+        .openWebsite = [this] { openWebsite(); },
         .showTour = [this] { show({.showTour = true}); },
         .hide = {},
         .hideOthers = {},

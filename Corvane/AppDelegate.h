@@ -28,6 +28,11 @@ public:
     void start();
     [[nodiscard]] Commands &commands() { return m_commands; }
 
+    // For one who does not see a terminal: what came of it, where that cannot be seen, is a
+    // notification.
+    void performFromMenu(Placement placement);
+    void captureLayout();
+
 private:
     void connectModel();
     void startWindowWatcher();
@@ -36,10 +41,9 @@ private:
     static void pruneHistory();
 
     OutcomeReport perform(Placement placement);
-    /// For one who cannot see why nothing moves.
-    void performFromMenu(Placement placement);
-    void applyLayout(const QUuid &id);
-    void captureLayout();
+    void applyLayout(const WindowLayout &shown);
+    void openWebsite();
+    void grantAccess();
     void tellWhatFailed();
     /// Those that have come since the last time.
     void tellNotices();

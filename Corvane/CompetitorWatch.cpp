@@ -1,5 +1,6 @@
 #include "CompetitorWatch.h"
 
+#include "Notify.h"
 #include "Platform.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ void CompetitorWatch::tell()
     const QStringList known = std::exchange(m_told, running);
     const bool isNews = std::ranges::any_of(
         running, [&known](const QString &name) { return !known.contains(name); });
-    if (!isNews || !m_model.onNotify)
+    if (!isNews)
         return;
     const QString joined = running.join(tr(" and "));
     const bool isOne = running.size() == 1;
@@ -45,7 +46,7 @@ void CompetitorWatch::tell()
         : tr("Two window managers answering the same keys will fight over one window. Quit %1 from "
              "Corvane's menu.")
               .arg(joined);
-    m_model.onNotify(title.arg(joined), body);
+    notify(NotificationKind::rivals, title.arg(joined), body);
 }
 
 } // namespace corvane

@@ -69,12 +69,12 @@ std::optional<CommandResult> Instance::handOver(
         u"The running Corvane did not answer: %1\n"_s.arg(oneLine(answer.errorMessage(), 200))};
 }
 
-Instance::Claim Instance::claim(InstanceService::Runner run)
+Instance::Claim Instance::claim(InstanceService::Runner run, ApplicationService::Actions actions)
 {
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return Claim::unavailable;
-    new ApplicationService(this, run);
+    new ApplicationService(this, run, std::move(actions));
     new InstanceService(this, std::move(run));
     // The object comes first: whoever sees the name may call it at once.
     bus.registerObject(objectPath, this);

@@ -24,7 +24,7 @@ public:
     /// Hands a command line to the running program. Nothing when none runs.
     [[nodiscard]] static std::optional<CommandResult> handOver(
         const QStringList &arguments, const QString &activation);
-    [[nodiscard]] Claim claim(InstanceService::Runner run);
+    [[nodiscard]] Claim claim(InstanceService::Runner run, ApplicationService::Actions actions);
 };
 
 } // namespace corvane

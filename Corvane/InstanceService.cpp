@@ -1,7 +1,7 @@
 #include "InstanceService.h"
 
 #include "Address.h"
-#include "Placement.h"
+#include "Wording.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusError>
@@ -11,19 +11,6 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// An action's command line; empty when there is no such action. The actions of the desktop entry
-/// are called like their placements.
-QStringList actionArguments(const QString &action, const QVariantList &parameter)
-{
-    if (action == "capture"_L1)
-        return {u"--capture"_s};
-    if (action == "place"_L1 && !parameter.isEmpty())
-        return {u"--place"_s, parameter.first().toString()};
-    if (placementNamed(action))
-        return {u"--place"_s, action};
-    return {};
-}
 
 QString activation(const QVariantMap &platformData)
 {
@@ -65,8 +52,9 @@ QCoro::Task<> InstanceService::answer(QStringList arguments, QString activation,
         call.createReply({result.status, result.output, result.error}));
 }
 
-ApplicationService::ApplicationService(QObject *parent, InstanceService::Runner run)
-    : QDBusAbstractAdaptor(parent), m_run(std::move(run))
+ApplicationService::ApplicationService(
+    QObject *parent, InstanceService::Runner run, Actions actions)
+    : QDBusAbstractAdaptor(parent), m_run(std::move(run)), m_actions(std::move(actions))
 {
 }
 
@@ -89,11 +77,15 @@ void ApplicationService::Open(
 void ApplicationService::ActivateAction(const QString &action, const QVariantList &parameter,
     const QVariantMap &platformData, const QDBusMessage &call)
 {
-    if (const QStringList arguments = actionArguments(action, parameter); !arguments.isEmpty()) {
-        m_run(arguments, activation(platformData));
-        return;
-    }
-    refuse(call, u"There is no action \"%1\"."_s.arg(action));
+    if (action == "capture"_L1)
+        return m_actions.capture();
+    // The actions of the desktop entry are called like their placements.
+    const QString name = action == "place"_L1 ? parameter.value(0).toString() : action;
+    if (const auto placement = placementNamed(name))
+        return m_actions.perform(*placement);
+    if (action == "place"_L1)
+        return refuse(call, u"There is no placement \"%1\"."_s.arg(oneLine(name)));
+    refuse(call, u"There is no action \"%1\"."_s.arg(oneLine(action)));
 }
 
 } // namespace corvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandResult.h"
+#include "Placement.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QVariantMap>
@@ -48,7 +49,13 @@ class ApplicationService final : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    ApplicationService(QObject *parent, InstanceService::Runner run);
+    /// What the program does for one who sees no terminal.
+    struct Actions {
+        std::function<void(Placement)> perform;
+        std::function<void()> capture;
+    };
+
+    ApplicationService(QObject *parent, InstanceService::Runner run, Actions actions);
 
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
@@ -60,6 +67,7 @@ public Q_SLOTS:
 
 private:
     InstanceService::Runner m_run;
+    Actions m_actions;
 };
 
 } // namespace corvane

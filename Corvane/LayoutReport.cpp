@@ -1,5 +1,6 @@
 #include "LayoutReport.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -87,6 +88,17 @@ QString captureText(const WindowLayout &layout, bool asJson)
         return inOneLine(QJsonDocument(layout.toJson()));
     return u"Captured %1 on %2 as \"%3\".\n"_s.arg(counted(layout.panes.size(), u"window"_s),
         counted(layout.displays.size(), u"display"_s), oneLine(layout.name));
+}
+
+QString captureSentence(const WindowLayout &layout)
+{
+    const auto count = [](const char *noun, qsizetype number) {
+        return QCoreApplication::translate("LayoutReport", noun, nullptr, static_cast<int>(number));
+    };
+    return QCoreApplication::translate("LayoutReport", "Captured %1 on %2 as “%3”.")
+        .arg(count(QT_TRANSLATE_N_NOOP("LayoutReport", "%n window(s)"), layout.panes.size()),
+            count(QT_TRANSLATE_N_NOOP("LayoutReport", "%n display(s)"), layout.displays.size()),
+            oneLine(layout.name));
 }
 
 QString applyLines(const QList<PaneResult> &results, Titles titles)

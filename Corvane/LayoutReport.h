@@ -15,6 +15,8 @@ namespace corvane {
 [[nodiscard]] QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts);
 /// One sentence, or the layout as one JSON object.
 [[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
+/// The same for the user.
+[[nodiscard]] QString captureSentence(const WindowLayout &layout);
 /// A line per pane.
 [[nodiscard]] QString applyLines(const QList<PaneResult> &results, Titles titles = Titles::shown);
 /// Of the panes whose app is not in its place.

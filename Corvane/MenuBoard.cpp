@@ -1,5 +1,7 @@
 #include "MenuBoard.h"
 
+#include "Platform.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -27,6 +29,10 @@ MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
 {
     m_item.setMenus(&m_drawn.menu(), &m_plain.menu());
     connect(&m_item, &StatusItem::aboutToOpen, this, &MenuBoard::prepareToOpen);
+    connect(&m_drawn.menu(), &QMenu::aboutToHide, this, [this] {
+        if (m_isStale)
+            rebuildMenu();
+    });
     connect(&m_item, &StatusItem::unreachable, this, [] {
         std::fputs(
             "Corvane: this desktop has no tray for its icon. Start Corvane again to open its "
@@ -44,6 +50,7 @@ void MenuBoard::start()
     connect(&m_model, &AppModel::competitorsChanged, this, &MenuBoard::rebuildMenu);
     connect(&m_model, &AppModel::updateStatusChanged, this, &MenuBoard::rebuildMenu);
     connect(&m_model, &AppModel::lookChanged, this, &MenuBoard::rebuildMenu);
+    connect(&Platform::current().displays(), &Displays::changed, this, &MenuBoard::rebuildMenu);
     rebuildMenu();
 }
 
@@ -64,6 +71,7 @@ void MenuBoard::prepareToOpen()
 {
     m_model.refreshTrust();
     m_model.refreshCompetitors();
+    m_model.refreshFiles();
     Q_EMIT aboutToOpen();
     fill();
 }

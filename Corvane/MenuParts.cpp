@@ -59,7 +59,7 @@ void addLayouts(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTa
             if (const auto *keys = std::get_if<Trailing::Keys>(&row.trailing.value))
                 *row.spokenTrailing += u", "_s + KeyCaps::spoken(keys->parts);
         }
-        rows.add(menu, row, [apply = target.applyLayout, id = layout.id] { apply(id); });
+        rows.add(menu, row, [apply = target.applyLayout, layout] { apply(layout); });
     }
 }
 

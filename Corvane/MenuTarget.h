@@ -2,8 +2,7 @@
 
 #include "Competitors.h"
 #include "Placement.h"
-
-#include <QtCore/QUuid>
+#include "WindowLayout.h"
 
 #include <functional>
 
@@ -12,7 +11,7 @@ namespace corvane {
 /// What the rows of the menus do. A row without a function is disabled.
 struct MenuTarget {
     std::function<void(Placement)> perform;
-    std::function<void(const QUuid &)> applyLayout;
+    std::function<void(const WindowLayout &shown)> applyLayout;
     std::function<void()> captureLayout;
 
     std::function<void()> grantAccess;

@@ -21,6 +21,14 @@ QString OutcomeReport::line(Titles titles) const
         oneLine(record.displayName), recorded == name ? QString() : u" (%1)"_s.arg(recorded));
 }
 
+QString OutcomeReport::sentence() const
+{
+    const QString name = frontmostName ? oneLine(*frontmostName) : QString();
+    return distrustReason.isEmpty()
+        ? refusalSentence(outcome, name.isEmpty() ? std::nullopt : std::optional(name))
+        : distrustReason;
+}
+
 QJsonObject OutcomeReport::json() const
 {
     QJsonObject object{{u"outcome"_s, outcomeName(outcome)}};

@@ -17,6 +17,8 @@ struct OutcomeReport {
 
     /// One line, without a line break.
     [[nodiscard]] QString line(Titles titles = Titles::shown) const;
+    /// Why nothing moved, for the user.
+    [[nodiscard]] QString sentence() const;
     /// Rectangles as [x, y, width, height] in accessibility coordinates, dates in ISO 8601.
     [[nodiscard]] QJsonObject json() const;
     [[nodiscard]] CommandResult result(bool asJson) const;

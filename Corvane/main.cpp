@@ -5,7 +5,6 @@
 #include "FileCommands.h"
 #include "FlightRecorder.h"
 #include "Instance.h"
-#include "KeyCaps.h"
 #include "LegacyIdentity.h"
 #include "StatusIcon.h"
 #include "UserDefaults.h"
@@ -87,9 +86,12 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
         return finish(failure(CommandResult::refused, desktop.error()));
     AppDelegate delegate(line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet);
     Instance instance;
-    const auto claim = instance.claim([&](const QStringList &asked, const QString &activation) {
-        return run(delegate.commands(), asked, activation);
-    });
+    const auto claim = instance.claim(
+        [&](const QStringList &asked, const QString &activation) {
+            return run(delegate.commands(), asked, activation);
+        },
+        {.perform = [&](Placement placement) { delegate.performFromMenu(placement); },
+            .capture = [&] { delegate.captureLayout(); }});
     if (claim == Instance::Claim::taken)
         return finish(Instance::handOver(arguments, line.activation).value_or(CommandResult{}));
     if (claim == Instance::Claim::unavailable)

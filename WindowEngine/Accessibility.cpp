@@ -48,10 +48,10 @@ void Accessibility::clearStaleRow()
         onDiagnostic(clearingReport(status));
 }
 
-void Accessibility::openSettings()
+bool Accessibility::openSettings()
 {
     Session &session = Platform::current().session();
-    session.openAddress(session.trustSettingsAddress());
+    return session.openAddress(session.trustSettingsAddress());
 }
 
 QString Accessibility::paneName()

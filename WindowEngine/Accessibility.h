@@ -25,8 +25,8 @@ public:
     /// Asks for the permission; true when it is there already.
     static bool requestTrust(StaleRow staleRow);
     static void clearStaleRow();
-    /// Shows the user where the permission is granted.
-    static void openSettings();
+    /// Shows the user where the permission is granted. False when nothing could show it.
+    static bool openSettings();
     /// What the settings pane is called on this system.
     [[nodiscard]] static QString paneName();
 

@@ -61,6 +61,9 @@ struct MoveOutcome {
 /// What diagnostics say of a placement that moved nothing; empty for one that did.
 [[nodiscard]] QString refusalText(
     const MoveOutcome &outcome, const std::optional<QString> &frontmostName);
+/// The same for the user, as a whole sentence.
+[[nodiscard]] QString refusalSentence(
+    const MoveOutcome &outcome, const std::optional<QString> &frontmostName);
 /// What the activity log says of a refusal, after the application's name.
 [[nodiscard]] QString activityText(const QString &refusedReason);
 

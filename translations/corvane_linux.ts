@@ -246,12 +246,49 @@
         <source>Equals</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LayoutHistory</name>
     <message>
         <source>Revert %1</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LayoutReport</name>
+    <message>
+        <source>Captured %1 on %2 as “%3”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n window(s)</source>
+        <translation>
+            <numerusform>%n window</numerusform>
+            <numerusform>%n windows</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n display(s)</source>
+        <translation>
+            <numerusform>%n display</numerusform>
+            <numerusform>%n displays</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -347,6 +384,57 @@
     <name>MenuRows</name>
     <message>
         <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MoveOutcome</name>
+    <message>
+        <source>%1 is in full screen.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The window manager tiles this window.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The window manager kept this window where it is.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The window manager did not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 did not answer. It may be busy.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 would not let its window move.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has no window in front that could be moved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no window in front that could be moved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Windows cannot be moved now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane has made no move of this window that it could take back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane did not see this window open, so it does not know where it was then.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is only one display to be on.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -530,6 +618,18 @@
         <source>; refused by macOS or another app: </source>
         <translation>; refused by the desktop or another app: </translation>
     </message>
+    <message>
+        <source>%1 (%2) is held by another program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2) needs a key that this keyboard lacks.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2) does not work: nothing answered when it was asked for.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>StatusIcon</name>
@@ -590,14 +690,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Captured “%1”</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Its windows come back from Corvane&apos;s menu, under Layouts.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>“%1” is not complete</source>
         <translation type="unfinished"></translation>
     </message>
@@ -615,6 +707,26 @@
     </message>
     <message>
         <source>Corvane, needs attention</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No program opened the link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not applied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no layout of this name any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Windows captured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>They come back from Corvane&apos;s menu, under Layouts.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

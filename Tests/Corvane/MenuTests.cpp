@@ -60,7 +60,7 @@ protected:
     {
         const auto note = [this](const QString &wish) { return [=, this] { asked << wish; }; };
         return {.perform = [this](Placement placement) { asked << title(placement); },
-            .applyLayout = [this](const QUuid &id) { asked << model.layout(id)->name; },
+            .applyLayout = [this](const WindowLayout &shown) { asked << shown.name; },
             .captureLayout = note(u"capture"_s),
             .grantAccess = note(u"grant access"_s),
             .openShortcuts = note(u"shortcuts"_s),

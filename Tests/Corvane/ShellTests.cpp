@@ -51,21 +51,6 @@ protected:
     AppModel model = desk.model();
 };
 
-/// Hears the competitors' notifications.
-class CompetitorWatchTests : public ShellTests
-{
-protected:
-    CompetitorWatchTests()
-    {
-        model.onNotify = [this](const QString &title, const QString &body) {
-            told << title + u'|' + body;
-        };
-    }
-
-    QStringList told;
-    CompetitorWatch watch{model};
-};
-
 class LoginItemSwitchTests : public ShellTests
 {
 protected:
@@ -79,20 +64,28 @@ protected:
 
 } // namespace
 
-TEST_F(CompetitorWatchTests, eachCompetitorThatStartsIsToldOnce)
+TEST_F(ShellTests, eachCompetitorThatStartsIsToldOnce)
 {
+    CompetitorWatch watch(model);
     startCompetitor(u"com.manytricks.Moom"_s, u"Moom"_s);
     model.refreshCompetitors();
     watch.start();
+    const QList<SimulatedSession::Notification> first = session().notifications;
     const pid_t rival = startCompetitor(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
+    const QList<SimulatedSession::Notification> both = session().notifications;
     desk.platform.desktop().quit(rival);
     settle();
 
-    EXPECT_THAT(told,
-        ElementsAre(u"Moom is also running|Two window managers answering the same keys will fight "
-                    "over one window. Quit it from Corvane's menu."_s,
-            u"SizeUp and Moom are also running|Two window managers answering the same keys will "
-            "fight over one window. Quit SizeUp and Moom from Corvane's menu."_s));
+    EXPECT_THAT(first,
+        ElementsAre(SimulatedSession::Notification{u"rivals"_s, u"Moom is also running"_s,
+            u"Two window managers answering the same keys will fight over one window. Quit it "
+            "from Corvane's menu."_s}));
+    EXPECT_THAT(both,
+        ElementsAre(
+            SimulatedSession::Notification{u"rivals"_s, u"SizeUp and Moom are also running"_s,
+                u"Two window managers answering the same keys will fight over one window. Quit "
+                "SizeUp and Moom from Corvane's menu."_s}));
+    EXPECT_EQ(session().notifications, both);
     EXPECT_THAT(model.competitors.value(), SizeIs(1));
 }
 

@@ -1,0 +1,30 @@
+#include "Notify.h"
+
+#include "Platform.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <array>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr std::array kindNames{
+    "placement"_L1, "capture"_L1, "layout"_L1, "rivals"_L1, "link"_L1, "window"_L1, "general"_L1};
+static_assert(kindNames.size() == static_cast<size_t>(NotificationKind::general) + 1);
+} // namespace
+
+void notify(NotificationKind kind, const QString &title, const QString &body)
+{
+    Platform::current().session().notify(kindNames[static_cast<size_t>(kind)], title, body);
+}
+
+void notifyProblem(const QString &noticeId, const QString &text)
+{
+    Platform::current().session().notify(u"problem-"_s + noticeId,
+        QCoreApplication::translate("corvane::AppDelegate", "Corvane, needs attention"), text);
+}
+
+} // namespace corvane
