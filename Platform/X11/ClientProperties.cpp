@@ -56,6 +56,19 @@ void readClass(const PropertyReply &reply, KnownWindow &known)
     known.className = QString::fromUtf8(names.value(1));
 }
 
+/// A window lists its types in order of preference, and those of its toolkit's own among them.
+std::optional<Atom> knownType(const Connection &connection, std::span<const quint32> types)
+{
+    for (const quint32 type : types) {
+        for (auto known = Atom::typeNormal; known <= Atom::typeDnd;
+             known = Atom(static_cast<int>(known) + 1)) {
+            if (connection.atom(known) == type)
+                return known;
+        }
+    }
+    return std::nullopt;
+}
+
 xcb_res_query_client_ids_cookie_t requestClientIds(
     const Connection &connection, xcb_window_t window)
 {
@@ -120,17 +133,14 @@ WindowKind readKind(Connection &connection, const KindRequest &request, xcb_wind
 {
     const auto type = propertyReply(connection, request.type);
     const auto transientFor = propertyReply(connection, request.transientFor);
-    const auto types = values32(type);
-    const auto is = [&](Atom atom) { return !types.empty() && types[0] == connection.atom(atom); };
-
-    if (is(Atom::typeDesktop))
+    const Atom known = knownType(connection, values32(type)).value_or(Atom::typeNormal);
+    if (known == Atom::typeDesktop)
         return WindowKind::desktop;
-    if (is(Atom::typeDock))
+    if (known == Atom::typeDock)
         return WindowKind::panel;
     const auto owner = values32(transientFor);
-    const bool isTransient = !owner.empty() && owner[0] != window;
-    return isTransient || (!types.empty() && !is(Atom::typeNormal)) ? WindowKind::dialog
-                                                                    : WindowKind::standard;
+    const bool isTransient = !owner.empty() && owner[0] != window && owner[0] != noWindow;
+    return isTransient || known != Atom::typeNormal ? WindowKind::dialog : WindowKind::standard;
 }
 
 ClientPropertiesRequest requestClientProperties(const Connection &connection, xcb_window_t window)

@@ -1,41 +1,12 @@
-#include "Platform.h"
-#include "TestClient.h"
-#include "WindowManagerProcess.h"
-#include "X11Platform.h"
-
-#include <QtCore/QCoreApplication>
-
-#include <gmock/gmock.h>
+#include "X11Desk.h"
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
 using namespace desktop;
 
 namespace {
 
-struct X11SessionTests : testing::Test {
-    expected<std::unique_ptr<VirtualDesktop>, QString> desk = VirtualDesktop::start({});
-    expected<std::unique_ptr<WindowManagerProcess>, QString> windowManager;
-    expected<std::unique_ptr<Platform>, QString> platform;
-
-    void SetUp() override
-    {
-        ASSERT_TRUE(desk) << qPrintable(desk.error());
-        windowManager = WindowManagerProcess::start(**desk, u"openbox"_s);
-        ASSERT_TRUE(windowManager) << qPrintable(windowManager.error());
-        qputenv("DISPLAY", (*desk)->displayName().toLocal8Bit());
-        platform = openX11Platform([] {});
-        ASSERT_TRUE(platform) << qPrintable(platform.error());
-    }
-    static bool eventually(const std::function<bool()> &condition)
-    {
-        return waitUntil([&] {
-            QCoreApplication::processEvents();
-            return condition();
-        });
-    }
-};
+using X11SessionTests = X11Desk;
 
 } // namespace
 
