@@ -61,9 +61,11 @@ void settle(const AXWindow &window, const Rect &target)
 {
     for (int round = 0; round < settleRounds; ++round) {
         const std::optional<Rect> reached = window.frame();
-        if (!reached || !Geometry::fallsShort(*reached, target))
+        if (!reached || !Geometry::fallsShort(*reached, target)
+            || access().isFinal(window.element, target.size()))
             return;
         Platform::current().clock().sleep(settlePause);
+        access().readAnew(window.element);
         (void)access().setPosition(window.element, target.origin());
         (void)access().setSize(window.element, target.size());
     }

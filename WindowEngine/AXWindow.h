@@ -48,7 +48,7 @@ struct AXWindow {
 
     /// Moves the window to `target`. A window that insists on being larger keeps to the edges of
     /// `bounds` that the target touches within `slack`; one that stays smaller is no error. May
-    /// sleep three times 0.06 seconds for an application that follows late.
+    /// sleep three times 0.06 seconds for an application that may yet follow.
     [[nodiscard]] expected<void, MoveError> setFrame(
         const Rect &target, const std::optional<Rect> &bounds, double slack) const;
 

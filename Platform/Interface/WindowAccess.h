@@ -72,6 +72,9 @@ public:
     /// given, and may do so later than the call: read the frame to know what it took.
     [[nodiscard]] virtual AXError setPosition(const WindowElement &window, Point origin) = 0;
     [[nodiscard]] virtual AXError setSize(const WindowElement &window, Size size) = 0;
+    /// Whether the window, as it now is, comes no closer to this size because its own limits explain
+    /// what it is. False while it may yet follow, and where the desktop cannot tell.
+    [[nodiscard]] virtual bool isFinal(const WindowElement &, Size) { return false; }
     /// Why the desktop refused the last write to this window, where it can tell; else empty.
     [[nodiscard]] virtual QString refusalDetail(const WindowElement &window) = 0;
 
@@ -92,6 +95,8 @@ public:
     /// Between the two, reads may share one look at a window and writes may be merged. They nest.
     virtual void beginOperation() { }
     virtual void endOperation() { }
+    /// Only inside an operation: the next read of the window looks at it once more.
+    virtual void readAnew(const WindowElement &) { }
     /// Only inside an operation: reads all there is to know of these applications' windows, titles
     /// included, in one go; what asks for it one by one until the operation ends need not wait.
     virtual void lookAhead(const QList<pid_t> &) { }

@@ -26,6 +26,7 @@ public:
 
     bool tiling = false; ///< standard windows refuse every write
     bool holdsSizes = false; ///< a size waits inside an operation, as the interface allows
+    bool sharesLooks = false; ///< an operation sees a frame as it first did, but for its own writes
     bool fitsSizesToDisplay = false; ///< a size is cut where the window would leave its display
     bool bringsOneForward = true; ///< one window can come forward without its application's others
 

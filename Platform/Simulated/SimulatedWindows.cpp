@@ -79,7 +79,13 @@ QList<OnScreenWindow> SimulatedWindows::onScreenWindows()
 
 expected<Rect, AXError> SimulatedWindows::frame(const WindowElement &window)
 {
-    return look(window).map([](const SimulatedWindow *seen) { return seen->frame; });
+    return look(window).map([this](const SimulatedWindow *seen) {
+        if (!m_desktop.sharesLooks || m_operationDepth == 0)
+            return seen->frame;
+        if (!m_looks.contains(seen->element))
+            m_looks.insert(seen->element, seen->frame);
+        return m_looks.value(seen->element);
+    });
 }
 
 expected<QString, AXError> SimulatedWindows::title(const WindowElement &window)
@@ -125,6 +131,12 @@ AXError SimulatedWindows::setSize(const WindowElement &window, Size size)
     const AXError status = writeSize(window, size);
     m_writes << WindowWrite{window, size, status};
     return status;
+}
+
+bool SimulatedWindows::isFinal(const WindowElement &window, Size size)
+{
+    const auto seen = look(window);
+    return seen && (*seen)->frame.size() == (*seen)->constrained(size);
 }
 
 QString SimulatedWindows::refusalDetail(const WindowElement &window)
@@ -214,6 +226,7 @@ void SimulatedWindows::endOperation()
         if (SimulatedWindow *window = m_desktop.findWindow(element))
             sendHeldSize(*window);
     m_heldSizes.clear();
+    m_looks.clear();
 }
 
 /// Asks nothing of a window and tells nothing about it, as a request sent without waiting.
@@ -226,8 +239,8 @@ void SimulatedWindows::moveAhead(const QList<WindowMove> &moves)
         if (!window || m_desktop.application(window->pid).hung
             || refusal(*window, window->refusesPosition) || refusal(*window, window->refusesSize))
             continue;
-        m_desktop.moveWindow(*window, move.frame.origin());
-        m_desktop.resizeWindow(*window, move.frame.size());
+        this->move(*window, move.frame.origin());
+        resize(*window, move.frame.size());
     }
 }
 
@@ -291,7 +304,7 @@ AXError SimulatedWindows::writePosition(const WindowElement &element, Point orig
         return *refused;
     if (!std::isfinite(origin.x) || !std::isfinite(origin.y))
         return AXError::failure;
-    m_desktop.moveWindow(**window, origin);
+    move(**window, origin);
     sendHeldSize(**window);
     return AXError::success;
 }
@@ -308,16 +321,32 @@ AXError SimulatedWindows::writeSize(const WindowElement &element, Size size)
     if (m_desktop.holdsSizes && m_operationDepth > 0)
         m_heldSizes.insert(element, size);
     else
-        m_desktop.resizeWindow(**window, size);
+        resize(**window, size);
     return AXError::success;
 }
 
 void SimulatedWindows::sendHeldSize(SimulatedWindow &window)
 {
     if (const auto held = m_heldSizes.constFind(window.element); held != m_heldSizes.constEnd()) {
-        m_desktop.resizeWindow(window, *held);
+        resize(window, *held);
         m_heldSizes.erase(held);
     }
+}
+
+void SimulatedWindows::move(SimulatedWindow &window, Point origin)
+{
+    const Rect before = window.frame;
+    m_desktop.moveWindow(window, origin);
+    if (window.frame != before)
+        m_looks.remove(window.element);
+}
+
+void SimulatedWindows::resize(SimulatedWindow &window, Size size)
+{
+    const Rect before = window.frame;
+    m_desktop.resizeWindow(window, size);
+    if (window.frame != before)
+        m_looks.remove(window.element);
 }
 
 } // namespace corvane

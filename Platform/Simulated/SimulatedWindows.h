@@ -43,6 +43,7 @@ public:
 
     AXError setPosition(const WindowElement &window, Point origin) override;
     AXError setSize(const WindowElement &window, Size size) override;
+    bool isFinal(const WindowElement &window, Size size) override;
     QString refusalDetail(const WindowElement &window) override;
 
     void raise(const WindowElement &window) override;
@@ -56,6 +57,7 @@ public:
 
     void beginOperation() override;
     void endOperation() override;
+    void readAnew(const WindowElement &window) override { m_looks.remove(window); }
     void moveAhead(const QList<WindowMove> &moves) override;
 
     // What a test asks afterwards.
@@ -79,6 +81,8 @@ private:
     AXError writePosition(const WindowElement &element, Point origin);
     AXError writeSize(const WindowElement &element, Size size);
     void sendHeldSize(SimulatedWindow &window);
+    void move(SimulatedWindow &window, Point origin);
+    void resize(SimulatedWindow &window, Size size);
 
     SimulatedDesktop &m_desktop;
     Clock::Duration m_messagingTimeout{1000};
@@ -86,6 +90,7 @@ private:
     QList<WindowWrite> m_writes;
     QList<QList<WindowMove>> m_movesAhead;
     QHash<WindowElement, Size> m_heldSizes;
+    QHash<WindowElement, Rect> m_looks; ///< the frames that this operation has seen
     int m_operationDepth = 0;
     int m_operationCount = 0;
 };

@@ -209,6 +209,13 @@ AXError X11WindowAccess::setSize(const WindowElement &window, Size size)
     return m_operations > 0 ? AXError::success : flushSize();
 }
 
+bool X11WindowAccess::isFinal(const WindowElement &window, Size size)
+{
+    return read<bool>(window, [size](const WindowSnapshot &snapshot) {
+        return snapshot.client.size() == snapshot.clientSizeFor(size);
+    }).value_or(false);
+}
+
 QString X11WindowAccess::refusalDetail(const WindowElement &)
 {
     return m_refusalDetail;
@@ -302,6 +309,12 @@ void X11WindowAccess::endOperation()
     m_snapshots.clear();
     m_titles.clear();
     m_windows.clear();
+}
+
+void X11WindowAccess::readAnew(const WindowElement &window)
+{
+    Q_ASSERT(m_operations > 0);
+    m_snapshots.remove(window);
 }
 
 void X11WindowAccess::lookAhead(const QList<pid_t> &pids)

@@ -36,6 +36,7 @@ public:
 
     AXError setPosition(const WindowElement &window, Point origin) override;
     AXError setSize(const WindowElement &window, Size size) override;
+    bool isFinal(const WindowElement &window, Size size) override;
     QString refusalDetail(const WindowElement &window) override;
 
     void raise(const WindowElement &window) override;
@@ -49,6 +50,7 @@ public:
 
     void beginOperation() override { ++m_operations; }
     void endOperation() override;
+    void readAnew(const WindowElement &window) override;
     void lookAhead(const QList<pid_t> &pids) override;
     void moveAhead(const QList<WindowMove> &moves) override;
 

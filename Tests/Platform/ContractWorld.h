@@ -51,6 +51,7 @@ public:
     virtual WindowElement openWindowNumbered(pid_t pid, quint64 number) = 0;
     virtual void closeWindow(const WindowElement &window) = 0;
     virtual void focus(const WindowElement &window) = 0;
+    virtual void drag(const WindowElement &window, Point origin) = 0;
 
     /// A second display, and away again.
     virtual void plugDisplay() = 0;

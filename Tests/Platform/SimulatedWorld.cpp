@@ -11,14 +11,14 @@ using namespace std::chrono_literals;
 namespace {
 
 /// The ways in which the simulated desktop may keep the contract.
-enum class Manner { immediate, holdingSizes, resizingLate };
+enum class Manner { immediate, thrifty, resizingLate };
 
 class SimulatedWorld final : public ContractWorld
 {
 public:
     explicit SimulatedWorld(Manner manner) : m_manner(manner)
     {
-        m_desktop.holdsSizes = manner == Manner::holdingSizes;
+        m_desktop.holdsSizes = m_desktop.sharesLooks = manner == Manner::thrifty;
         m_primary = m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
     }
 
@@ -51,6 +51,11 @@ public:
     }
     void closeWindow(const WindowElement &window) override { m_desktop.closeWindow(window); }
     void focus(const WindowElement &window) override { m_desktop.focus(window); }
+
+    void drag(const WindowElement &window, Point origin) override
+    {
+        m_desktop.moveWindow(m_desktop.window(window), origin);
+    }
 
     void plugDisplay() override
     {
@@ -124,8 +129,7 @@ ContractWorldFactory factory(const char *name, Manner manner)
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Simulated, PlatformContract,
-    testing::Values(factory("immediate", Manner::immediate),
-        factory("holdingSizes", Manner::holdingSizes),
+    testing::Values(factory("immediate", Manner::immediate), factory("thrifty", Manner::thrifty),
         factory("resizingLate", Manner::resizingLate)),
     PlatformContract::nameOf);
 

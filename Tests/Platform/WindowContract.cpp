@@ -87,6 +87,34 @@ TEST_P(PlatformContract, aReadInsideAnOperationSeesTheSizeWrittenBefore)
     }));
 }
 
+TEST_P(PlatformContract, aWindowReadAnewInsideAnOperationIsSeenAsItIsByThen)
+{
+    const WindowElement window = world().openWindow(world().startApplication());
+    const WindowOperation operation(windows());
+    EXPECT_TRUE(windows().frame(window));
+
+    world().drag(window, {310, 230});
+
+    EXPECT_TRUE(world().waitUntil([&] {
+        windows().readAnew(window);
+        return windows().frame(window).value_or(Rect()).origin() == Point{310, 230};
+    }));
+}
+
+TEST_P(PlatformContract, aSizeIsFinalOnceTheWindowsOwnLimitsExplainIt)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement fixed = world().openWindow(pid, {.fixedSize = true});
+    const WindowElement least = world().openWindow(pid, {.minimum = Size{450, 350}});
+
+    EXPECT_TRUE(windows().isFinal(fixed, {700, 600}));
+    EXPECT_TRUE(windows().isFinal(least, {500, 400}));
+    EXPECT_FALSE(windows().isFinal(least, {200, 600}));
+    EXPECT_EQ(windows().setSize(least, {200, 600}), AXError::success);
+    EXPECT_TRUE(world().waitUntil([&] { return windows().isFinal(least, {200, 600}); }));
+    EXPECT_FALSE(windows().isFinal(least, {700, 600}));
+}
+
 TEST_P(PlatformContract, aGoneWindowAnswersEveryCallWithInvalid)
 {
     const WindowElement window = world().openWindow(world().startApplication());
@@ -104,6 +132,7 @@ TEST_P(PlatformContract, aGoneWindowAnswersEveryCallWithInvalid)
     EXPECT_EQ(windows().isStandard(window), unexpected(gone));
     EXPECT_EQ(windows().setPosition(window, {1, 1}), gone);
     EXPECT_EQ(windows().setSize(window, {300, 300}), gone);
+    EXPECT_FALSE(windows().isFinal(window, {300, 300}));
     EXPECT_EQ(windows().windowID(window), std::nullopt);
     EXPECT_FALSE(windows().bringToFrontAlone(window));
     windows().raise(window);

@@ -61,24 +61,34 @@ TEST_F(AXWindowTests, aSizeThatDidNotFitAtTheOldPlaceFitsAtTheNewOne)
     EXPECT_EQ(desk.frameOf(window), leftHalf);
 }
 
-TEST_F(AXWindowTests, aWindowThatFollowsLateIsWaitedFor)
+TEST_F(AXWindowTests, onlyAWindowThatMayYetFollowIsWaitedForAndOnlyUntilItDoes)
 {
-    const AXWindow window = desk.open({.resizesAfter = 100ms});
+    struct Example {
+        const char *name;
+        WindowSpec wanted;
+        Size reached;
+        Clock::Duration waited;
+        bool sharesLooks = false;
+    };
+    const Example examples[]{
+        {"late", {.resizesAfter = 100ms}, leftHalf.size(), 120ms},
+        {"late, and seen once in an operation", {.resizesAfter = 100ms}, leftHalf.size(), 120ms,
+            true},
+        {"later than three rounds", {.resizesAfter = 1s}, {400, 300}, 180ms},
+        {"held by a largest size", {.maximum = Size{300, 200}}, {300, 200}, 0ms},
+        {"of fixed size", {.frame = {5, 50, 200, 100}, .fixedSize = true}, {200, 100}, 0ms},
+    };
+    for (const auto &[name, wanted, reached, waited, sharesLooks] : examples) {
+        SCOPED_TRACE(name);
+        desk.desktop.sharesLooks = sharesLooks;
+        const AXWindow window = desk.open(wanted);
+        const Clock::Duration start = desk.platform.clock().now();
 
-    ASSERT_TRUE(move(window, leftHalf));
+        ASSERT_TRUE(move(window, leftHalf));
 
-    EXPECT_EQ(desk.frameOf(window), leftHalf);
-    EXPECT_EQ(desk.platform.clock().now(), 120ms);
-}
-
-TEST_F(AXWindowTests, waitingEndsAfterThreeRoundsWithoutAnError)
-{
-    const AXWindow window = desk.open({.maximum = Size{300, 200}});
-
-    ASSERT_TRUE(move(window, leftHalf));
-
-    EXPECT_EQ(desk.frameOf(window), (Rect{0, 25, 300, 200}));
-    EXPECT_EQ(desk.platform.clock().now(), 180ms);
+        EXPECT_EQ(desk.frameOf(window), (Rect{0, 25, reached.width, reached.height}));
+        EXPECT_EQ(desk.platform.clock().now() - start, waited);
+    }
 }
 
 TEST_F(AXWindowTests, aWindowThatInsistsOnItsMinimumKeepsToItsEdge)
@@ -120,15 +130,6 @@ TEST_F(AXWindowTests, twoPointsTooLargeAreLetBe)
 
     EXPECT_EQ(desk.frameOf(window), (Rect{960, 25, 482, 875}));
     EXPECT_EQ(desk.platform.windows().writes().size(), 3);
-}
-
-TEST_F(AXWindowTests, aFixedWindowMovesWithoutAnError)
-{
-    const AXWindow window = desk.open({.frame = {5, 50, 200, 100}, .fixedSize = true});
-
-    ASSERT_TRUE(move(window, rightThird));
-
-    EXPECT_EQ(desk.frameOf(window), (Rect{960, 25, 200, 100}));
 }
 
 TEST_F(AXWindowTests, aFullScreenWindowIsNotWrittenTo)

@@ -44,6 +44,7 @@ public:
     WindowElement openWindowNumbered(pid_t pid, quint64 number) override;
     void closeWindow(const WindowElement &window) override;
     void focus(const WindowElement &window) override;
+    void drag(const WindowElement &window, Point origin) override;
 
     void plugDisplay() override
     {
@@ -224,6 +225,13 @@ void X11World::focus(const WindowElement &window)
     // A panel need not take the focus; whoever asks sees what the window manager made of it.
     static_cast<void>(
         desktop::waitUntil([&] { return m_probe->activeWindow() == number; }, Milliseconds(500)));
+}
+
+void X11World::drag(const WindowElement &window, Point origin)
+{
+    const auto number = static_cast<xcb_window_t>(window.number);
+    const Size size = m_probe->clientGeometry(number).value_or(Rect()).size();
+    m_pager->moveResize(number, {origin.x, origin.y, size.width, size.height});
 }
 
 void X11World::addPanel(Edge edge, double thickness)
