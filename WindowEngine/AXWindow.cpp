@@ -144,7 +144,8 @@ QString AXWindow::title() const
 QString AXWindow::appName() const
 {
     const auto application = Platform::current().applications().application(pid);
-    return application ? application->localizedName : u"pid %1"_s.arg(pid);
+    return application && !application->localizedName.isEmpty() ? application->localizedName
+                                                                : u"pid %1"_s.arg(pid);
 }
 
 bool AXWindow::isFullScreen() const

@@ -57,6 +57,8 @@ QList<pid_t> ProcessFiles::ownProcesses() const
 
 std::optional<Sandbox> ProcessFiles::sandbox(pid_t pid) const
 {
+    if (pid <= 0)
+        return std::nullopt;
     const QString name = KeyFile(path(pid, "root/.flatpak-info"), "Application").text("name");
     return name.isEmpty() ? snap(pid) : Sandbox{name, name + u'.'};
 }
@@ -76,6 +78,8 @@ std::optional<Sandbox> ProcessFiles::snap(pid_t pid) const
 
 QStringList ProcessFiles::programs(pid_t pid) const
 {
+    if (pid <= 0)
+        return {};
     QString executable = QFile::symLinkTarget(path(pid, "exe"));
     // So the kernel calls a program that was replaced while it runs.
     if (const QString suffix = u" (deleted)"_s; executable.endsWith(suffix))

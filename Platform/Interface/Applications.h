@@ -13,7 +13,7 @@ namespace corvane {
 
 /// A process that has shown a window.
 struct RunningApplication {
-    pid_t pid = 0;
+    pid_t pid = 0; ///< below zero: not a process of this machine's, or not known to be one
     QString bundleIdentifier; ///< the desktop entry's id, else the window class
     QString localizedName;
     bool isRegular = false; ///< has a window that the task bar lists

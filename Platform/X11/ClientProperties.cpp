@@ -9,6 +9,8 @@
 
 namespace corvane::x11 {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The process, as the server knows it from the socket of the client that made the window.
@@ -33,16 +35,24 @@ bool isAlive(pid_t pid)
     return pid > 0 && (kill(pid, 0) == 0 || errno == EPERM);
 }
 
-/// The client's process: the one that it states, for servers reached from elsewhere, unless it states
-/// its number inside a sandbox.
-pid_t processOf(pid_t stated, pid_t socketPid)
+/// Whether the process knows itself by this number, in its sandbox or outside of any.
+bool isCalled(pid_t pid, pid_t stated)
 {
-    if (stated == socketPid || !isAlive(stated))
+    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
+    return stated == pid
+        || (pid > 0 && stated > 0 && status.open(QIODevice::ReadOnly)
+            && innermostPid(status.readAll()) == stated);
+}
+
+/// The client's process, 0 where it has none here. Whose socket it is may only pass on what clients
+/// say, from this machine or another; the number that they state counts on the machine that they name.
+pid_t processOf(pid_t stated, pid_t socketPid, const QString &machine)
+{
+    if (machine.isEmpty() || isCalled(socketPid, stated))
         return socketPid;
-    QFile status(QStringLiteral("/proc/%1/status").arg(socketPid));
-    const bool isInside =
-        status.open(QIODevice::ReadOnly) && innermostPid(status.readAll()) == stated;
-    return isInside ? socketPid : stated;
+    if (!isThisMachine(machine, QSysInfo::machineHostName()))
+        return 0;
+    return isAlive(stated) ? stated : socketPid;
 }
 
 void readClass(const PropertyReply &reply, KnownWindow &known)
@@ -87,6 +97,16 @@ pid_t innermostPid(const QByteArray &status)
             return line.simplified().split(' ').last().toInt();
     }
     return 0;
+}
+
+bool isThisMachine(const QString &machine, const QString &host)
+{
+    const QString name = machine.section(u'.', 0, 0);
+    const bool bothQualified = machine.contains(u'.') && host.contains(u'.');
+    const bool isSame = bothQualified
+        ? machine.compare(host, Qt::CaseInsensitive) == 0
+        : name.compare(host.section(u'.', 0, 0), Qt::CaseInsensitive) == 0;
+    return isSame || name.compare("localhost"_L1, Qt::CaseInsensitive) == 0;
 }
 
 StrutRequest requestStruts(const Connection &connection, xcb_window_t window)
@@ -143,11 +163,17 @@ WindowKind readKind(Connection &connection, const KindRequest &request, xcb_wind
     return isTransient || known != Atom::typeNormal ? WindowKind::dialog : WindowKind::standard;
 }
 
+bool isInTaskbar(const Connection &connection, std::span<const quint32> states)
+{
+    return std::ranges::find(states, connection.atom(Atom::stateSkipTaskbar)) == states.end();
+}
+
 ClientPropertiesRequest requestClientProperties(const Connection &connection, xcb_window_t window)
 {
     return {.window = window,
         .geometry = xcb_get_geometry(connection.xcb(), window),
         .pid = requestProperty(connection, window, Atom::netWmPid),
+        .machine = requestProperty(connection, window, XCB_ATOM_WM_CLIENT_MACHINE),
         .clientIds = requestClientIds(connection, window),
         .windowClass = requestProperty(connection, window, XCB_ATOM_WM_CLASS),
         .gtkId = requestProperty(connection, window, Atom::gtkApplicationId),
@@ -163,6 +189,7 @@ std::optional<KnownWindow> clientProperties(
     // Every answer is taken, even of a window that is gone, so that none is left waiting.
     const auto geometry = connection.reply<xcb_get_geometry_reply_t>(request.geometry.sequence);
     const auto pid = propertyReply(connection, request.pid);
+    const QString machine = textOf(propertyReply(connection, request.machine));
     const pid_t socketPid = localClientPid(connection, request.clientIds);
     const auto windowClass = propertyReply(connection, request.windowClass);
     const QString gtkId = textOf(propertyReply(connection, request.gtkId));
@@ -176,12 +203,12 @@ std::optional<KnownWindow> clientProperties(
 
     const auto stated = values32(pid);
     const auto statedPid = stated.empty() ? pid_t(0) : static_cast<pid_t>(stated[0]);
-    known.pid = processOf(statedPid, socketPid);
+    known.pid = processOf(statedPid, socketPid, machine);
+    known.machine = machine;
     readClass(windowClass, known);
     known.publishedId = gtkId.isEmpty() ? kdeFile : gtkId;
-    const auto states = values32(state);
-    known.inTaskbar = known.kind == WindowKind::standard
-        && std::ranges::find(states, connection.atom(Atom::stateSkipTaskbar)) == states.end();
+    known.inTaskbar =
+        known.kind == WindowKind::standard && isInTaskbar(connection, values32(state));
     return known;
 }
 

@@ -25,13 +25,21 @@ struct KindRequest {
 [[nodiscard]] WindowKind readKind(
     Connection &connection, const KindRequest &request, xcb_window_t window);
 
+/// Whether the task bar lists a window of these states (_NET_WM_STATE).
+[[nodiscard]] bool isInTaskbar(const Connection &connection, std::span<const quint32> states);
+
 /// The number that a process has in its own namespace, from its /proc status; 0 when it is not told.
 [[nodiscard]] pid_t innermostPid(const QByteArray &status);
+
+/// Whether a client that names its machine runs on this one, called `host`. Either name may come
+/// with its domain or without.
+[[nodiscard]] bool isThisMachine(const QString &machine, const QString &host);
 
 struct ClientPropertiesRequest {
     xcb_window_t window = noWindow;
     xcb_get_geometry_cookie_t geometry{};
     xcb_get_property_cookie_t pid{};
+    xcb_get_property_cookie_t machine{};
     xcb_res_query_client_ids_cookie_t clientIds{};
     xcb_get_property_cookie_t windowClass{};
     xcb_get_property_cookie_t gtkId{};
@@ -43,7 +51,8 @@ struct ClientPropertiesRequest {
 
 [[nodiscard]] ClientPropertiesRequest requestClientProperties(
     const Connection &connection, xcb_window_t window);
-/// Nothing when the window is gone. The generation and whether it was listed are the caller's to set.
+/// Nothing when the window is gone. Its process is 0 when it runs elsewhere or tells none. The
+/// generation and whether it was listed are the caller's to set.
 [[nodiscard]] std::optional<KnownWindow> clientProperties(
     Connection &connection, const ClientPropertiesRequest &request);
 

@@ -102,6 +102,8 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
             m_known.erase(known);
             continue;
         }
+        if (properties->pid <= 0)
+            properties->pid = applicationWithoutProcess(*properties);
         properties->generation = known->generation;
         properties->wasListed = known->wasListed;
         *known = *properties;
@@ -109,6 +111,16 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
             xcb_change_window_attributes(
                 m_connection.xcb(), windows[i], XCB_CW_EVENT_MASK, &followPanel);
     }
+}
+
+/// The windows of one class from one machine are one application's.
+pid_t WindowRegistry::applicationWithoutProcess(const KnownWindow &window)
+{
+    const auto sibling = std::ranges::find_if(m_known, [&window](const KnownWindow &known) {
+        return known.pid < 0 && known.className == window.className
+            && known.machine == window.machine;
+    });
+    return sibling != m_known.end() ? sibling->pid : --m_lastWithoutProcess;
 }
 
 void WindowRegistry::handle(const xcb_generic_event_t &event)

@@ -27,7 +27,8 @@ struct Strut {
 /// What stays true of a window for as long as it lives, and its panel reservation.
 struct KnownWindow {
     quint64 generation = 0;
-    pid_t pid = 0;
+    pid_t pid = 0; ///< below zero: stands for an application without a process here
+    QString machine; ///< that the client names as its own; mostly this one
     QString className;
     QString instanceName;
     QString publishedId; ///< of the application, by its toolkit; mostly empty
@@ -53,6 +54,8 @@ public:
     /// Null when the window is gone, or its number belongs to another one now.
     [[nodiscard]] const KnownWindow *find(const WindowElement &element) const;
     [[nodiscard]] const QHash<xcb_window_t, KnownWindow> &known() const { return m_known; }
+    /// In the window manager's client list, as it last told it.
+    [[nodiscard]] const QList<xcb_window_t> &clients() const { return m_clients; }
     /// What the managed windows reserve.
     [[nodiscard]] const QList<Strut> &struts() const { return m_struts; }
     /// Managed windows, front to back, as they are now.
@@ -72,6 +75,7 @@ private:
     void handleProperty(const xcb_property_notify_event_t &event);
     void scheduleRefresh();
     void meet(const QList<xcb_window_t> &windows);
+    [[nodiscard]] pid_t applicationWithoutProcess(const KnownWindow &window);
     void refreshStruts();
     void gatherStruts();
 
@@ -80,6 +84,7 @@ private:
     QList<xcb_window_t> m_clients;
     QList<Strut> m_struts;
     quint64 m_lastGeneration = 0;
+    pid_t m_lastWithoutProcess = -1; // which itself would be every process, to kill(2)
     bool m_refreshScheduled = false;
     bool m_strutsScheduled = false;
 };

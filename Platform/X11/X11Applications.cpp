@@ -1,5 +1,6 @@
 #include "X11Applications.h"
 
+#include "ClientProperties.h"
 #include "Properties.h"
 
 namespace corvane::x11 {
@@ -24,6 +25,7 @@ X11Applications::~X11Applications() = default;
 QList<RunningApplication> X11Applications::running()
 {
     QList<RunningApplication> applications;
+    reviewRegular();
     for (auto &[pid, process] : m_processes)
         applications << describe(process);
     return applications;
@@ -34,6 +36,7 @@ std::optional<RunningApplication> X11Applications::application(pid_t pid)
     const auto process = m_processes.find(pid);
     if (process == m_processes.end())
         return std::nullopt;
+    reviewRegular(pid);
     return describe(process->second);
 }
 
@@ -84,7 +87,7 @@ void X11Applications::meet(const QList<WindowElement> &windows)
 {
     for (const WindowElement &window : windows) {
         const KnownWindow *known = m_registry.find(window);
-        if (!known || known->pid <= 0)
+        if (!known)
             continue;
         const pid_t pid = known->pid;
         auto [at, isNew] = m_processes.try_emplace(pid, pid);
@@ -102,10 +105,41 @@ void X11Applications::meet(const QList<WindowElement> &windows)
             process.soughtIn = 0;
         }
         if (known->inTaskbar && !std::exchange(process.isRegular, true))
-            m_connection.defer([this, pid] {
-                if (const auto launchedApplication = application(pid))
-                    Q_EMIT launched(*launchedApplication);
-            });
+            announce(pid);
+    }
+}
+
+void X11Applications::announce(pid_t pid)
+{
+    m_connection.defer([this, pid] {
+        const auto launchedApplication = application(pid);
+        if (launchedApplication && launchedApplication->isRegular)
+            Q_EMIT launched(*launchedApplication);
+    });
+}
+
+/// Programs take their windows out of the task bar, and put them there, while these are open. One
+/// that has no window at the time stays what it was.
+void X11Applications::reviewRegular(std::optional<pid_t> only)
+{
+    QList<std::pair<pid_t, xcb_get_property_cookie_t>> asked;
+    for (const xcb_window_t window : m_registry.clients()) {
+        const auto known = m_registry.known().constFind(window);
+        if (known != m_registry.known().cend() && known->kind == WindowKind::standard
+            && only.value_or(known->pid) == known->pid)
+            asked.emplace_back(known->pid, requestProperty(m_connection, window, Atom::netWmState));
+    }
+    QHash<pid_t, bool> regular;
+    for (const auto &[pid, cookie] : std::as_const(asked)) {
+        if (const auto state = propertyReply(m_connection, cookie))
+            regular[pid] = regular.value(pid) || isInTaskbar(m_connection, values32(state));
+    }
+    for (const auto &[pid, isRegular] : regular.asKeyValueRange()) {
+        const auto process = m_processes.find(pid);
+        if (process == m_processes.end())
+            continue;
+        if (std::exchange(process->second.isRegular, isRegular) != isRegular && isRegular)
+            announce(pid);
     }
 }
 

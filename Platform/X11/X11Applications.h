@@ -10,7 +10,7 @@
 
 namespace corvane::x11 {
 
-/// The processes behind the managed windows.
+/// The processes behind the managed windows, and the applications of those that have none here.
 class X11Applications final : public Applications
 {
     Q_OBJECT
@@ -36,12 +36,14 @@ private:
         freedesktop::ApplicationTraces traces;
         std::optional<freedesktop::DesktopEntry> entry;
         quint64 soughtIn = 0; ///< the revision of the entries in which none was found
-        bool isRegular = false;
+        bool isRegular = false; ///< when it last was looked at
         int windowCount = 0;
     };
 
     void meet(const QList<WindowElement> &windows);
     void lose(const WindowElement &window, const KnownWindow &known);
+    void announce(pid_t pid);
+    void reviewRegular(std::optional<pid_t> only = {});
     void end(pid_t pid);
     [[nodiscard]] RunningApplication describe(Process &process);
     void identify(Process &process);

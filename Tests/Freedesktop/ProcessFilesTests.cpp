@@ -31,11 +31,13 @@ protected:
 
 TEST_F(ProcessFilesTests, aFlatpakNamesItsApplication)
 {
-    folders.writeFile(u"proc/7/root/.flatpak-info"_s,
-        "[Application]\nname=org.example.App\nruntime=runtime/org.example/x86_64/1\n");
+    for (const auto &file : {u"proc/7/root/.flatpak-info"_s, u"proc/-7/root/.flatpak-info"_s})
+        folders.writeFile(
+            file, "[Application]\nname=org.example.App\nruntime=runtime/org.example/x86_64/1\n");
 
     EXPECT_EQ(processes.sandbox(7), (Sandbox{u"org.example.App"_s, u"org.example.App."_s}));
     EXPECT_EQ(processes.sandbox(8), std::nullopt);
+    EXPECT_EQ(processes.sandbox(-7), std::nullopt); // stands for no process
 }
 
 TEST_F(ProcessFilesTests, aSnapIsKnownByItsControlGroup)

@@ -222,6 +222,8 @@ TEST_F(AXWindowTests, aReadOfAClosedWindowIsMissingNotWrong)
     const AXWindow window = desk.open({.title = u"Notes"_s});
     EXPECT_EQ(window.title(), u"Notes"_s);
     EXPECT_EQ(window.appName(), u"Editor"_s);
+    const AXWindow nameless = desk.openFrom(desk.desktop.start({}, {}));
+    EXPECT_EQ(nameless.appName(), u"pid %1"_s.arg(nameless.pid));
 
     desk.desktop.quit(desk.editor);
 

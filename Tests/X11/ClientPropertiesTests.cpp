@@ -12,4 +12,20 @@ TEST(ClientPropertiesTests, aSandboxedProcessHasAnotherNumberInside)
     EXPECT_EQ(innermostPid(""), 0);
 }
 
+TEST(ClientPropertiesTests, aMachineIsThisOneWithItsDomainOrWithout)
+{
+    struct Case {
+        const char16_t *machine;
+        const char16_t *host;
+        bool isThis;
+    };
+    for (const auto &[machine, host, isThis] : {Case{u"mars", u"mars", true},
+             Case{u"Mars", u"mars.example.org", true}, Case{u"mars.example.org", u"mars", true},
+             Case{u"mars.example.org", u"mars.local", false}, Case{u"mars", u"venus", false},
+             Case{u"mars2", u"mars", false},
+             Case{u"localhost.localdomain", u"mars.example.org", true}})
+        EXPECT_EQ(isThisMachine(QString::fromUtf16(machine), QString::fromUtf16(host)), isThis)
+            << QString::fromUtf16(machine).toStdString();
+}
+
 } // namespace corvane::x11
