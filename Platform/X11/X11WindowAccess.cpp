@@ -29,9 +29,15 @@ X11WindowAccess::X11WindowAccess(Connection &connection, WindowManagerLink &wind
     , m_obstacle(obstacle)
     , m_wasTrusted(obstacle.isEmpty() && windowManager.isPresent())
 {
+    m_connection.addSink(this);
     connect(&registry, &WindowRegistry::appeared, this, &X11WindowAccess::announce);
     connect(&registry, &WindowRegistry::destroyed, this, &X11WindowAccess::forget);
     connect(&windowManager, &WindowManagerLink::changed, this, &X11WindowAccess::reviewTrust);
+}
+
+X11WindowAccess::~X11WindowAccess()
+{
+    m_connection.removeSink(this);
 }
 
 bool X11WindowAccess::isTrusted()
@@ -358,6 +364,19 @@ void X11WindowAccess::moveAhead(const QList<WindowMove> &moves)
         lookAgain(moved);
 }
 
+void X11WindowAccess::handle(const xcb_generic_event_t &event)
+{
+    if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY)
+        return;
+    const auto &property = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+    const auto known = m_registry.known().constFind(property.window);
+    if (property.atom != m_connection.atom(Atom::netWmState) || known == m_registry.known().cend())
+        return;
+    const WindowElement window{property.window, known->generation};
+    if (m_filledByUs.contains(window))
+        m_connection.defer([this, window] { std::ignore = isFullScreen(window); });
+}
+
 void X11WindowAccess::announce(const QList<WindowElement> &windows)
 {
     for (const WindowElement &window : windows) {
@@ -409,9 +428,25 @@ void X11WindowAccess::lookAgain(const QList<WindowElement> &windows)
     for (const auto &[window, request] : std::as_const(requests)) {
         const auto now =
             keep(window, readSnapshot(m_connection, request, m_windowManager.tilesWindows()));
-        if (now && now->fullScreen)
-            m_filledByUs.insert(window);
+        if (now)
+            noteFullScreen(window, now->fullScreen);
     }
+}
+
+/// After our own move. Some window managers make an undecorated window that fills a display full screen
+/// by themselves; from there it is followed, since its next full screen may be its user's wish.
+void X11WindowAccess::noteFullScreen(const WindowElement &window, bool fullScreen)
+{
+    constexpr quint32 followState =
+        XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    if (!fullScreen) {
+        m_filledByUs.remove(window);
+        return;
+    }
+    m_filledByUs.insert(window);
+    xcb_change_window_attributes(m_connection.xcb(), static_cast<xcb_window_t>(window.number),
+        XCB_CW_EVENT_MASK, &followState);
+    xcb_flush(m_connection.xcb());
 }
 
 expected<WindowSnapshot, AXError> X11WindowAccess::keep(
@@ -452,9 +487,7 @@ AXError X11WindowAccess::place(
         m_refusalDetail = m_placer.refusalDetail();
         return after.error();
     }
-    // Some window managers make an undecorated window that fills a display full screen by themselves.
-    if (after->fullScreen)
-        m_filledByUs.insert(window);
+    noteFullScreen(window, after->fullScreen);
     std::ignore = keep(window, after);
     return AXError::success;
 }

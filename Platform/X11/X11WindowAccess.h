@@ -9,7 +9,7 @@
 namespace corvane::x11 {
 
 /// Windows as an EWMH pager reads and moves them.
-class X11WindowAccess final : public WindowAccess
+class X11WindowAccess final : public WindowAccess, private EventSink
 {
     Q_OBJECT
 
@@ -17,6 +17,7 @@ public:
     /// `obstacle`: why nothing can be moved in this session at all; empty where it can.
     X11WindowAccess(Connection &connection, WindowManagerLink &windowManager,
         WindowRegistry &registry, const QString &obstacle);
+    ~X11WindowAccess() override;
 
     bool isTrusted() override;
     QString distrustReason() override;
@@ -60,6 +61,7 @@ private:
         Size size;
     };
 
+    void handle(const xcb_generic_event_t &event) override;
     void announce(const QList<WindowElement> &windows);
     void forget(const WindowElement &window);
     void reviewTrust();
@@ -69,6 +71,7 @@ private:
     [[nodiscard]] expected<WindowSnapshot, AXError> keep(
         const WindowElement &window, expected<WindowSnapshot, AXError> snapshot);
     void lookAgain(const QList<WindowElement> &windows);
+    void noteFullScreen(const WindowElement &window, bool fullScreen);
     template <typename Value, typename Function>
     [[nodiscard]] expected<Value, AXError> read(const WindowElement &window, Function value);
 

@@ -138,6 +138,21 @@ TEST_F(WindowStateTests, anUndecoratedWindowThatFillsTheDisplayCanBePlacedAgain)
     expectToLandAfter(window, u"leftHalf"_s);
 }
 
+TEST_F(WindowStateTests, fullScreenByHandIsRefusedThoughAMoveOnceFilledTheDisplay)
+{
+    const xcb_window_t window = showFocused({.decorated = false});
+    press(strokes::maximize);
+    ASSERT_EQ(reached(window, standardDisplay), standardDisplay);
+    for (const bool isFull : {false, true}) {
+        pager().setFullScreen(window, isFull ? Pager::Change::add : Pager::Change::remove);
+        ASSERT_TRUE(waitUntil(
+            [&] { return probe().hasState(window, "_NET_WM_STATE_FULLSCREEN") == isFull; }));
+        static_cast<void>(frame(window));
+    }
+
+    EXPECT_TRUE(refused(corvane().place(u"leftHalf"_s), u"window is in native full screen"_s));
+}
+
 TEST_F(WindowStateTests, aMinimisedWindowIsNoFocusedWindow)
 {
     if (isManager({"i3"}))
