@@ -1,8 +1,10 @@
 #include "KeyBenchmark.h"
 
 #include "KeyStopwatch.h"
+#include "Pager.h"
 #include "Rival.h"
 #include "Samples.h"
+#include "TestClient.h"
 #include "Turns.h"
 
 namespace corvane::bench {
@@ -16,11 +18,16 @@ constexpr int warmUpRounds = 20;
 constexpr double timesMinimalMedian = 1.5;
 constexpr double timesMinimalPercentile = 2.0;
 constexpr double timesFasterThanCommand = 3.0;
+constexpr double timesFreeMedian = 1.5;
 
 enum Who : qsizetype { corvaneItself, minimal, command };
 constexpr std::array names{"corvane"_L1, "minimal program"_L1, "sxhkd + wmctrl"_L1};
 
-std::optional<Rival::Goals> halves(VirtualDesktop &desktop, xcb_window_t window)
+/// A window of fixed size keeps it and takes the halves' origins.
+enum class Sizing { free, fixed };
+
+std::optional<Rival::Goals> halves(
+    VirtualDesktop &desktop, xcb_window_t window, Sizing sizing = Sizing::free)
 {
     WindowProbe probe(desktop.connection());
     const auto frame = probe.visibleFrame(window);
@@ -29,13 +36,36 @@ std::optional<Rival::Goals> halves(VirtualDesktop &desktop, xcb_window_t window)
         return std::nullopt;
     const Rect display = desktop.displays().displays().first();
     const auto goal = [&](double x) {
-        const Rect half{x, display.y, display.width / 2, display.height};
+        const Size size =
+            sizing == Sizing::fixed ? frame->size() : Size{display.width / 2, display.height};
+        const Rect half{x, display.y, size.width, size.height};
         return Goal{half,
             {half.x + client->x - frame->x, half.y + client->y - frame->y,
                 half.width - frame->width + client->width,
                 half.height - frame->height + client->height}};
     };
     return Rival::Goals{goal(display.x), goal(display.midX())};
+}
+
+/// The median on a window that keeps its size: what still follows a move holds up the next key.
+expected<double, QString> timeFixedSize(VirtualDesktop &desktop, const Rival &rival, int rounds)
+{
+    constexpr Size fixed{300, 200};
+    TestClient client(desktop);
+    const xcb_window_t window = client.show({.geometry = {300, 200, fixed.width, fixed.height},
+        .hints = {.minimum = fixed, .maximum = fixed}});
+    WindowProbe probe(desktop.connection());
+    Pager(desktop.connection()).activate(window);
+    const auto goals = halves(desktop, window, Sizing::fixed);
+    if (!goals || !waitUntil([&] { return probe.activeWindow() == window; }))
+        return unexpected<QString>(u"the window of fixed size did not get the focus"_s);
+    KeyStopwatch stopwatch(desktop, window);
+    return takeTurns({Contestant{names[corvaneItself],
+                         [&](size_t goal) {
+                             return stopwatch.time(rival.keys()[goal], (*goals)[goal].client);
+                         }}},
+        warmUpRounds, rounds)
+        .map([](const QList<QList<double>> &times) { return median(times.first()); });
 }
 
 QList<Measurement> compare(const QList<QList<double>> &times)
@@ -78,7 +108,12 @@ Measurements measureKeys(VirtualDesktop &desktop, xcb_window_t window, int round
     const auto times = takeTurns(contestants, warmUpRounds, rounds);
     if (!times)
         return unexpected<QString>(times.error());
-    return compare(*times);
+    const auto fixed = timeFixedSize(desktop, rivals[corvaneItself], rounds);
+    if (!fixed)
+        return unexpected<QString>(fixed.error());
+    return compare(*times) << Measurement{u"corvane, fixed size / free, median"_s,
+               *fixed / median((*times)[corvaneItself]), {},
+               Limit{Limit::Kind::atMost, timesFreeMedian}};
 }
 
 } // namespace corvane::bench
