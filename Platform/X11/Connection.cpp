@@ -36,9 +36,9 @@ expected<std::unique_ptr<Connection>, QString> Connection::open()
 {
     int screenNumber = 0;
     xcb_connection_t *xcb = xcb_connect(nullptr, &screenNumber);
-    const QString name = qEnvironmentVariable("DISPLAY");
     if (xcb_connection_has_error(xcb)) {
         xcb_disconnect(xcb);
+        const QString name = qEnvironmentVariable("DISPLAY");
         return unexpected<QString>(name.isEmpty()
                 ? u"There is no X11 display to connect to: the DISPLAY variable is not set."_s
                 : u"The X11 display \"%1\" cannot be reached."_s.arg(name));
@@ -57,19 +57,6 @@ Connection::Connection(xcb_connection_t *xcb, int screenNumber) : m_xcb(xcb)
     m_screen = screens.data;
     for (xcb_extension_t *extension : {&xcb_randr_id, &xcb_res_id, &xcb_xkb_id})
         xcb_prefetch_extension_data(m_xcb, extension);
-    internAtoms();
-
-    m_notifier = new QSocketNotifier(xcb_get_file_descriptor(xcb), QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, &Connection::pump);
-}
-
-Connection::~Connection()
-{
-    xcb_disconnect(m_xcb);
-}
-
-void Connection::internAtoms()
-{
     std::array<xcb_intern_atom_cookie_t, atomNames.size()> cookies{};
     std::ranges::transform(atomNames, cookies.begin(), [this](const char *name) {
         return xcb_intern_atom(m_xcb, false, static_cast<uint16_t>(std::strlen(name)), name);
@@ -78,6 +65,14 @@ void Connection::internAtoms()
         const auto atom = reply<xcb_intern_atom_reply_t>(cookie.sequence);
         return atom ? (*atom)->atom : noAtom;
     });
+
+    m_notifier = new QSocketNotifier(xcb_get_file_descriptor(xcb), QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, &Connection::pump);
+}
+
+Connection::~Connection()
+{
+    xcb_disconnect(m_xcb);
 }
 
 xcb_atom_t Connection::intern(const QByteArray &name)

@@ -116,7 +116,6 @@ Q_SIGNALS:
 private:
     Connection(xcb_connection_t *xcb, int screenNumber);
 
-    void internAtoms();
     expected<void *, AXError> waitForReply(unsigned sequence);
     void giveUp(unsigned sequence);
     void reviewOverdue();
