@@ -141,14 +141,17 @@ TEST_F(WindowStateTests, anUndecoratedWindowThatFillsTheDisplayCanBePlacedAgain)
 TEST_F(WindowStateTests, fullScreenByHandIsRefusedThoughAMoveOnceFilledTheDisplay)
 {
     const xcb_window_t window = showFocused({.decorated = false});
-    press(strokes::maximize);
+    ASSERT_TRUE(moved(corvane().place(u"maximize"_s)));
     ASSERT_EQ(reached(window, standardDisplay), standardDisplay);
-    for (const bool isFull : {false, true}) {
-        pager().setFullScreen(window, isFull ? Pager::Change::add : Pager::Change::remove);
-        ASSERT_TRUE(waitUntil(
-            [&] { return probe().hasState(window, "_NET_WM_STATE_FULLSCREEN") == isFull; }));
-        static_cast<void>(frame(window));
-    }
+    pager().setFullScreen(window, Pager::Change::remove);
+    // marco and metacity fill the display once more when it is left the first time.
+    ASSERT_TRUE(waitUntil([&] {
+        pager().setFullScreen(window, Pager::Change::remove);
+        return !probe().hasState(window, "_NET_WM_STATE_FULLSCREEN");
+    }));
+    static_cast<void>(frame(window));
+    pager().setFullScreen(window, Pager::Change::add);
+    ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_FULLSCREEN"));
 
     EXPECT_TRUE(refused(corvane().place(u"leftHalf"_s), u"window is in native full screen"_s));
 }
