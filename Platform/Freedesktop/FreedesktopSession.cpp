@@ -32,7 +32,18 @@ FreedesktopSession::FreedesktopSession(const QDBusConnection &bus)
 
 bool FreedesktopSession::openAddress(const QUrl &address)
 {
-    return g_app_info_launch_default_for_uri(address.toEncoded().constData(), nullptr, nullptr);
+    GAppLaunchContext *context = g_app_launch_context_new();
+    const auto changes = variablesToRestore();
+    for (const auto &[name, value] : changes.asKeyValueRange()) {
+        if (value)
+            g_app_launch_context_setenv(context, name.constData(), value->constData());
+        else
+            g_app_launch_context_unsetenv(context, name.constData());
+    }
+    const bool isOpened =
+        g_app_info_launch_default_for_uri(address.toEncoded().constData(), context, nullptr);
+    g_object_unref(context);
+    return isOpened;
 }
 
 QUrl FreedesktopSession::trustSettingsAddress()

@@ -4,6 +4,10 @@
 
 #include <glib.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace corvane::freedesktop {
 
 namespace {
@@ -15,6 +19,24 @@ QByteArray taken(char *text)
     return copy;
 }
 
+QByteArray contentsOfPlainFile(const QString &path, KeyFile::Links links)
+{
+    constexpr qint64 longest = 1 << 20; // bytes
+    const int noLinks = links == KeyFile::Links::refused ? O_NOFOLLOW : 0;
+    const int descriptor =
+        open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | noLinks);
+    struct stat status {
+    };
+    QFile file;
+    QByteArray contents;
+    if (descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)
+        && file.open(descriptor, QIODevice::ReadOnly))
+        contents = file.read(longest);
+    if (descriptor >= 0)
+        close(descriptor);
+    return contents;
+}
+
 } // namespace
 
 void KeyFile::Free::operator()(_GKeyFile *file) const
@@ -22,10 +44,12 @@ void KeyFile::Free::operator()(_GKeyFile *file) const
     g_key_file_free(file);
 }
 
-KeyFile::KeyFile(const QString &path, const char *group) : m_file(g_key_file_new()), m_group(group)
+KeyFile::KeyFile(const QString &path, const char *group, Links links)
+    : m_file(g_key_file_new()), m_group(group)
 {
-    const bool isRead = g_key_file_load_from_file(
-        m_file.get(), QFile::encodeName(path).constData(), G_KEY_FILE_NONE, nullptr);
+    const QByteArray contents = contentsOfPlainFile(path, links);
+    const bool isRead = g_key_file_load_from_data(m_file.get(), contents.constData(),
+        static_cast<gsize>(contents.size()), G_KEY_FILE_NONE, nullptr);
     if (!isRead || !g_key_file_has_group(m_file.get(), group))
         m_file.reset();
 }

@@ -9,11 +9,14 @@ struct _GKeyFile;
 
 namespace corvane::freedesktop {
 
-/// One group of a key file, as desktop entries are written. What is absent or malformed is empty.
+/// One group of a key file, as desktop entries are written. What is absent or malformed is empty, and
+/// so is what is no plain file: opening a pipe would wait for whoever writes to it.
 class KeyFile final
 {
 public:
-    KeyFile(const QString &path, const char *group);
+    enum class Links { followed, refused };
+
+    KeyFile(const QString &path, const char *group, Links links = Links::followed);
 
     /// Whether the file could be read and has the group.
     [[nodiscard]] bool isValid() const { return m_file != nullptr; }

@@ -59,7 +59,9 @@ std::optional<Sandbox> ProcessFiles::sandbox(pid_t pid) const
 {
     if (pid <= 0)
         return std::nullopt;
-    const QString name = KeyFile(path(pid, "root/.flatpak-info"), "Application").text("name");
+    // Whatever runs there may have put anything in its place.
+    const KeyFile info(path(pid, "root/.flatpak-info"), "Application", KeyFile::Links::refused);
+    const QString name = info.text("name");
     return name.isEmpty() ? snap(pid) : Sandbox{name, name + u'.'};
 }
 

@@ -21,21 +21,13 @@ struct FreeStrings {
 
 using Strings = std::unique_ptr<char *, FreeStrings>;
 
-/// Whether the variable came from the session; the program may have set it for itself since.
-bool isOfSession(const QByteArray &name)
-{
-    QFile start(QStringLiteral("/proc/self/environ"));
-    return start.open(QIODevice::ReadOnly) && ('\0' + start.readAll()).contains('\0' + name + '=');
-}
-
 Strings environment()
 {
     char **variables = g_get_environ();
-    for (const char *ours : {"DESKTOP_AUTOSTART_ID", "GIO_LAUNCHED_DESKTOP_FILE",
-             "GIO_LAUNCHED_DESKTOP_FILE_PID", "XDG_ACTIVATION_TOKEN"})
-        variables = g_environ_unsetenv(variables, ours);
-    if (!isOfSession("QT_NO_GLIB"))
-        variables = g_environ_unsetenv(variables, "QT_NO_GLIB");
+    const auto changes = variablesToRestore();
+    for (const auto &[name, value] : changes.asKeyValueRange())
+        variables = value ? g_environ_setenv(variables, name.constData(), value->constData(), true)
+                          : g_environ_unsetenv(variables, name.constData());
     return Strings(
         g_environ_setenv(variables, "DESKTOP_STARTUP_ID", quietStartupId().constData(), true));
 }
@@ -52,6 +44,26 @@ void leaveUs(void *)
 }
 
 } // namespace
+
+QMap<QByteArray, std::optional<QByteArray>> variablesToRestore()
+{
+    QMap<QByteArray, std::optional<QByteArray>> changes;
+    for (const char *ours : {"DESKTOP_AUTOSTART_ID", "DESKTOP_STARTUP_ID",
+             "GIO_LAUNCHED_DESKTOP_FILE", "GIO_LAUNCHED_DESKTOP_FILE_PID", "XDG_ACTIVATION_TOKEN"})
+        changes[ours] = std::nullopt;
+    for (char **variable = environ; *variable; ++variable) {
+        if (const QByteArray each(*variable); each.startsWith("QT_"))
+            changes[each.left(each.indexOf('='))] = std::nullopt;
+    }
+    QFile start(QStringLiteral("/proc/self/environ"));
+    if (!start.open(QIODevice::ReadOnly))
+        return changes;
+    for (const QByteArray &each : start.readAll().split('\0')) {
+        if (each.startsWith("QT_"))
+            changes[each.left(each.indexOf('='))] = each.mid(each.indexOf('=') + 1);
+    }
+    return changes;
+}
 
 QString spawn(const QByteArrayList &command, const QByteArray &workingFolder)
 {

@@ -1,4 +1,5 @@
 #include "EntryFolders.h"
+#include "FreedesktopSession.h"
 #include "Launcher.h"
 
 #include <QtCore/QDir>
@@ -7,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -59,6 +61,23 @@ protected:
     }
 };
 
+/// What the program sets for itself, or was started with.
+struct OwnVariables {
+    static constexpr std::array names{
+        "QT_NO_GLIB", "QT_QPA_PLATFORM", "XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"};
+
+    OwnVariables()
+    {
+        for (const char *name : names)
+            qputenv(name, "ours");
+    }
+    ~OwnVariables()
+    {
+        for (const char *name : names)
+            qunsetenv(name);
+    }
+};
+
 /// The application on the bus.
 class BusApplication : public QObject
 {
@@ -108,12 +127,9 @@ TEST_F(LauncherTests, nothingOfOursIsInherited)
     sigaddset(&blocked, SIGUSR1);
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
     const auto handler = signal(SIGPIPE, SIG_IGN);
-    for (const char *name : {"QT_NO_GLIB", "XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"})
-        qputenv(name, "ours");
+    const OwnVariables ours;
 
     EXPECT_TRUE(open());
-    for (const char *name : {"QT_NO_GLIB", "XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"})
-        qunsetenv(name);
     signal(SIGPIPE, handler);
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     close(descriptor);
@@ -124,6 +140,19 @@ TEST_F(LauncherTests, nothingOfOursIsInherited)
     EXPECT_THAT(variables, Contains(StartsWith("RECORD=")));
     EXPECT_THAT(variables, Contains(MatchesRegex("DESKTOP_STARTUP_ID=.+_TIME[1-9][0-9]*")));
     EXPECT_THAT(recorded("signals"), Each(MatchesRegex("Sig(Blk|Ign):\t0+")));
+}
+
+TEST_F(LauncherTests, whatOpensALinkInheritsNoneOfOurVariables)
+{
+    installRecorder(recorder + " %u", "MimeType=x-scheme-handler/corvanetest;");
+    folders.writeFile(u"home/applications/mimeapps.list"_s,
+        "[Default Applications]\nx-scheme-handler/corvanetest=org.example.App.desktop\n");
+    const OwnVariables ours;
+
+    EXPECT_TRUE(FreedesktopSession().openAddress(QUrl(u"corvanetest:page"_s)));
+
+    EXPECT_THAT(recorded("argument"), ElementsAre("corvanetest:page"));
+    EXPECT_THAT(recorded("variable"), Not(Contains(HasSubstr("=ours"))));
 }
 
 TEST_F(LauncherTests, theProgramStandsOnItsOwnAndLeavesNoZombie)

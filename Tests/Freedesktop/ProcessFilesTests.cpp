@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace corvane::freedesktop {
@@ -38,6 +39,17 @@ TEST_F(ProcessFilesTests, aFlatpakNamesItsApplication)
     EXPECT_EQ(processes.sandbox(7), (Sandbox{u"org.example.App"_s, u"org.example.App."_s}));
     EXPECT_EQ(processes.sandbox(8), std::nullopt);
     EXPECT_EQ(processes.sandbox(-7), std::nullopt); // stands for no process
+}
+
+TEST_F(ProcessFilesTests, aPipeOrALinkInThePlaceOfAFlatpaksFileIsNotOpened)
+{
+    folders.writeFile(u"proc/8/root/info"_s, "[Application]\nname=org.example.App\n");
+    folders.writeFile(u"proc/7/root/other"_s, {});
+    mkfifo(qPrintable(folders.path(u"proc/7/root/.flatpak-info"_s)), 0600);
+    QFile::link(u"info"_s, folders.path(u"proc/8/root/.flatpak-info"_s));
+
+    EXPECT_EQ(processes.sandbox(7), std::nullopt);
+    EXPECT_EQ(processes.sandbox(8), std::nullopt);
 }
 
 TEST_F(ProcessFilesTests, aSnapIsKnownByItsControlGroup)
