@@ -1,6 +1,7 @@
 #include "ApplicationMatch.h"
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <iterator>
@@ -70,17 +71,39 @@ Found inSandbox(DesktopEntries &entries, const Sandbox &sandbox, const Applicati
     return exact ? exact : onlyOne(family);
 }
 
-Found likeClass(DesktopEntries &entries, const ApplicationTraces &traces)
+/// The toolkit's own class, which all Java programs have that set none.
+bool namesNothing(const QString &part)
 {
-    for (const QString &part : {traces.className, traces.instanceName}) {
-        for (const QString &id : {part, part.toLower()}) {
+    return part.isEmpty() || part.startsWith("sun-awt-"_L1) || part.startsWith("sun.awt."_L1);
+}
+
+/// A Java program's class is its main class with its package: "org-example-editor-Editor".
+QString withoutPackage(const QString &part)
+{
+    static const QRegularExpression packaged(u"^[a-z]{2,3}(-\\w+)+-(\\w+)$"_s);
+    return packaged.match(part).captured(2);
+}
+
+QStringList namesOf(const ApplicationTraces &traces)
+{
+    QStringList names{traces.className, traces.instanceName, withoutPackage(traces.className),
+        withoutPackage(traces.instanceName)};
+    names.removeIf(namesNothing);
+    names.removeDuplicates();
+    return names;
+}
+
+Found likeName(DesktopEntries &entries, const QStringList &names)
+{
+    for (const QString &name : names) {
+        for (const QString &id : {name, name.toLower()}) {
             if (const Found exact = entries.entry(id))
                 return exact;
         }
     }
-    for (const QString &part : {traces.className, traces.instanceName}) {
+    for (const QString &name : names) {
         const auto endingSo = filtered(entries.all(), [&](const DesktopEntry &entry) {
-            return !part.isEmpty() && entry.id.endsWith(u'.' + part, Qt::CaseInsensitive);
+            return entry.id.endsWith(u'.' + name, Qt::CaseInsensitive);
         });
         if (const Found only = onlyOne(endingSo))
             return only;
@@ -96,10 +119,15 @@ Found runningProgram(DesktopEntries &entries, const QStringList &programs)
             return onlyOne(exact);
     }
     for (const QString &program : programs) {
-        if (const Found only = onlyOne(entries.withProgram(QFileInfo(program).fileName())))
-            return only;
+        const QString name = QFileInfo(program).fileName();
+        for (const QString &spelling : {name, name.toLower()}) {
+            if (const Found only = onlyOne(entries.withProgram(spelling)))
+                return only;
+        }
     }
-    return std::nullopt;
+    QStringList names = programs;
+    names.removeIf([](const QString &program) { return program.contains(u'/'); });
+    return likeName(entries, names);
 }
 
 } // namespace
@@ -115,8 +143,18 @@ std::optional<DesktopEntry> findApplication(
     if (!found)
         found = withStartupClass(entries.all(), traces);
     if (!found)
-        found = likeClass(entries, traces);
+        found = likeName(entries, namesOf(traces));
     return found ? found : runningProgram(entries, processes.programs(traces.pid));
+}
+
+QString plainName(const ApplicationTraces &traces, const ProcessFiles &processes)
+{
+    for (const QString &part : {traces.className, traces.instanceName}) {
+        if (!namesNothing(part))
+            return part;
+    }
+    const QStringList programs = processes.programs(traces.pid);
+    return programs.isEmpty() ? traces.className : QFileInfo(programs.last()).fileName();
 }
 
 } // namespace corvane::freedesktop

@@ -101,6 +101,8 @@ QByteArrayList ownPrograms(const DesktopEntry &entry)
             command.removeFirst();
     }
     QByteArrayList programs{command.value(0), entry.tryExec};
+    if (isJava(QString::fromLocal8Bit(command.value(0))))
+        programs << javaProgram(command.mid(1)).toLocal8Bit();
     programs.removeIf([](const QByteArray &program) {
         return program.isEmpty() || runsOthers(QString::fromLocal8Bit(program));
     });

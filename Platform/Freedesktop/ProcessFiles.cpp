@@ -26,16 +26,62 @@ Sandbox snapSandbox(const QString &package, const QString &application)
     return {package + u'_' + application, package + u'_'};
 }
 
+bool isOption(const QByteArray &argument)
+{
+    return argument.startsWith('-') || argument.startsWith('@');
+}
+
+QString scriptAmong(const QByteArrayList &arguments)
+{
+    const auto script = std::ranges::find_if_not(arguments, isOption);
+    return script == arguments.end() ? QString() : QString::fromLocal8Bit(*script);
+}
+
+/// Whether the option's value is the argument after it.
+bool takesValue(const QByteArray &option)
+{
+    static constexpr std::array names{"-cp", "-classpath", "--class-path", "-p", "--module-path",
+        "--upgrade-module-path", "--add-modules", "--add-exports", "--add-opens", "--add-reads",
+        "--limit-modules", "--patch-module", "--enable-native-access"};
+    return std::find(names.begin(), names.end(), option) != names.end();
+}
+
 } // namespace
+
+bool isJava(const QString &program)
+{
+    const QString name = fileName(program);
+    return name == "java"_L1 || name == "javaw"_L1;
+}
+
+QString javaProgram(const QByteArrayList &arguments)
+{
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QByteArray &argument = arguments[i];
+        if (argument == "-jar") {
+            const QString archive = fileName(QString::fromLocal8Bit(arguments.value(i + 1)));
+            return archive.endsWith(".jar"_L1) ? archive.chopped(4) : archive;
+        }
+        if (argument == "-m" || argument == "--module")
+            continue; // the class follows its module
+        if (takesValue(argument))
+            ++i;
+        else if (!isOption(argument)) {
+            const QString mainClass = fileName(QString::fromLocal8Bit(argument));
+            return mainClass.mid(mainClass.lastIndexOf(u'.') + 1);
+        }
+    }
+    return {};
+}
 
 bool runsOthers(const QString &program)
 {
     static constexpr std::array names{"bash"_L1, "busybox"_L1, "bwrap"_L1, "dash"_L1, "electron"_L1,
-        "env"_L1, "fish"_L1, "flatpak"_L1, "gjs"_L1, "gjs-console"_L1, "java"_L1, "ksh"_L1,
-        "lua"_L1, "luajit"_L1, "mono"_L1, "mono-sgen"_L1, "node"_L1, "nodejs"_L1, "perl"_L1,
-        "php"_L1, "pkexec"_L1, "python"_L1, "ruby"_L1, "sh"_L1, "snap"_L1, "snap-confine"_L1,
-        "sudo"_L1, "tclsh"_L1, "wine"_L1, "wine-preloader"_L1, "wine64-preloader"_L1, "wish"_L1,
-        "zsh"_L1};
+        "env"_L1, "fish"_L1, "flatpak"_L1, "gjs"_L1, "gjs-console"_L1, "java"_L1, "javaw"_L1,
+        "ksh"_L1, "lua"_L1, "luajit"_L1, "mono"_L1, "mono-sgen"_L1, "node"_L1, "nodejs"_L1,
+        "perl"_L1, "php"_L1, "pkexec"_L1, "python"_L1, "ruby"_L1, "sh"_L1, "snap"_L1,
+        "snap-confine"_L1, "sudo"_L1, "tclsh"_L1, "wine"_L1, "wine-preloader"_L1,
+        "wine64-preloader"_L1, "wish"_L1, "zsh"_L1};
     static const QRegularExpression version(u"[-.0-9]+$"_s);
     QString name = fileName(program);
     return std::ranges::find(names, name.remove(version)) != names.end();
@@ -88,12 +134,10 @@ QStringList ProcessFiles::programs(pid_t pid) const
         executable.chop(suffix.size());
     const QByteArrayList arguments = contents(pid, "cmdline").split('\0');
     QStringList programs{executable, QString::fromLocal8Bit(arguments.value(0))};
-    if (runsOthers(executable)) {
-        const auto script = std::find_if(arguments.begin() + 1, arguments.end(),
-            [](const QByteArray &argument) { return !argument.startsWith('-'); });
-        if (script != arguments.end())
-            programs << QString::fromLocal8Bit(*script);
-    }
+    if (isJava(executable))
+        programs << javaProgram(arguments.mid(1));
+    else if (runsOthers(executable))
+        programs << scriptAmong(arguments.mid(1));
     programs.removeIf(
         [](const QString &program) { return program.isEmpty() || runsOthers(program); });
     programs.removeDuplicates();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArrayList>
 #include <QtCore/QStringList>
 
 #include <optional>
@@ -36,6 +37,11 @@ private:
 
     QString m_root;
 };
+
+[[nodiscard]] bool isJava(const QString &program);
+/// The program that a Java machine with these arguments runs: the last part of its class, or its
+/// archive's name. Empty when they name none.
+[[nodiscard]] QString javaProgram(const QByteArrayList &arguments);
 
 /// Whether programs of this name run others: shells, interpreters, sandboxes.
 [[nodiscard]] bool runsOthers(const QString &program);

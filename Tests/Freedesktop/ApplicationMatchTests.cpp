@@ -160,6 +160,34 @@ TEST_F(ApplicationMatchTests, aProgramIsFoundThroughLinksAndScripts)
     EXPECT_EQ(found(), u"org.example.Tried");
 }
 
+TEST_F(ApplicationMatchTests, aJavaProgramIsNamedByTheLastPartOfItsClassOrByItsCommandLine)
+{
+    struct Case {
+        QString className;
+        QByteArray arguments;
+        QString id;
+        QString plain;
+    };
+    folders.install(u"jedit"_s);
+    folders.install(u"terminal"_s);
+    folders.install(u"org.example.Archive"_s, "Exec=java -jar /opt/archive/Archive.jar %U");
+    const QString swing = u"sun-awt-X11-XFramePeer"_s;
+    const QString jEdit = u"org-gjt-sp-jedit-jEdit"_s;
+    for (const auto &[className, arguments, id, plain] : {Case{jEdit, {}, u"jedit"_s, jEdit},
+             Case{swing, "-jar /usr/share/jedit/jedit.jar", u"jedit"_s, u"jedit"_s},
+             Case{swing, "-cp a.jar:b.jar org.gjt.sp.jEdit", u"jedit"_s, u"jEdit"_s},
+             Case{swing, "-jar /opt/Archive.jar", u"org.example.Archive"_s, u"Archive"_s},
+             Case{swing, "-cp a.jar org.foo.Bar", {}, u"Bar"_s}, Case{swing, {}, {}, swing},
+             Case{u"gnome-terminal"_s, {}, {}, u"gnome-terminal"_s}}) {
+        SCOPED_TRACE(arguments.constData());
+        traces = {7, {}, className, swing};
+        setProgram(u"/usr/lib/jvm/bin/java"_s, ("java " + arguments).split(' ').join('\0'));
+
+        EXPECT_EQ(found(), id);
+        EXPECT_EQ(plainName(traces, ProcessFiles(folders.path(u"proc"_s))), plain);
+    }
+}
+
 TEST_F(ApplicationMatchTests, aProgramOfSeveralEntriesOrOfManyThingsSaysNothing)
 {
     const QString program = folders.addProgram(u"suite"_s);

@@ -93,7 +93,14 @@ TEST_F(ProcessFilesTests, programsLeaveOutWhatOnlyRunsThem)
             Case{u"/usr/bin/python3.11"_s, {"/usr/bin/python3", "-O", "/usr/bin/app", "file"},
                 {u"/usr/bin/app"_s}},
             Case{u"/usr/bin/perl"_s, {"renamed", "-w"}, {u"renamed"_s}},
-            Case{u"/usr/bin/dash"_s, {"sh"}, {}}}) {
+            Case{u"/usr/bin/dash"_s, {"sh"}, {}},
+            Case{u"/usr/lib/jvm/17/bin/java"_s,
+                {"java", "-Xmx1g", "-jar", "/usr/share/jedit/jedit.jar", "file"}, {u"jedit"_s}},
+            Case{u"/opt/java"_s, {"java", "-cp", "a.jar:b.jar", "-Da=b", "org.foo.Bar", "file"},
+                {u"Bar"_s}},
+            Case{u"/opt/java"_s, {"java", "-classpath", "a", "@options", "Bar"}, {u"Bar"_s}},
+            Case{u"/opt/java"_s, {"java", "-p", "lib", "-m", "org.foo/org.foo.Bar"}, {u"Bar"_s}},
+            Case{u"/opt/java"_s, {"java", "-cp", "a.jar"}, {}}}) {
         setProgram(executable, arguments);
 
         EXPECT_EQ(processes.programs(7), programs) << qPrintable(executable);
