@@ -235,6 +235,8 @@ private:
     expected<void, QString> setLayouts(QList<WindowLayout> layouts);
     [[nodiscard]] QString uniqueLayoutName(const QString &base) const;
     QCoro::Task<> restore(WindowLayout layout);
+    /// Keeps what has changed in it, without a step to undo: nobody did anything.
+    WindowLayout mend(const WindowLayout &layout);
 
     SettingsStore m_store;
     LayoutStore m_layoutStore;

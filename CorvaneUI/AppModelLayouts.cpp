@@ -1,6 +1,7 @@
 #include "AppModel.h"
 
 #include "FlightRecorder.h"
+#include "LayoutMending.h"
 #include "Platform.h"
 #include "Screens.h"
 
@@ -207,9 +208,21 @@ void AppModel::revertLayout(const QUuid &id)
 
 QCoro::Task<QList<PaneResult>> AppModel::apply(WindowLayout layout)
 {
+    layout = mend(layout);
     const QList<PaneResult> results = co_await m_layoutApplier.apply(layout);
     lastApply = LastApply{layout.id, results, Platform::current().clock().date()};
     co_return results;
+}
+
+WindowLayout AppModel::mend(const WindowLayout &layout)
+{
+    const WindowLayout whole = mended(layout);
+    QList<WindowLayout> layouts = m_layouts;
+    if (const qsizetype index = layouts.indexOf(layout); index >= 0 && whole != layout) {
+        layouts[index] = whole;
+        static_cast<void>(setLayouts(std::move(layouts)));
+    }
+    return whole;
 }
 
 void AppModel::applyOnConnect()

@@ -104,6 +104,15 @@ AXWindow::Focused AXWindow::focused()
     return {AXWindow{*focused.window, focused.pid}, focused.status};
 }
 
+QList<AXWindow> AXWindow::windows(const RunningApplication &application)
+{
+    QList<AXWindow> windows = AXWindow::windows(application.pid);
+    windows.removeIf([&application](const AXWindow &window) {
+        return !window.belongsTo(application.bundleIdentifier);
+    });
+    return windows;
+}
+
 QList<AXWindow> AXWindow::windows(pid_t pid)
 {
     return windowsIfAnswering(pid).value_or(QList<AXWindow>());
@@ -141,9 +150,17 @@ QString AXWindow::title() const
     return access().title(element).value_or(QString());
 }
 
+bool AXWindow::belongsTo(const QString &bundleIdentifier) const
+{
+    const auto application = Platform::current().applications().applicationOf(element);
+    return application && application->bundleIdentifier == bundleIdentifier;
+}
+
 QString AXWindow::appName() const
 {
-    const auto application = Platform::current().applications().application(pid);
+    Applications &applications = Platform::current().applications();
+    const auto owner = applications.applicationOf(element);
+    const auto application = owner ? owner : applications.application(pid);
     return application && !application->localizedName.isEmpty() ? application->localizedName
                                                                 : u"pid %1"_s.arg(pid);
 }

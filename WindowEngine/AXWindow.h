@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Applications.h"
 #include "MoveError.h"
 #include "Rect.h"
 #include "WindowElement.h"
@@ -23,6 +24,8 @@ struct AXWindow {
     /// The focused window of the frontmost application.
     [[nodiscard]] static Focused focused();
     /// The application's standard windows that are not minimized, in the application's order.
+    [[nodiscard]] static QList<AXWindow> windows(const RunningApplication &application);
+    /// The same of every application that the process is.
     [[nodiscard]] static QList<AXWindow> windows(pid_t pid);
     /// The same, or an error from an application that stops answering: it is then asked no further.
     [[nodiscard]] static expected<QList<AXWindow>, AXError> windowsIfAnswering(pid_t pid);
@@ -31,6 +34,7 @@ struct AXWindow {
 
     [[nodiscard]] std::optional<Rect> frame() const;
     [[nodiscard]] QString title() const;
+    [[nodiscard]] bool belongsTo(const QString &bundleIdentifier) const;
     /// The application's name, or "pid " with its number.
     [[nodiscard]] QString appName() const;
     [[nodiscard]] bool isFullScreen() const;

@@ -82,7 +82,7 @@ QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens)
     QList<Pane> panes;
     for (const RunningApplication &application : applications) {
         const QList<Rect> frames = framesOf(application.pid, onScreen);
-        for (const AXWindow &window : AXWindow::windows(application.pid)) {
+        for (const AXWindow &window : AXWindow::windows(application)) {
             if (const auto pane = paneOf(window, reference(application), screens, frames))
                 panes << *pane;
         }

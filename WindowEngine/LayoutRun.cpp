@@ -89,8 +89,10 @@ bool LayoutRun::isComingUp()
     const WindowOperation operation(Platform::current().windows());
     const ProcessesByID processes = runningProcesses();
     m_comingUp.removeIf([&](const QString &bundleID) {
-        return std::ranges::any_of(
-            processes.value(bundleID), [this](pid_t pid) { return !windowsOf(pid).isEmpty(); });
+        return std::ranges::any_of(processes.value(bundleID), [&](pid_t pid) {
+            return std::ranges::any_of(
+                windowsOf(pid), [&](const AXWindow &window) { return window.belongsTo(bundleID); });
+        });
     });
     return !m_comingUp.isEmpty();
 }
@@ -220,8 +222,9 @@ QHash<QString, QList<LayoutRun::Candidate>> LayoutRun::candidates(const Panes &p
     for (const auto &[bundleID, instances] : wanted.asKeyValueRange()) {
         for (const pid_t pid : instances) {
             for (const AXWindow &window : windowsOf(pid)) {
-                if (!seen.contains(window))
-                    candidates[bundleID] << Candidate{window};
+                if (seen.contains(window) || !window.belongsTo(bundleID))
+                    continue;
+                candidates[bundleID] << Candidate{window};
                 seen.insert(window);
             }
         }

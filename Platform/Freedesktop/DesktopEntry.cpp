@@ -3,6 +3,9 @@
 #include "CommandLines.h"
 #include "KeyFile.h"
 
+#include <algorithm>
+#include <array>
+
 namespace corvane::freedesktop {
 
 namespace {
@@ -36,6 +39,13 @@ Fault flawOf(const KeyFile &file)
     return opensNothing && !file.flag("DBusActivatable") ? Fault::noProgram : Fault::none;
 }
 
+bool opensWindow(QByteArray action)
+{
+    static constexpr std::array names{"newwindow", "newemptywindow", "windownew", "opennewwindow"};
+    action = action.toLower().replace("-", {}).replace("_", {});
+    return std::find(names.begin(), names.end(), action) != names.end();
+}
+
 } // namespace
 
 DesktopEntry readDesktopEntry(const QString &path, const QString &id)
@@ -54,7 +64,22 @@ DesktopEntry readDesktopEntry(const QString &path, const QString &id)
         .isDeleted = file.flag("Hidden"),
         .isOffered = isOfferedHere(file),
         .inTerminal = file.flag("Terminal"),
-        .isActivatable = file.flag("DBusActivatable")};
+        .isActivatable = file.flag("DBusActivatable"),
+        .hasOneWindow = file.flag("SingleMainWindow") || file.flag("X-GNOME-SingleWindow")};
+}
+
+std::optional<DesktopAction> newWindowAction(const DesktopEntry &entry)
+{
+    const QByteArrayList actions = KeyFile(entry.path, "Desktop Entry").value("Actions").split(';');
+    for (const QByteArray &action : actions) {
+        if (!opensWindow(action))
+            continue;
+        const QByteArray exec =
+            KeyFile(entry.path, ("Desktop Action " + action).constData()).value("Exec");
+        if (!exec.trimmed().isEmpty() || entry.isActivatable)
+            return DesktopAction{QString::fromUtf8(action), exec};
+    }
+    return std::nullopt;
 }
 
 Fault fault(const DesktopEntry &entry)

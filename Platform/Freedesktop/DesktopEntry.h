@@ -30,11 +30,22 @@ struct DesktopEntry {
     bool isOffered = true; ///< by this desktop's menus
     bool inTerminal = false;
     bool isActivatable = false; ///< over the session bus
+    bool hasOneWindow = false; ///< and says so
 
     bool operator==(const DesktopEntry &) const = default;
 };
 
+/// Something else that an application offers to do when it is opened.
+struct DesktopAction {
+    QString name; ///< in the file, and on the session bus
+    QByteArray exec; ///< empty where only the bus will do
+
+    bool operator==(const DesktopAction &) const = default;
+};
+
 [[nodiscard]] DesktopEntry readDesktopEntry(const QString &path, const QString &id);
+/// The one that opens a further window, by the names that are usual for it.
+[[nodiscard]] std::optional<DesktopAction> newWindowAction(const DesktopEntry &entry);
 /// As things are now: a program may come and go while the entry stays the same.
 [[nodiscard]] DesktopEntry::Fault fault(const DesktopEntry &entry);
 [[nodiscard]] Installation installation(const DesktopEntry &entry);

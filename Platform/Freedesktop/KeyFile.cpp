@@ -56,20 +56,20 @@ KeyFile::KeyFile(const QString &path, const char *group, Links links)
 
 QByteArray KeyFile::value(const char *key) const
 {
-    return m_file ? taken(g_key_file_get_string(m_file.get(), m_group, key, nullptr))
+    return m_file ? taken(g_key_file_get_string(m_file.get(), m_group.constData(), key, nullptr))
                   : QByteArray();
 }
 
 QString KeyFile::text(const char *key) const
 {
-    return m_file ? QString::fromUtf8(
-               taken(g_key_file_get_locale_string(m_file.get(), m_group, key, nullptr, nullptr)))
+    return m_file ? QString::fromUtf8(taken(g_key_file_get_locale_string(
+               m_file.get(), m_group.constData(), key, nullptr, nullptr)))
                   : QString();
 }
 
 bool KeyFile::flag(const char *key) const
 {
-    return m_file && g_key_file_get_boolean(m_file.get(), m_group, key, nullptr);
+    return m_file && g_key_file_get_boolean(m_file.get(), m_group.constData(), key, nullptr);
 }
 
 } // namespace corvane::freedesktop

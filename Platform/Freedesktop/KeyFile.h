@@ -31,7 +31,7 @@ private:
     };
 
     std::unique_ptr<_GKeyFile, Free> m_file;
-    const char *m_group;
+    QByteArray m_group;
 };
 
 } // namespace corvane::freedesktop

@@ -24,22 +24,55 @@ QString objectPath(const QString &id)
 
 expected<void, QString> Launcher::open(const QString &id)
 {
+    const auto entry = openable(id);
+    if (!entry)
+        return unexpected<QString>(entry.error());
+    return activateOrStart(*entry, u"Activate"_s, {});
+}
+
+expected<void, QString> Launcher::openFurtherWindow(const QString &id)
+{
+    auto entry = openable(id);
+    if (!entry)
+        return unexpected<QString>(entry.error());
+    if (const auto action = newWindowAction(*entry)) {
+        entry->exec = action->exec;
+        const QVariant noParameters = QVariantList();
+        return activateOrStart(
+            *entry, u"ActivateAction"_s, QVariantList() << action->name << noParameters);
+    }
+    if (entry->hasOneWindow)
+        return unexpected<QString>(tr("\"%1\" shows no more than one window.").arg(entry->name));
+    // To activate it would only bring forward what it shows.
+    return start(*entry);
+}
+
+expected<DesktopEntry, QString> Launcher::openable(const QString &id)
+{
     const auto entry = m_entries.entry(id);
     if (!entry)
         return unexpected<QString>(tr("\"%1\" is not installed.").arg(id));
     if (const auto found = fault(*entry); found != DesktopEntry::Fault::none)
         return unexpected<QString>(sentence(*entry, found));
-    if (entry->isActivatable && activate(*entry))
-        return {};
-    return start(*entry);
+    return *entry;
 }
 
-bool Launcher::activate(const DesktopEntry &entry)
+expected<void, QString> Launcher::activateOrStart(
+    const DesktopEntry &entry, const QString &method, const QVariantList &arguments)
+{
+    if (entry.isActivatable && activate(entry, method, arguments))
+        return {};
+    return start(entry);
+}
+
+bool Launcher::activate(
+    const DesktopEntry &entry, const QString &method, const QVariantList &arguments)
 {
     if (!entry.id.contains(u'.'))
         return false;
     auto call = QDBusMessage::createMethodCall(
-        entry.id, objectPath(entry.id), u"org.freedesktop.Application"_s, u"Activate"_s);
+        entry.id, objectPath(entry.id), u"org.freedesktop.Application"_s, method);
+    call.setArguments(arguments);
     call << QVariantMap{{u"desktop-startup-id"_s, QString::fromLatin1(quietStartupId())}};
     const auto onAnswer = [this, entry](const QDBusMessage &answer) {
         if (answer.type() != QDBusMessage::ErrorMessage || mayStillCome(answer))

@@ -1,17 +1,20 @@
 #pragma once
 
 #include "AXError.h"
+#include "WindowElement.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <optional>
 #include <sys/types.h>
 
 namespace corvane {
 
-/// A process that has shown a window.
+/// An application that a process has shown a window of. One process may be several applications: the
+/// windows tell them apart.
 struct RunningApplication {
     pid_t pid = 0; ///< below zero: not a process of this machine's, or not known to be one
     QString bundleIdentifier; ///< the desktop entry's id, else the window class
@@ -41,8 +44,16 @@ class Applications : public QObject
     Q_OBJECT
 
 public:
+    /// One for each process and bundle identifier.
     [[nodiscard]] virtual QList<RunningApplication> running() = 0;
+    /// What the process is, or is first of all.
     [[nodiscard]] virtual std::optional<RunningApplication> application(pid_t pid) = 0;
+    /// The application that the window belongs to, by what the window says of itself now.
+    [[nodiscard]] virtual std::optional<RunningApplication> applicationOf(
+        const WindowElement &window) = 0;
+    /// By what else the window's application may have gone, here or with an earlier version of ours:
+    /// the names that the window had before, and its program's.
+    [[nodiscard]] virtual QStringList formerIdentifiers(const WindowElement &window) = 0;
     /// The application that has the focus, if any has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
 
@@ -50,6 +61,10 @@ public:
     /// Opens the application without activating it, where the desktop allows that. Its windows come
     /// later, perhaps in another process or never. The error is one sentence.
     [[nodiscard]] virtual expected<void, QString> open(const QString &bundleIdentifier) = 0;
+    /// Asks an application that runs for a window, as `open` does: the first one where it lives on
+    /// without any, else one more. An error where it shows no more than it has. Each call may bring
+    /// one, so the caller counts and asks for no more than are missing.
+    [[nodiscard]] virtual expected<void, QString> openWindow(const QString &bundleIdentifier) = 0;
     /// The programs that move windows by shortcuts on this kind of desktop, of those that run, in the
     /// order of the desktop's own table. Most never show a window, so they are in no other list here.
     [[nodiscard]] virtual QList<RunningApplication> rivals() = 0;
@@ -57,7 +72,7 @@ public:
     virtual void quit(pid_t pid) = 0;
 
 Q_SIGNALS:
-    /// A process became a regular application. Arrives before the notice of its first window.
+    /// A process became this regular application. Arrives before the notice of its first window.
     void launched(const corvane::RunningApplication &application);
     /// The process, of an application or of a rival that was told, ended.
     void terminated(pid_t pid);

@@ -69,6 +69,7 @@ WindowSpec windowFrom(const DeskReader &reader)
     window.base = reader.at(u"base"_s).size().value_or(window.base);
     window.increment = reader.at(u"increment"_s).size().value_or(window.increment);
     window.resizesAfter = reader.at(u"resizesAfter"_s).milliseconds(window.resizesAfter);
+    window.application = reader.at(u"application"_s).text();
     window.fullScreen = reader.at(u"fullScreen"_s).boolean(false);
     window.maximised = reader.at(u"maximised"_s).boolean(false);
     window.minimised = reader.at(u"minimised"_s).boolean(false);
@@ -101,6 +102,13 @@ InstalledApplication applicationFrom(const DeskReader &reader)
     }
     if (const DeskReader exits = reader.at(u"exitsAfter"_s); exits.isPresent())
         application.exitsAfter = exits.milliseconds({});
+    using enum InstalledApplication::FurtherStart;
+    constexpr std::array starts{process, window, windowIfItHasNone};
+    application.furtherStart =
+        starts[reader.at(u"furtherStart"_s)
+                   .oneOf({u"process"_s, u"window"_s, u"windowIfItHasNone"_s}, 0)];
+    application.opensFurtherWindows = reader.at(u"opensFurtherWindows"_s).boolean(false);
+    application.hasOneWindow = reader.at(u"hasOneWindow"_s).boolean(false);
     return application;
 }
 

@@ -13,19 +13,19 @@ struct SimulatedApplication {
     QString bundleIdentifier;
     QString name;
     bool hung = false; ///< answers nothing: every call lasts as long as the messaging timeout
-    bool hasShown = false; ///< some window
-    bool isRegular = false; ///< has shown a window that the task bar lists
     bool isRival = false; ///< moves windows by shortcuts, too
+    QList<RunningApplication> roles{}; ///< the applications that its windows made of it
     std::optional<WindowElement> mainWindow{};
 
-    [[nodiscard]] RunningApplication record() const
-    {
-        return {pid, bundleIdentifier, name, isRegular};
-    }
+    /// As its windows tell: an unlisted one does not name it for good.
+    [[nodiscard]] QList<RunningApplication> records() const;
 };
 
 /// An application that can be launched, and what happens then.
 struct InstalledApplication {
+    /// What a further start does while it runs.
+    enum class FurtherStart { process, window, windowIfItHasNone };
+
     QString bundleIdentifier{};
     QString name{};
     Installation::State state = Installation::State::ready;
@@ -35,6 +35,9 @@ struct InstalledApplication {
     /// Shown at once, and closed when the windows open.
     std::optional<WindowSpec> splash{};
     std::optional<Clock::Duration> exitsAfter{};
+    FurtherStart furtherStart = FurtherStart::process;
+    bool opensFurtherWindows = false; ///< when asked for one, whatever a further start does
+    bool hasOneWindow = false; ///< and says so
 };
 
 } // namespace corvane

@@ -20,14 +20,29 @@ std::optional<RunningApplication> SimulatedApplications::application(pid_t pid)
 {
     m_desktop.catchUp();
     const SimulatedApplication *found = m_desktop.findApplication(pid);
-    return found && found->hasShown ? std::optional(found->record()) : std::nullopt;
+    const auto records = found ? found->records() : QList<RunningApplication>();
+    return records.isEmpty() ? std::nullopt : std::optional(records.first());
+}
+
+std::optional<RunningApplication> SimulatedApplications::applicationOf(const WindowElement &window)
+{
+    m_desktop.catchUp();
+    const SimulatedWindow *found = m_desktop.findWindow(window);
+    return found ? std::optional(m_desktop.roleOf(*found)) : std::nullopt;
+}
+
+QStringList SimulatedApplications::formerIdentifiers(const WindowElement &window)
+{
+    m_desktop.catchUp();
+    const SimulatedWindow *found = m_desktop.findWindow(window);
+    return found ? found->formerIdentifiers : QStringList();
 }
 
 std::optional<RunningApplication> SimulatedApplications::frontmost()
 {
     m_desktop.catchUp();
     const auto focused = m_desktop.focused();
-    return focused ? application(m_desktop.window(*focused).pid) : std::nullopt;
+    return focused ? applicationOf(*focused) : std::nullopt;
 }
 
 Installation SimulatedApplications::installation(const QString &bundleIdentifier)
@@ -38,11 +53,23 @@ Installation SimulatedApplications::installation(const QString &bundleIdentifier
 
 expected<void, QString> SimulatedApplications::open(const QString &bundleIdentifier)
 {
-    const Installation found = installation(bundleIdentifier);
-    if (found.state == Installation::State::notInstalled)
-        return unexpected<QString>(u"\"%1\" is not installed."_s.arg(bundleIdentifier));
-    if (found.state == Installation::State::broken)
-        return unexpected<QString>(u"\"%1\" cannot be opened."_s.arg(bundleIdentifier));
+    return canBeOpened(bundleIdentifier).map([&] { m_desktop.launch(bundleIdentifier); });
+}
+
+expected<void, QString> SimulatedApplications::openWindow(const QString &bundleIdentifier)
+{
+    if (const auto can = canBeOpened(bundleIdentifier); !can)
+        return can;
+    m_desktop.catchUp();
+    const InstalledApplication &found = *m_desktop.installed(bundleIdentifier);
+    const auto pid = m_desktop.processOf(bundleIdentifier);
+    const bool hasWindow = pid && m_desktop.hasWindow(*pid, bundleIdentifier);
+    if (hasWindow && found.opensFurtherWindows) {
+        m_desktop.openFurther(*pid, found);
+        return {};
+    }
+    if (hasWindow && found.hasOneWindow)
+        return unexpected<QString>(u"\"%1\" shows no more than one window."_s.arg(found.name));
     m_desktop.launch(bundleIdentifier);
     return {};
 }
@@ -57,6 +84,16 @@ void SimulatedApplications::quit(pid_t pid)
 {
     if (m_desktop.findApplication(pid))
         m_desktop.quit(pid);
+}
+
+expected<void, QString> SimulatedApplications::canBeOpened(const QString &bundleIdentifier)
+{
+    const Installation found = installation(bundleIdentifier);
+    if (found.state == Installation::State::notInstalled)
+        return unexpected<QString>(u"\"%1\" is not installed."_s.arg(bundleIdentifier));
+    if (found.state == Installation::State::broken)
+        return unexpected<QString>(u"\"%1\" cannot be opened."_s.arg(bundleIdentifier));
+    return {};
 }
 
 } // namespace corvane

@@ -42,8 +42,14 @@ public:
     // Applications
     void install(InstalledApplication application);
     [[nodiscard]] const InstalledApplication *installed(const QString &bundleIdentifier) const;
-    /// Starts an installed application, without taking the focus. Nothing if it is not installed.
+    /// Starts an installed application, without taking the focus; one that runs does what it does
+    /// at a further start. Nothing if it is not installed.
     std::optional<pid_t> launch(const QString &bundleIdentifier);
+    /// The first process that is this application.
+    [[nodiscard]] std::optional<pid_t> processOf(const QString &bundleIdentifier) const;
+    [[nodiscard]] bool hasWindow(pid_t pid, const QString &bundleIdentifier);
+    /// The running application opens its first window once more, as late as it opens them.
+    void openFurther(pid_t pid, const InstalledApplication &application);
     /// A process without a window yet. Its number, unless one is given, is none of this machine's.
     pid_t start(const QString &bundleIdentifier, const QString &name, pid_t pid = 0);
     void quit(pid_t pid);
@@ -53,11 +59,15 @@ public:
     [[nodiscard]] QList<RunningApplication> running() const;
     /// With a window or without, in the order of their start.
     [[nodiscard]] QList<RunningApplication> rivals() const;
+    /// The application that the window belongs to.
+    [[nodiscard]] RunningApplication roleOf(const SimulatedWindow &window);
 
     // Windows
     /// In front of all others (a desktop: behind), with the focus where it takes it.
     WindowElement openWindow(pid_t pid, const WindowSpec &spec);
     void closeWindow(const WindowElement &element);
+    /// From now on it belongs to another application of its process.
+    void renameWindow(const WindowElement &element, const QString &bundleIdentifier);
     [[nodiscard]] SimulatedWindow &window(const WindowElement &element);
     /// Null once it is closed.
     [[nodiscard]] SimulatedWindow *findWindow(const WindowElement &element);

@@ -24,6 +24,13 @@ std::optional<pid_t> SimulatedDesktop::launch(const QString &bundleIdentifier)
     const InstalledApplication *found = installed(bundleIdentifier);
     if (!found)
         return std::nullopt;
+    using enum InstalledApplication::FurtherStart;
+    if (const auto running = processOf(bundleIdentifier);
+        running && found->furtherStart != process) {
+        if (found->furtherStart == window || !hasWindow(*running, bundleIdentifier))
+            openFurther(*running, *found);
+        return running;
+    }
     const pid_t pid = start(bundleIdentifier, found->name);
     const auto open = [this, pid](const WindowSpec &spec) {
         WindowSpec quiet = spec;
@@ -52,6 +59,39 @@ std::optional<pid_t> SimulatedDesktop::launch(const QString &bundleIdentifier)
     return pid;
 }
 
+std::optional<pid_t> SimulatedDesktop::processOf(const QString &bundleIdentifier) const
+{
+    for (const auto &[pid, application] : m_applications) {
+        if (application.bundleIdentifier == bundleIdentifier
+            || std::ranges::find(
+                   application.roles, bundleIdentifier, &RunningApplication::bundleIdentifier)
+                != application.roles.end())
+            return pid;
+    }
+    return std::nullopt;
+}
+
+bool SimulatedDesktop::hasWindow(pid_t pid, const QString &bundleIdentifier)
+{
+    return std::ranges::any_of(m_windows, [&](const auto &each) {
+        return each.second.pid == pid && each.second.isListed()
+            && roleOf(each.second).bundleIdentifier == bundleIdentifier;
+    });
+}
+
+void SimulatedDesktop::openFurther(pid_t pid, const InstalledApplication &application)
+{
+    if (!application.opensAfter || application.windows.isEmpty())
+        return;
+    WindowSpec spec = application.windows.first();
+    spec.takesFocus = false;
+    schedule(*application.opensAfter, [this, pid, spec] {
+        if (findApplication(pid))
+            openWindow(pid, spec);
+    });
+    catchUp();
+}
+
 pid_t SimulatedDesktop::start(const QString &bundleIdentifier, const QString &name, pid_t pid)
 {
     if (pid == 0)
@@ -66,7 +106,7 @@ void SimulatedDesktop::quit(pid_t pid)
     for (const WindowElement &element : stack())
         if (window(element).pid == pid)
             closeWindow(element);
-    const bool isTold = application(pid).hasShown || application(pid).isRival;
+    const bool isTold = !application(pid).roles.isEmpty() || application(pid).isRival;
     m_applications.erase(pid);
     if (isTold)
         m_notices.post([this, pid] { Q_EMIT applicationTerminated(pid); });
@@ -89,8 +129,7 @@ QList<RunningApplication> SimulatedDesktop::running() const
 {
     QList<RunningApplication> running;
     for (const auto &[pid, application] : m_applications)
-        if (application.hasShown)
-            running << application.record();
+        running << application.records();
     return running;
 }
 
@@ -99,17 +138,58 @@ QList<RunningApplication> SimulatedDesktop::rivals() const
     QList<RunningApplication> rivals;
     for (const auto &[pid, application] : m_applications)
         if (application.isRival)
-            rivals << application.record();
+            rivals << RunningApplication{
+                pid, application.bundleIdentifier, application.name, false};
     return rivals;
+}
+
+RunningApplication SimulatedDesktop::roleOf(const SimulatedWindow &window)
+{
+    const SimulatedApplication &owner = application(window.pid);
+    const QString &id = window.application;
+    const InstalledApplication *found = installed(id);
+    const QString foreignName = found ? found->name : id;
+    return {window.pid, id.isEmpty() ? owner.bundleIdentifier : id,
+        id.isEmpty() ? owner.name : foreignName, window.isListed()};
 }
 
 void SimulatedDesktop::noteShown(SimulatedApplication &owner, const SimulatedWindow &window)
 {
-    owner.hasShown = true;
-    if (owner.isRegular || !window.isListed())
-        return;
-    owner.isRegular = true;
-    m_notices.post([this, record = owner.record()] { Q_EMIT applicationLaunched(record); });
+    const RunningApplication role = roleOf(window);
+    const auto known = std::ranges::find(
+        owner.roles, role.bundleIdentifier, &RunningApplication::bundleIdentifier);
+    const bool wasRegular = known != owner.roles.end() && known->isRegular;
+    if (known == owner.roles.end())
+        owner.roles << role;
+    else
+        known->isRegular |= role.isRegular;
+    if (role.isRegular && !wasRegular)
+        m_notices.post([this, role] { Q_EMIT applicationLaunched(role); });
+}
+
+void SimulatedDesktop::renameWindow(const WindowElement &element, const QString &bundleIdentifier)
+{
+    SimulatedWindow &renamed = window(element);
+    SimulatedApplication &owner = application(renamed.pid);
+    const QString before = roleOf(renamed).bundleIdentifier;
+    renamed.formerIdentifiers << before;
+    renamed.application = bundleIdentifier;
+    const auto belongsToFormer = [&](const auto &each) {
+        return each.second.pid == owner.pid && roleOf(each.second).bundleIdentifier == before;
+    };
+    if (std::ranges::none_of(m_windows, belongsToFormer))
+        owner.roles.removeIf(
+            [&before](const RunningApplication &role) { return role.bundleIdentifier == before; });
+    noteShown(owner, renamed);
+}
+
+QList<RunningApplication> SimulatedApplication::records() const
+{
+    const bool isRegular = std::ranges::any_of(roles, &RunningApplication::isRegular);
+    QList<RunningApplication> records = roles;
+    records.removeIf(
+        [isRegular](const RunningApplication &role) { return role.isRegular != isRegular; });
+    return records;
 }
 
 } // namespace corvane

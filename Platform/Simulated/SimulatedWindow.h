@@ -5,7 +5,7 @@
 #include "Rect.h"
 #include "WindowElement.h"
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <optional>
 #include <sys/types.h>
@@ -27,6 +27,9 @@ struct WindowSpec {
     Size increment{1, 1}; ///< 1: any size
     Clock::Duration resizesAfter{0}; ///< how long after the write it takes a new size
 
+    /// The bundle identifier, where it belongs to another application than its process's first.
+    QString application{};
+
     bool fullScreen = false;
     bool maximised = false; ///< the first write ends it
     bool minimised = false;
@@ -46,6 +49,7 @@ struct SimulatedWindow : WindowSpec {
     WindowElement element{};
     pid_t pid = 0;
     QString lastRefusal{};
+    QStringList formerIdentifiers{};
     Rect unmaximised{}; ///< the frame to go back to when `maximised` ends
 
     [[nodiscard]] bool isOrdinary() const; ///< neither panel nor desktop

@@ -55,17 +55,6 @@ pid_t processOf(pid_t stated, pid_t socketPid, const QString &machine)
     return isAlive(stated) ? stated : socketPid;
 }
 
-void readClass(const PropertyReply &reply, KnownWindow &known)
-{
-    if (!reply || (*reply)->format != 8)
-        return;
-    const QByteArray text(static_cast<const char *>(xcb_get_property_value(reply->get())),
-        static_cast<qsizetype>((*reply)->value_len));
-    const QByteArrayList names = text.split('\0');
-    known.instanceName = QString::fromUtf8(names.value(0));
-    known.className = QString::fromUtf8(names.value(1));
-}
-
 /// A window lists its types in order of preference, and those of its toolkit's own among them.
 std::optional<Atom> knownType(const Connection &connection, std::span<const quint32> types)
 {
@@ -175,9 +164,7 @@ ClientPropertiesRequest requestClientProperties(const Connection &connection, xc
         .pid = requestProperty(connection, window, Atom::netWmPid),
         .machine = requestProperty(connection, window, XCB_ATOM_WM_CLIENT_MACHINE),
         .clientIds = requestClientIds(connection, window),
-        .windowClass = requestProperty(connection, window, XCB_ATOM_WM_CLASS),
-        .gtkId = requestProperty(connection, window, Atom::gtkApplicationId),
-        .kdeFile = requestProperty(connection, window, Atom::kdeDesktopFile),
+        .names = requestNames(connection, window),
         .state = requestProperty(connection, window, Atom::netWmState),
         .kind = requestKind(connection, window),
         .struts = requestStruts(connection, window)};
@@ -191,9 +178,7 @@ std::optional<KnownWindow> clientProperties(
     const auto pid = propertyReply(connection, request.pid);
     const QString machine = textOf(propertyReply(connection, request.machine));
     const pid_t socketPid = localClientPid(connection, request.clientIds);
-    const auto windowClass = propertyReply(connection, request.windowClass);
-    const QString gtkId = textOf(propertyReply(connection, request.gtkId));
-    const QString kdeFile = textOf(propertyReply(connection, request.kdeFile));
+    const auto names = readNames(connection, request.names);
     const auto state = propertyReply(connection, request.state);
     KnownWindow known;
     known.kind = readKind(connection, request.kind, request.window);
@@ -205,8 +190,7 @@ std::optional<KnownWindow> clientProperties(
     const auto statedPid = stated.empty() ? pid_t(0) : static_cast<pid_t>(stated[0]);
     known.pid = processOf(statedPid, socketPid, machine);
     known.machine = machine;
-    readClass(windowClass, known);
-    known.publishedId = gtkId.isEmpty() ? kdeFile : gtkId;
+    known.names = names.value_or(WindowNames{});
     known.inTaskbar =
         known.kind == WindowKind::standard && isInTaskbar(connection, values32(state));
     return known;

@@ -41,9 +41,7 @@ struct ClientPropertiesRequest {
     xcb_get_property_cookie_t pid{};
     xcb_get_property_cookie_t machine{};
     xcb_res_query_client_ids_cookie_t clientIds{};
-    xcb_get_property_cookie_t windowClass{};
-    xcb_get_property_cookie_t gtkId{};
-    xcb_get_property_cookie_t kdeFile{};
+    NamesRequest names;
     xcb_get_property_cookie_t state{};
     KindRequest kind;
     StrutRequest struts;

@@ -18,10 +18,6 @@ constexpr int mostRounds = 16;
 // What a fence takes for its answer may be the answer to what was asked before.
 constexpr int mostFences = 4;
 
-constexpr quint32 followStructure = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-constexpr quint32 followProperties =
-    XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-
 quint32 coordinate(double value)
 {
     return static_cast<quint32>(static_cast<qint32>(std::clamp(value, -32768.0, 32767.0)));
@@ -123,14 +119,10 @@ void WindowPlacer::watch(xcb_window_t window, const WindowSnapshot &snapshot)
     if (!snapshot.drawsOwnDecoration && snapshot.decoration != Extents{})
         return;
     m_watched = window;
-    xcb_change_window_attributes(m_connection.xcb(), window, XCB_CW_EVENT_MASK, &followProperties);
 }
 
 void WindowPlacer::stopWatching()
 {
-    if (m_watched != noWindow)
-        xcb_change_window_attributes(
-            m_connection.xcb(), m_watched, XCB_CW_EVENT_MASK, &followStructure);
     m_watched = noWindow;
 }
 

@@ -9,8 +9,13 @@ namespace corvane::x11 {
 
 namespace {
 
-constexpr quint32 followStructure = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-constexpr quint32 followPanel = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+constexpr quint32 followWindow = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+
+void appendNew(QStringList &list, const QString &name)
+{
+    if (!name.isEmpty() && !list.contains(name))
+        list << name;
+}
 
 } // namespace
 
@@ -86,8 +91,7 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
 {
     QList<ClientPropertiesRequest> requests;
     for (const xcb_window_t window : windows) {
-        xcb_change_window_attributes(
-            m_connection.xcb(), window, XCB_CW_EVENT_MASK, &followStructure);
+        xcb_change_window_attributes(m_connection.xcb(), window, XCB_CW_EVENT_MASK, &followWindow);
         requests << requestClientProperties(m_connection, window);
         // Known from here on, so that its destruction while we wait is not missed.
         m_known[window].generation = ++m_lastGeneration;
@@ -107,9 +111,6 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
         properties->generation = known->generation;
         properties->wasListed = known->wasListed;
         *known = *properties;
-        if (known->kind == WindowKind::panel || !known->struts.isEmpty())
-            xcb_change_window_attributes(
-                m_connection.xcb(), windows[i], XCB_CW_EVENT_MASK, &followPanel);
     }
 }
 
@@ -117,7 +118,7 @@ void WindowRegistry::meet(const QList<xcb_window_t> &windows)
 pid_t WindowRegistry::applicationWithoutProcess(const KnownWindow &window)
 {
     const auto sibling = std::ranges::find_if(m_known, [&window](const KnownWindow &known) {
-        return known.pid < 0 && known.className == window.className
+        return known.pid < 0 && known.names.className == window.names.className
             && known.machine == window.machine;
     });
     return sibling != m_known.end() ? sibling->pid : --m_lastWithoutProcess;
@@ -154,6 +155,34 @@ void WindowRegistry::handleProperty(const xcb_property_notify_event_t &event)
     } else if (event.atom == m_connection.atom(Atom::netWmStrutPartial)
         || event.atom == m_connection.atom(Atom::netWmStrut)) {
         refreshStruts();
+    } else if (isOfNames(m_connection, event.atom)) {
+        scheduleNames(event.window);
+    }
+}
+
+void WindowRegistry::scheduleNames(xcb_window_t window)
+{
+    if (!m_known.contains(window) || m_renamed.contains(window))
+        return;
+    m_renamed << window;
+    if (m_renamed.size() == 1)
+        m_connection.defer([this] { refreshNames(std::exchange(m_renamed, {})); });
+}
+
+void WindowRegistry::refreshNames(const QList<xcb_window_t> &windows)
+{
+    QList<NamesRequest> requests;
+    for (const xcb_window_t window : windows)
+        requests << requestNames(m_connection, window);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        const auto names = readNames(m_connection, requests[i]);
+        const auto known = m_known.find(windows[i]);
+        if (!names || known == m_known.end() || *names == known->names)
+            continue;
+        const WindowNames before = std::exchange(known->names, *names);
+        appendNew(known->formerNames, before.className);
+        appendNew(known->formerNames, before.instanceName);
+        Q_EMIT renamed({windows[i], known->generation}, before);
     }
 }
 

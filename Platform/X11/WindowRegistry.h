@@ -3,6 +3,7 @@
 #include "Connection.h"
 #include "Rect.h"
 #include "WindowElement.h"
+#include "WindowNames.h"
 #include "WindowSnapshot.h"
 
 #include <QtCore/QHash>
@@ -24,14 +25,13 @@ struct Strut {
     bool operator==(const Strut &) const = default;
 };
 
-/// What stays true of a window for as long as it lives, and its panel reservation.
+/// What stays true of a window for as long as it lives, its names and its panel reservation.
 struct KnownWindow {
     quint64 generation = 0;
     pid_t pid = 0; ///< below zero: stands for an application without a process here
     QString machine; ///< that the client names as its own; mostly this one
-    QString className;
-    QString instanceName;
-    QString publishedId; ///< of the application, by its toolkit; mostly empty
+    WindowNames names;
+    QStringList formerNames; ///< classes and instances that it has had
     WindowKind kind = WindowKind::standard;
     bool inTaskbar = false; ///< when it was first seen
     bool wasListed = false; ///< by the window manager, at some time
@@ -67,6 +67,10 @@ public:
 Q_SIGNALS:
     /// Windows that are new in the client list; sent from inside the back end.
     void appeared(const QList<corvane::WindowElement> &windows);
+    /// We are giving this window the focus.
+    void activating(xcb_window_t window);
+    /// The window has other names now; sent from inside the back end.
+    void renamed(const corvane::WindowElement &window, const corvane::x11::WindowNames &before);
     void destroyed(const corvane::WindowElement &window, const corvane::x11::KnownWindow &known);
     void strutsChanged();
 
@@ -76,6 +80,8 @@ private:
     void scheduleRefresh();
     void meet(const QList<xcb_window_t> &windows);
     [[nodiscard]] pid_t applicationWithoutProcess(const KnownWindow &window);
+    void scheduleNames(xcb_window_t window);
+    void refreshNames(const QList<xcb_window_t> &windows);
     void refreshStruts();
     void gatherStruts();
 
@@ -83,6 +89,7 @@ private:
     QHash<xcb_window_t, KnownWindow> m_known;
     QList<xcb_window_t> m_clients;
     QList<Strut> m_struts;
+    QList<xcb_window_t> m_renamed; ///< their names are to be read again
     quint64 m_lastGeneration = 0;
     pid_t m_lastWithoutProcess = -1; // which itself would be every process, to kill(2)
     bool m_refreshScheduled = false;

@@ -282,6 +282,7 @@ void X11WindowAccess::sendActivate(const WindowElement &window)
 {
     m_connection.sendToRoot(static_cast<xcb_window_t>(window.number), Atom::netActiveWindow,
         {fromPager, XCB_CURRENT_TIME, noWindow, 0, 0});
+    Q_EMIT m_registry.activating(static_cast<xcb_window_t>(window.number));
 }
 
 std::optional<quint32> X11WindowAccess::windowID(const WindowElement &window)

@@ -104,6 +104,28 @@ TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
     EXPECT_THAT(history.first().from, ElementsAre(100, 100, 600, 500));
 }
 
+TEST_F(AppModelTests, aLayoutThatNamesAnApplicationByAnOldNameIsMendedByItsWindow)
+{
+    const AppRef writer{u"org.example.Writer"_s, u"Writer"_s};
+    for (const QString &id : {writer.bundleID, u"org.example.Sheets"_s})
+        desktop().install({.bundleIdentifier = id, .name = u"Writer"_s});
+    const WindowElement other = desktop().openWindow(desk.editor, {});
+    desktop().renameWindow(desk.window, writer.bundleID);
+    desktop().renameWindow(other, u"org.example.Sheets"_s);
+    WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
+    const AppRef old = *layout.panes.first().app;
+    layout.panes << Pane{.app = AppRef{u"org.example.Gone"_s, {}}} << Pane{.app = old};
+    layout.panes.first().titleContains = u"letter"_s;
+    save({layout});
+    AppModel model = desk.model();
+
+    const auto apply = model.apply(*model.layout(layout.id));
+
+    EXPECT_EQ(desk.frame(), leftHalf);
+    layout.panes.first().app = writer;
+    EXPECT_EQ(LayoutStore(desk.folder.path()).load(), QList{layout});
+}
+
 TEST_F(AppModelTests, theGapOfTheSettingsStandsBetweenPanes)
 {
     Settings settings;

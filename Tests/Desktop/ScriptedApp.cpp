@@ -36,6 +36,7 @@ bool ScriptedApp::take(const QByteArray &step)
         {"wait-until-resized", &ScriptedApp::waitUntilResized},
         {"only-one", &ScriptedApp::onlyOne},
         {"quit", &ScriptedApp::quit},
+        {"demand-attention", &ScriptedApp::demandAttention},
     };
     const QByteArray verb = step.split('=').first();
     const Action action = actions.value(verb);
@@ -109,6 +110,18 @@ bool ScriptedApp::onlyOne(const QByteArray &pipe)
 bool ScriptedApp::quit(const QByteArray &)
 {
     m_isOver = true;
+    return true;
+}
+
+bool ScriptedApp::demandAttention(const QByteArray &)
+{
+    WindowProbe probe(m_connection);
+    const xcb_window_t window = m_windows.back().number();
+    if (!probe.isManaged(window) || probe.activeWindow() == window)
+        return false;
+    m_connection.sendToRoot(
+        window, "_NET_WM_STATE", {1, m_connection.atom("_NET_WM_STATE_DEMANDS_ATTENTION"), 0, 1});
+    m_connection.sync();
     return true;
 }
 

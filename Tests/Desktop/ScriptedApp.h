@@ -9,6 +9,7 @@ namespace corvane::desktop {
 /// What the test application does: it takes its steps one after another, each a verb or `verb=value`.
 ///
 ///     open=TITLE        opens a window            splash          opens a splash screen
+///     demand-attention  for the newest one, as soon as it has not the focus
 ///     close             closes the oldest one     resize=WxH      the newest one resizes itself
 ///     wait=MS           lets time pass            wait-until-resized  by somebody else
 ///     only-one=PIPE     leaves the rest to the copy that reads the pipe; else is that copy from here on
@@ -33,6 +34,7 @@ private:
     bool waitUntilResized(const QByteArray &);
     bool onlyOne(const QByteArray &pipe);
     bool quit(const QByteArray &);
+    bool demandAttention(const QByteArray &);
 
     bool take(const QByteArray &step);
     void readPipe();

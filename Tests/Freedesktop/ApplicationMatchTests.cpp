@@ -135,6 +135,8 @@ TEST_F(ApplicationMatchTests, theEndOfAnIdCountsOnlyWhereItIsTheOnlyOne)
     folders.install(u"org.two.TextEditor"_s, "NoDisplay=true");
     EXPECT_EQ(found(), u"org.one.TextEditor");
 
+    // A file written anew in place is not noticed at once.
+    folders.remove(u"org.two.TextEditor"_s);
     folders.install(u"org.two.TextEditor"_s);
     EXPECT_EQ(found(), QString());
 }

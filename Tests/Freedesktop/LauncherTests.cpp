@@ -96,9 +96,17 @@ public:
     ~BusApplication() override { QDBusConnection::disconnectFromBus(u"application"_s); }
 
     QList<QVariantMap> activations;
+    QStringList actions;
 
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData) { activations << platformData; }
+    void ActivateAction(
+        const QString &name, const QVariantList &parameters, const QVariantMap &platformData)
+    {
+        EXPECT_EQ(parameters, QVariantList());
+        EXPECT_TRUE(platformData.contains(u"desktop-startup-id"_s));
+        actions << name;
+    }
 
 private:
     QDBusConnection m_bus;
@@ -230,7 +238,46 @@ TEST_F(LauncherTests, anApplicationOnTheBusIsAskedToShowItself)
     EXPECT_TRUE(eventually([&] { return !application.activations.isEmpty(); }));
     EXPECT_THAT(application.activations.first()[u"desktop-startup-id"_s].toString().toStdString(),
         MatchesRegex(".+_TIME[1-9][0-9]*"));
+
+    folders.install(u"org.example.App-1"_s,
+        "DBusActivatable=true\nExec=" + recorder
+            + "\nActions=new-tab;new-window;\n[Desktop Action new-window]\nExec=" + recorder);
+    EXPECT_TRUE(launcher.openFurtherWindow(u"org.example.App-1"_s));
+    EXPECT_TRUE(eventually([&] { return !application.actions.isEmpty(); }));
+    EXPECT_EQ(application.actions, QStringList{u"new-window"_s});
+    EXPECT_EQ(application.activations.size(), 1);
     EXPECT_FALSE(hasStarted());
+}
+
+TEST_F(LauncherTests, aFurtherWindowIsAskedForByItsActionElseByAFurtherStart)
+{
+    struct Case {
+        QByteArray keys;
+        std::string argument; ///< of the program that is started
+    };
+    const auto action = [](const QByteArray &name) {
+        return "Actions=new-private-window;" + name
+            + ";\n[Desktop Action new-private-window]\nExec=" + recorder
+            + " private\n[Desktop Action " + name + "]\nExec=" + recorder + " action\n";
+    };
+    for (const auto &[keys, argument] :
+        {Case{action("new-window"), "action"}, Case{action("NewWindow"), "action"},
+            Case{action("new_window"), "action"}, Case{action("new-empty-window"), "action"},
+            Case{"SingleMainWindow=true\n" + action("new-window"), "action"},
+            Case{"DBusActivatable=true\n" + action("new-window"), "action"},
+            Case{action("other"), "start"}, Case{"Actions=new-window;", "start"}, Case{{}, "start"},
+            Case{"DBusActivatable=true", "start"}}) {
+        SCOPED_TRACE(keys.constData());
+        installRecorder(recorder + " start", keys);
+
+        EXPECT_TRUE(launcher.openFurtherWindow(u"org.example.App"_s));
+
+        EXPECT_THAT(recorded("argument"), ElementsAre(argument));
+        QFile::remove(recordPath());
+    }
+    installRecorder(recorder, "SingleMainWindow=true");
+    EXPECT_EQ(launcher.openFurtherWindow(u"org.example.App"_s).error(),
+        u"\"Application\" shows no more than one window."_s);
 }
 
 TEST_F(LauncherTests, whereNobodyAnswersOnTheBusTheProgramIsStarted)

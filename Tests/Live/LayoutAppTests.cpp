@@ -171,4 +171,26 @@ TEST_F(LayoutAppTests, aSplashScreenIsNotTakenForTheWindowThatItAnnounces)
     EXPECT_EQ(app.starts(), 1);
 }
 
+TEST_F(LayoutAppTests, anOpenedWindowNeitherTakesTheFocusNorDemandsAttention)
+{
+    const xcb_window_t users = showFocused();
+    const InstalledApp &app =
+        install(u"pushing"_s, {u"open=Pushing"_s, u"demand-attention"_s, u"open=Second"_s});
+    Pane pane = paneFor(app.id(), {});
+    pane.titleContains = u"Another title"_s; // placed, it would have the focus
+    expect(pane, "launched");
+    keep({layout()});
+    EXPECT_TRUE(focus(users));
+
+    const auto applied = apply(u"Desk"_s, Milliseconds{40000});
+
+    EXPECT_EQ(applied.statuses(), "launched");
+    EXPECT_EQ(probe().activeWindow(), users);
+    const xcb_window_t second = probe().waitForWindow(
+        [&](xcb_window_t window) { return probe().hasClass(window, app.id().toLatin1()); });
+    EXPECT_NE(second, users);
+    for (const xcb_window_t window : probe().clients())
+        EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_DEMANDS_ATTENTION"));
+}
+
 } // namespace corvane::desktop

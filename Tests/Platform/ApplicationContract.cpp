@@ -4,6 +4,7 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -17,6 +18,22 @@ QList<pid_t> pids(Applications &applications)
     for (const RunningApplication &each : applications.running())
         pids << each.pid;
     return pids;
+}
+
+/// The bundle identifiers of the process, one for each of its applications.
+QStringList identifiers(Applications &applications, pid_t pid)
+{
+    QStringList identifiers;
+    for (const RunningApplication &each : applications.running()) {
+        if (each.pid == pid)
+            identifiers << each.bundleIdentifier;
+    }
+    return identifiers;
+}
+
+QString owner(Applications &applications, const WindowElement &window)
+{
+    return applications.applicationOf(window).value_or(RunningApplication{}).bundleIdentifier;
 }
 
 } // namespace
@@ -66,6 +83,49 @@ TEST_P(PlatformContract, aLaunchIsToldOnceAndInTimeToObserveTheFirstWindow)
 
     EXPECT_THAT(launched, ElementsAre(pid));
     EXPECT_THAT(created, ElementsAre(first, second));
+}
+
+TEST_P(PlatformContract, aProcessMayBeSeveralApplicationsToldApartByTheirWindows)
+{
+    const QString writer = u"contract-writer"_s;
+    const QString sheets = u"contract-sheets"_s;
+    const pid_t pid = world().startApplication();
+
+    const WindowElement letter = world().openWindow(pid, {.application = writer});
+    const WindowElement sheet = world().openWindow(pid, {.application = sheets});
+    const WindowElement second = world().openWindow(pid, {.application = writer});
+    world().settle();
+
+    EXPECT_THAT(identifiers(applications(), pid), ElementsAre(writer, sheets));
+    EXPECT_EQ(owner(applications(), letter), writer);
+    EXPECT_EQ(owner(applications(), sheet), sheets);
+    EXPECT_EQ(owner(applications(), second), writer);
+    EXPECT_EQ(applications().frontmost()->bundleIdentifier, writer);
+    EXPECT_THAT(launched, ElementsAre(pid, pid));
+
+    world().closeWindow(sheet);
+    world().settle();
+    EXPECT_THAT(identifiers(applications(), pid), ElementsAre(writer, sheets));
+    EXPECT_EQ(owner(applications(), sheet), QString());
+}
+
+TEST_P(PlatformContract, anApplicationThatIsRenamedAfterItsWindowIsShownIsFollowed)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement window = world().openWindow(pid, {.application = u"contract-office"_s});
+    const WindowElement other = world().openWindow(pid, {.application = u"contract-office"_s});
+
+    for (const WindowElement &each : {window, other}) {
+        world().renameWindow(each, u"contract-writer"_s);
+
+        EXPECT_TRUE(
+            world().waitUntil([&] { return owner(applications(), each) == u"contract-writer"_s; }));
+        EXPECT_THAT(applications().formerIdentifiers(each), Contains(u"contract-office"_s));
+    }
+    world().settle();
+
+    EXPECT_THAT(identifiers(applications(), pid), ElementsAre(u"contract-writer"_s));
+    EXPECT_THAT(launched, ElementsAre(pid, pid));
 }
 
 TEST_P(PlatformContract, theEndOfAProcessIsToldOnce)
@@ -158,6 +218,28 @@ TEST_P(PlatformContract, anOpenedApplicationRunsUnderItsBundleIdentifier)
     EXPECT_EQ(opened->bundleIdentifier, id);
     EXPECT_EQ(opened->localizedName, QStringLiteral("Opened"));
     EXPECT_EQ(windows().windows(opened->pid)->size(), 1);
+
+    EXPECT_TRUE(applications().openWindow(id));
+    EXPECT_TRUE(world().waitUntil([&] {
+        qsizetype count = 0;
+        for (const RunningApplication &each : applications().running())
+            count += each.bundleIdentifier == id ? windows().windows(each.pid)->size() : 0;
+        return count == 2;
+    }));
+}
+
+TEST_P(PlatformContract, anOpenedApplicationLeavesTheFocusWhereTheUserTypes)
+{
+    const QString id = u"org.example.Opened"_s;
+    world().install(id, u"Opened"_s, Installation::State::ready);
+    const WindowElement users = world().openWindow(world().startApplication());
+
+    EXPECT_TRUE(applications().open(id));
+    EXPECT_TRUE(world().waitUntil([&] { return windows().onScreenWindows().size() == 2; }));
+    EXPECT_TRUE(world().waitUntil([&] { return windows().focusedWindow().window == users; }));
+    world().settle();
+
+    EXPECT_EQ(windows().focusedWindow().window, users);
 }
 
 TEST_P(PlatformContract, whatCannotBeOpenedSaysWhy)
@@ -166,9 +248,10 @@ TEST_P(PlatformContract, whatCannotBeOpenedSaysWhy)
     world().install(broken, QStringLiteral("Broken"), Installation::State::broken);
 
     for (const QString &id : {broken, QStringLiteral("org.example.Missing")}) {
-        const auto opened = applications().open(id);
-        ASSERT_FALSE(opened);
-        EXPECT_TRUE(opened.error().endsWith(u'.'));
+        for (const auto &opened : {applications().open(id), applications().openWindow(id)}) {
+            ASSERT_FALSE(opened);
+            EXPECT_TRUE(opened.error().endsWith(u'.'));
+        }
     }
     world().settle();
 

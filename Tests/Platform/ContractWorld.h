@@ -14,6 +14,7 @@ struct ContractWindow {
     Kind kind = Kind::standard;
     Rect frame{120, 110, 500, 400}; ///< what a person sees of it
     QString title = QStringLiteral("Contract");
+    QString application{}; ///< that the window says it belongs to; empty: its process's own
     std::optional<Size> minimum{}; ///< of what a person sees
     bool fixedSize = false;
     bool fullScreen = false;
@@ -50,6 +51,8 @@ public:
     /// A window with the number of one that is gone.
     virtual WindowElement openWindowNumbered(pid_t pid, quint64 number) = 0;
     virtual void closeWindow(const WindowElement &window) = 0;
+    /// From now on the window says that it belongs to this application.
+    virtual void renameWindow(const WindowElement &window, const QString &application) = 0;
     virtual void focus(const WindowElement &window) = 0;
     virtual void drag(const WindowElement &window, Point origin) = 0;
 

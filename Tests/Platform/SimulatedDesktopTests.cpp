@@ -233,6 +233,58 @@ TEST_F(SimulatedDesktopTests, launchedApplicationsOpenTheirWindowsTheirOwnWay)
     EXPECT_EQ(desktop.launch(u"not installed"_s), std::nullopt);
 }
 
+TEST_F(SimulatedDesktopTests, aFurtherWindowComesInTheApplicationsOwnWay)
+{
+    using enum InstalledApplication::FurtherStart;
+    struct Case {
+        const char *name;
+        InstalledApplication application;
+        int processes; ///< in the end
+        int windows;
+    };
+    const QList<WindowSpec> main{{.title = u"Main"_s}};
+    for (const Case &each : {
+             Case{"processes", {.windows = main}, 2, 2},
+             Case{"windows", {.windows = main, .furtherStart = window}, 1, 2},
+             Case{"one", {.windows = main, .furtherStart = windowIfItHasNone}, 1, 1},
+             Case{"action",
+                 {.windows = main, .furtherStart = windowIfItHasNone, .opensFurtherWindows = true},
+                 1, 2},
+             Case{"says so", {.windows = main, .hasOneWindow = true}, 1, 1},
+         }) {
+        SCOPED_TRACE(each.name);
+        InstalledApplication application = each.application;
+        application.bundleIdentifier = QString::fromLatin1(each.name);
+        desktop.install(application);
+        const pid_t first = desktop.launch(application.bundleIdentifier).value_or(0);
+        const auto shown = windows.windows(first).value_or(QList<WindowElement>());
+        for (const WindowElement &element : shown)
+            desktop.closeWindow(element);
+
+        const auto openWindow = [&] {
+            return platform.applications().openWindow(application.bundleIdentifier);
+        };
+        // Living on without a window, an application shows its first one at a start.
+        if (application.furtherStart == process)
+            desktop.openWindow(first, application.windows.first());
+        else
+            EXPECT_TRUE(openWindow());
+        EXPECT_THAT(*windows.windows(first), SizeIs(1));
+        EXPECT_EQ(openWindow().has_value(), !application.hasOneWindow);
+
+        qsizetype count = 0;
+        qsizetype processes = 0;
+        for (const RunningApplication &running : desktop.running()) {
+            if (running.bundleIdentifier != application.bundleIdentifier)
+                continue;
+            ++processes;
+            count += windows.windows(running.pid)->size();
+        }
+        EXPECT_EQ(processes, each.processes);
+        EXPECT_EQ(count, each.windows);
+    }
+}
+
 TEST_F(SimulatedDesktopTests, oneNoticeTellsOfAWholeBurstOfDisplayChanges)
 {
     int changes = 0;

@@ -50,6 +50,10 @@ public:
         return m_desktop.openWindow(pid, {.number = number});
     }
     void closeWindow(const WindowElement &window) override { m_desktop.closeWindow(window); }
+    void renameWindow(const WindowElement &window, const QString &application) override
+    {
+        m_desktop.renameWindow(window, application);
+    }
     void focus(const WindowElement &window) override { m_desktop.focus(window); }
 
     void drag(const WindowElement &window, Point origin) override
@@ -109,6 +113,7 @@ WindowElement SimulatedWorld::openWindow(pid_t pid, const ContractWindow &window
     constexpr std::array kinds{standard, dialog, splash, panel, desktop};
     WindowSpec spec;
     spec.title = window.title;
+    spec.application = window.application;
     spec.frame = window.frame;
     spec.kind = kinds[int(window.kind)];
     spec.minimum = window.minimum.value_or(spec.minimum);

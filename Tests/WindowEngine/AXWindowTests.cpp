@@ -201,6 +201,12 @@ TEST_F(AXWindowTests, anApplicationsWindowsAreItsStandardOnesOnShow)
     desk.openFrom(other);
 
     EXPECT_THAT(AXWindow::windows(desk.editor), ElementsAre(front, back));
+
+    const QString viewer = u"org.example.Viewer"_s;
+    const AXWindow foreign = desk.open({.application = viewer});
+    EXPECT_THAT(AXWindow::windows({desk.editor, viewer, {}}), ElementsAre(foreign));
+    EXPECT_EQ(foreign.appName(), viewer);
+    EXPECT_EQ(front.appName(), u"Editor"_s);
 }
 
 TEST_F(AXWindowTests, aBusyApplicationIsToldFromOneWithoutAWindow)

@@ -104,6 +104,23 @@ TEST_F(LayoutEngineTests, panesTakeTheirAppsWindowsInOrderAndOneTooManyFindsNone
         ElementsAre(u"waited out 34 rounds for apps still coming up; 1 never settled"_s));
 }
 
+TEST_F(LayoutEngineTests, applicationsOfOneProcessKeepToTheirOwnPanes)
+{
+    const AppRef sheets{u"org.example.Sheets"_s, u"org.example.Sheets"_s};
+    const AXWindow sheet = open({.frame = onTheRight, .application = sheets.bundleID});
+    const AXWindow letter = open({.frame = onTheLeft});
+    const auto ofSheets = [&](const UnitRect &rect) { return Pane{.rect = rect, .app = sheets}; };
+
+    const WindowLayout captured = engine.capture({});
+    EXPECT_EQ(captured.panes.value(0).app, editorApp);
+    EXPECT_EQ(captured.panes.value(1).app, sheets);
+
+    EXPECT_EQ(outcomes({ofSheets(leftHalf), pane(rightHalf), ofSheets(rightHalf)}, 0s),
+        u"placed placed noWindow"_s);
+    EXPECT_EQ(frameOf(sheet), onTheLeft);
+    EXPECT_EQ(frameOf(letter), onTheRight);
+}
+
 TEST_F(LayoutEngineTests, aPaneThatNamesItsWindowClaimsItFirstAndTakesNoOther)
 {
     const AXWindow plain = open({.title = u"Notes"_s});

@@ -43,6 +43,7 @@ public:
     WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
     WindowElement openWindowNumbered(pid_t pid, quint64 number) override;
     void closeWindow(const WindowElement &window) override;
+    void renameWindow(const WindowElement &window, const QString &application) override;
     void focus(const WindowElement &window) override;
     void drag(const WindowElement &window, Point origin) override;
 
@@ -144,6 +145,8 @@ WindowElement X11World::openWindow(pid_t pid, const ContractWindow &wanted)
     request.geometry = wanted.frame;
     request.title = wanted.title.toUtf8();
     request.decorated = false;
+    if (!wanted.application.isEmpty())
+        request.className = wanted.application.toUtf8();
     request.hints.minimum = wanted.minimum.value_or(Size{});
     if (wanted.fixedSize)
         request.hints.minimum = request.hints.maximum = wanted.frame.size();
@@ -216,6 +219,14 @@ void X11World::closeWindow(const WindowElement &window)
             client->close(number);
     }
     EXPECT_TRUE(desktop::waitUntil([&] { return !m_probe->clients().contains(number); }));
+}
+
+void X11World::renameWindow(const WindowElement &window, const QString &application)
+{
+    const QByteArray part = application.toUtf8() + '\0';
+    m_desktop->connection().setBytes(
+        static_cast<xcb_window_t>(window.number), "WM_CLASS", "STRING", part + part);
+    m_desktop->connection().sync();
 }
 
 void X11World::focus(const WindowElement &window)
