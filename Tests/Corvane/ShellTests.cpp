@@ -89,16 +89,6 @@ TEST_F(ShellTests, eachCompetitorThatStartsIsToldOnce)
     EXPECT_THAT(model.competitors.value(), SizeIs(1));
 }
 
-TEST_F(LoginItemSwitchTests, theLoginItemFollowsTheSettings)
-{
-    setLaunchAtLogin(true);
-    EXPECT_EQ(session().loginItem(), LoginItem::present);
-    EXPECT_FALSE(model.loginItemNote.value());
-    setLaunchAtLogin(false);
-
-    EXPECT_EQ(session().loginItem(), LoginItem::absent);
-}
-
 TEST_F(LoginItemSwitchTests, aFailureIsANoticeUntilItSucceeds)
 {
     session().loginItemError = u"It is full."_s;
@@ -112,10 +102,12 @@ TEST_F(LoginItemSwitchTests, aFailureIsANoticeUntilItSucceeds)
     EXPECT_THAT(model.notices(), IsEmpty());
 }
 
-TEST_F(LoginItemSwitchTests, theSettingsFollowWhatTheUserDoesToTheLoginItemElsewhere)
+TEST_F(
+    LoginItemSwitchTests, theLoginItemFollowsTheSettingsAndTheyFollowWhatTheUserDoesToItElsewhere)
 {
-    setLaunchAtLogin(true);
     loginItem.start();
+    setLaunchAtLogin(true);
+    EXPECT_EQ(session().loginItem(), LoginItem::present);
     for (const LoginItem removed : {LoginItem::absent, LoginItem::awaitsApproval}) {
         session().item = removed;
         model.pendingPane = model.pendingPane.value() + u'x';
@@ -127,6 +119,9 @@ TEST_F(LoginItemSwitchTests, theSettingsFollowWhatTheUserDoesToTheLoginItemElsew
         loginItem.follow();
         EXPECT_TRUE(model.settings().launchAtLogin);
     }
+    setLaunchAtLogin(false);
+    EXPECT_EQ(session().loginItem(), LoginItem::absent);
+    setLaunchAtLogin(true);
     session().item = LoginItem::awaitsApproval;
     LoginItemSwitch{model}.start();
     EXPECT_FALSE(model.settings().launchAtLogin) << "it was switched off before the start";
