@@ -435,19 +435,13 @@ void X11WindowAccess::lookAgain(const QList<WindowElement> &windows)
 }
 
 /// After our own move. Some window managers make an undecorated window that fills a display full screen
-/// by themselves; from there it is followed, since its next full screen may be its user's wish.
+/// by themselves; its next full screen may be its user's wish.
 void X11WindowAccess::noteFullScreen(const WindowElement &window, bool fullScreen)
 {
-    constexpr quint32 followState =
-        XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-    if (!fullScreen) {
+    if (fullScreen)
+        m_filledByUs.insert(window);
+    else
         m_filledByUs.remove(window);
-        return;
-    }
-    m_filledByUs.insert(window);
-    xcb_change_window_attributes(m_connection.xcb(), static_cast<xcb_window_t>(window.number),
-        XCB_CW_EVENT_MASK, &followState);
-    xcb_flush(m_connection.xcb());
 }
 
 expected<WindowSnapshot, AXError> X11WindowAccess::keep(
