@@ -17,14 +17,6 @@ double rounded(double value)
     return std::round(value) + 0.0;
 }
 
-/// A rectangle narrower than the inset collapses to its middle instead of turning inside out.
-Rect inset(const Rect &rect, double distance)
-{
-    const double dx = std::min(distance, rect.width * 0.5);
-    const double dy = std::min(distance, rect.height * 0.5);
-    return {rect.x + dx, rect.y + dy, rect.width - 2 * dx, rect.height - 2 * dy};
-}
-
 Rect centeredOn(Point middle, Size size)
 {
     return {middle.x - size.width * 0.5, middle.y - size.height * 0.5, size.width, size.height};
@@ -50,6 +42,13 @@ double anchoredStart(Span target, double length, Span area, double slack)
 }
 
 } // namespace
+
+Rect inset(const Rect &rect, double distance)
+{
+    const double dx = std::min(distance, rect.width * 0.5);
+    const double dy = std::min(distance, rect.height * 0.5);
+    return {rect.x + dx, rect.y + dy, rect.width - 2 * dx, rect.height - 2 * dy};
+}
 
 Rect snapped(const Rect &rect)
 {

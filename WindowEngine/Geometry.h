@@ -10,6 +10,9 @@ namespace corvane::Geometry {
 /// How much further than the gap from an edge a target may be and still count as touching it.
 inline constexpr double slackBeyondGap = 6;
 
+/// Smaller by `distance` on every side, larger for a negative one. A rectangle narrower than that
+/// collapses to its middle instead of turning inside out.
+[[nodiscard]] Rect inset(const Rect &rect, double distance);
 /// Rounds the four edges, half away from zero. Origin and size are never rounded by themselves, so
 /// that windows which share an edge go on sharing it.
 [[nodiscard]] Rect snapped(const Rect &rect);

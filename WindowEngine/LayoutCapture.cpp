@@ -49,7 +49,7 @@ bool fits(const Rect &frame, const ScreenInfo &screen)
 }
 
 std::optional<Pane> paneOf(const AXWindow &window, const AppRef &app,
-    const QList<ScreenInfo> &screens, const QList<Rect> &onScreen)
+    const QList<ScreenInfo> &screens, const QList<Rect> &onScreen, double gap)
 {
     const std::optional<Rect> frame = window.frame();
     if (!frame)
@@ -60,14 +60,14 @@ std::optional<Pane> paneOf(const AXWindow &window, const AppRef &app,
         return std::nullopt;
     const QString title = window.title();
     return Pane{.display = static_cast<int>(screens.indexOf(*screen)),
-        .rect = WindowLayout::unitRect(*frame, screen->visibleFrame),
+        .rect = WindowLayout::unitRect(*frame, screen->visibleFrame, gap),
         .app = app,
         .titleContains = title.isEmpty() ? std::nullopt : std::optional(title),
         .stack = static_cast<int>(position),
         .capturedTitle = title};
 }
 
-QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens)
+QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens, double gap)
 {
     Platform &platform = Platform::current();
     const WindowOperation operation(platform.windows());
@@ -83,7 +83,7 @@ QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens)
     for (const RunningApplication &application : applications) {
         const QList<Rect> frames = framesOf(application.pid, onScreen);
         for (const AXWindow &window : AXWindow::windows(application)) {
-            if (const auto pane = paneOf(window, reference(application), screens, frames))
+            if (const auto pane = paneOf(window, reference(application), screens, frames, gap))
                 panes << *pane;
         }
     }
@@ -131,7 +131,7 @@ WindowLayout LayoutEngine::capture(const QString &name) const
     WindowLayout layout{.name = name,
         .displays = Screens::signature(screens),
         .created = Platform::current().clock().date().toUTC()};
-    const QList<Pane> panes = panesOnScreen(screens);
+    const QList<Pane> panes = panesOnScreen(screens, gap);
     for (const Pane &pane : panes) {
         if (!isMostlyHidden(pane, panes))
             insertInReadingOrder(pane, layout.panes);

@@ -1,6 +1,7 @@
 #include "WindowLayout.h"
 
 #include "Decoding.h"
+#include "Geometry.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSet>
@@ -14,9 +15,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-double thousandths(double value)
+/// As few digits as bring the frame back to the point, thousandths at least: a third stays 0.333
+/// where that is the same frame.
+UnitRect rounded(const UnitRect &exact, const Rect &visibleFrame, double gap)
 {
-    return std::round(value * 1000) / 1000;
+    constexpr double thousandths = 1e3;
+    constexpr double finest = 1e9;
+    const auto to = [](double value, double parts) { return std::round(value * parts) / parts; };
+    const Rect frame = Geometry::frame(exact, visibleFrame, gap);
+    for (double parts = thousandths; parts < finest; parts *= 10) {
+        const UnitRect rect{
+            to(exact.x, parts), to(exact.y, parts), to(exact.w, parts), to(exact.h, parts)};
+        if (Geometry::frame(rect, visibleFrame, gap) == frame)
+            return rect;
+    }
+    return exact;
 }
 
 bool isFinite(const Rect &rect)
@@ -32,17 +45,19 @@ QSet<DisplayKey> asSet(const QList<DisplayKey> &keys)
 
 } // namespace
 
-UnitRect WindowLayout::unitRect(const Rect &frame, const Rect &visibleFrame)
+UnitRect WindowLayout::unitRect(const Rect &frame, const Rect &visibleFrame, double gap)
 {
-    const double left = std::max(frame.minX(), visibleFrame.minX());
-    const double top = std::max(frame.minY(), visibleFrame.minY());
-    const double width = std::min(frame.maxX(), visibleFrame.maxX()) - left;
-    const double height = std::min(frame.maxY(), visibleFrame.maxY()) - top;
-    if (!isFinite(frame) || !isFinite(visibleFrame) || width <= 0 || height <= 0)
+    const Rect area = Geometry::inset(visibleFrame, gap * 0.5);
+    const Rect cell = Geometry::inset(frame, gap * -0.5);
+    const double left = std::max(cell.minX(), area.minX());
+    const double top = std::max(cell.minY(), area.minY());
+    const double width = std::min(cell.maxX(), area.maxX()) - left;
+    const double height = std::min(cell.maxY(), area.maxY()) - top;
+    if (!isFinite(cell) || !isFinite(area) || width <= 0 || height <= 0)
         return {0, 0, 1, 1};
-    return {thousandths((left - visibleFrame.minX()) / visibleFrame.width),
-        thousandths((top - visibleFrame.minY()) / visibleFrame.height),
-        thousandths(width / visibleFrame.width), thousandths(height / visibleFrame.height)};
+    const UnitRect exact{(left - area.minX()) / area.width, (top - area.minY()) / area.height,
+        width / area.width, height / area.height};
+    return rounded(exact, visibleFrame, gap);
 }
 
 QList<Pane> WindowLayout::panesOn(int display) const

@@ -33,9 +33,10 @@ struct WindowLayout {
     std::optional<KeyCombo> shortcut = {};
     QDateTime created = QDateTime::currentDateTimeUtc();
 
-    /// The share that a window's frame has of a display, to the thousandth. Both rectangles in
-    /// accessibility coordinates. The whole display for a window that is not on it.
-    [[nodiscard]] static UnitRect unitRect(const Rect &frame, const Rect &visibleFrame);
+    /// The cell of a display whose `Geometry::frame` is this window's, in as few digits as tell it.
+    /// Both rectangles in accessibility coordinates. The whole display for a window that is not on it.
+    [[nodiscard]] static UnitRect unitRect(
+        const Rect &frame, const Rect &visibleFrame, double gap = 0);
     /// In stored order.
     [[nodiscard]] QList<Pane> panesOn(int display) const;
     /// Whether just these displays, in whatever order, are the layout's.

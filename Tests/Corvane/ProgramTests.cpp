@@ -600,8 +600,7 @@ TEST_F(ProgramTests, theRunningInstanceAppliesLayoutsAndAnswersWhenItIsDone)
     const Result applied = run({u"--apply-layout"_s, u"Work"_s});
 
     EXPECT_EQ(applied.status, 0) << applied.error;
-    // Layouts keep thousandths of a display.
-    EXPECT_EQ(applied.output, "Editor \"Letter\" placed at 40,60 700×601\n");
+    EXPECT_EQ(applied.output, "Editor \"Letter\" placed at 40,60 700×600\n");
     EXPECT_THAT(run({u"--history"_s, u"1"_s}).output, HasSubstr("Work  Editor"));
 }
 

@@ -1,7 +1,6 @@
 #include "Restoration.h"
 
 #include "Decoding.h"
-#include "Geometry.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -15,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString layoutName = u"Demonstration"_s;
-/// Layouts keep thousandths of a display.
-constexpr double rounding = 2;
 
 Rect toRect(const QJsonValue &value)
 {
@@ -83,7 +80,7 @@ RestoredPane Restoration::restoredPane(const QJsonObject &report)
     restored.isBack = restored.reached
         && m_expectation.isLanding(
             *restored.reached, asked, sizeLimits(m_desk.connection(), window))
-        && Geometry::approximatelyEqual(asked, m_captured.value(*restored.application), rounding);
+        && asked == m_captured.value(*restored.application);
     return restored;
 }
 

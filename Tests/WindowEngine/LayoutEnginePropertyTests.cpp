@@ -1,3 +1,4 @@
+#include "Geometry.h"
 #include "LayoutDesk.h"
 
 #include <gtest/gtest.h>
@@ -11,11 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whole points, inside what is visible of one display.
+/// Whole points, inside what is visible of one display and no nearer to its edges than the gap.
 Rect anyFrame(LayoutDesk &desk)
 {
     const QList<ScreenInfo> screens = desk.desktop.screens();
-    const Rect area = screens[*rc::gen::inRange(0, int(screens.size()))].visibleFrame;
+    const Rect area = Geometry::inset(
+        screens[*rc::gen::inRange(0, int(screens.size()))].visibleFrame, desk.engine.gap);
     const int width = *rc::gen::inRange(100, int(area.width) + 1);
     const int height = *rc::gen::inRange(80, int(area.height) + 1);
     return {area.x + *rc::gen::inRange(0, int(area.width) - width + 1),
@@ -35,16 +37,6 @@ std::vector<AXWindow> furnish(LayoutDesk &desk)
             *rc::gen::elementOf(pids), {.title = u"Window %1"_s.arg(i), .frame = anyFrame(desk)}));
     }
     return windows;
-}
-
-/// Thousandths of a display, each edge rounded to points, and what a gap takes.
-bool isBack(const Rect &now, const Rect &before, double gap)
-{
-    const double tolerance = 0.001 * Desk::monitor.width + 1 + 2 * gap;
-    return std::abs(now.minX() - before.minX()) <= tolerance
-        && std::abs(now.minY() - before.minY()) <= tolerance
-        && std::abs(now.maxX() - before.maxX()) <= tolerance
-        && std::abs(now.maxY() - before.maxY()) <= tolerance;
 }
 
 /// Front to back, of those that the engine has placed.
@@ -82,7 +74,7 @@ RC_GTEST_PROP(LayoutEnginePropertyTests, aDeskComesBackWhetherScatteredOrLeftAlo
     RC_ASSERT(desk.applied == Clock::Duration(0));
     RC_ASSERT(!desk.placed.isEmpty() && desk.placed.size() == layout.panes.size());
     for (const AXWindow &window : desk.placed) {
-        RC_ASSERT(isBack(desk.frameOf(window), frames[window], desk.engine.gap));
+        RC_ASSERT(desk.frameOf(window) == frames[window]);
         RC_ASSERT(
             stackOf(desk, window.pid, desk.desktop.stack()) == stackOf(desk, window.pid, stack));
     }

@@ -81,13 +81,15 @@ TEST(WindowLayoutTests, absentOptionalsAreNotWritten)
     EXPECT_EQ(layout.panes.first().toJson().keys().join(u' '), u"display id launch rect");
 }
 
-TEST(WindowLayoutTests, aWindowsShareIsOfItsVisiblePartToTheThousandth)
+TEST(WindowLayoutTests, aWindowsShareIsOfItsVisiblePartInAsFewDigitsAsTellIt)
 {
     const Rect area{0, 25, 1440, 875};
     const UnitRect whole{0, 0, 1, 1};
 
     EXPECT_EQ(WindowLayout::unitRect({0, 25, 480, 875}, area), (UnitRect{0, 0, 0.333, 1}));
     EXPECT_EQ(WindowLayout::unitRect({1080, 0, 720, 462.5}, area), (UnitRect{0.75, 0, 0.25, 0.5}));
+    EXPECT_EQ(WindowLayout::unitRect({1, 25, 479, 875}, area), (UnitRect{0.0007, 0, 0.3326, 1}));
+    EXPECT_EQ(WindowLayout::unitRect({12, 37, 702, 851}, area, 12), (UnitRect{0, 0, 0.5, 1}));
     EXPECT_EQ(WindowLayout::unitRect({1440, 25, 300, 300}, area), whole);
     EXPECT_EQ(WindowLayout::unitRect({0, 0, 100, 100}, {0, 0, 0, 900}), whole);
     EXPECT_EQ(WindowLayout::unitRect({0, std::nan(""), 100, 100}, area), whole);
