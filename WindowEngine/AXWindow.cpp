@@ -13,6 +13,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr double onTarget = 4;
+constexpr double samePoint = 0.5;
 constexpr double larger = 2;
 constexpr double inPlace = 1;
 constexpr int settleRounds = 3;
@@ -49,11 +50,19 @@ expected<void, MoveError> writeFrame(const AXWindow &window, const Rect &target)
     return {};
 }
 
+/// A window may take another size for reasons of its own, but stands where it was put.
+bool isOnTarget(const Rect &reached, const Rect &target)
+{
+    return Geometry::approximatelyEqual(reached, target, onTarget)
+        && std::abs(reached.x - target.x) <= samePoint
+        && std::abs(reached.y - target.y) <= samePoint;
+}
+
 /// From here on a refusal no longer matters: the caller reads what the window took.
 void nudge(const AXWindow &window, const Rect &target)
 {
     const std::optional<Rect> reached = window.frame();
-    if (reached && !Geometry::approximatelyEqual(*reached, target, onTarget))
+    if (reached && !isOnTarget(*reached, target))
         (void)access().setPosition(window.element, target.origin());
 }
 
@@ -226,6 +235,26 @@ expected<void, MoveError> AXWindow::setFrame(
     if (bounds)
         keepToEdges(*this, target, *bounds, slack);
     return {};
+}
+
+expected<void, MoveError> AXWindow::restore(
+    const Rect &frame, const std::optional<WindowState> &state) const
+{
+    const WindowOperation operation(access());
+    if (isFullScreen())
+        return unexpected<MoveError>({MoveError::FullScreen{}});
+    if (state && access().restore(element, frame, state) == AXError::success
+        && this->frame() == frame)
+        return {};
+    const auto moved = setFrame(frame, std::nullopt, 0);
+    if (moved && this->frame() != frame)
+        (void)access().restore(element, frame, std::nullopt);
+    return moved;
+}
+
+std::optional<WindowState> AXWindow::endedState() const
+{
+    return access().endedState(element);
 }
 
 } // namespace corvane

@@ -4,6 +4,7 @@
 #include "MoveError.h"
 #include "Rect.h"
 #include "WindowElement.h"
+#include "WindowState.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -55,6 +56,12 @@ struct AXWindow {
     /// sleep three times 0.06 seconds for an application that may yet follow.
     [[nodiscard]] expected<void, MoveError> setFrame(
         const Rect &target, const std::optional<Rect> &bounds, double slack) const;
+
+    /// Moves the window back to a frame and a state that it had, exactly.
+    [[nodiscard]] expected<void, MoveError> restore(
+        const Rect &frame, const std::optional<WindowState> &state) const;
+    /// What the window was in before the running operation moved it, as far as the desktop can tell.
+    [[nodiscard]] std::optional<WindowState> endedState() const;
 
     bool operator==(const AXWindow &other) const { return element == other.element; }
 };

@@ -24,6 +24,7 @@ struct WindowManager::Scene {
 struct WindowManager::Goal {
     Rect target;
     Placement placement; ///< the one to record, which is not always the one pressed
+    std::optional<WindowState> state = {}; ///< to return to, beside the frame
 };
 
 namespace {
@@ -142,7 +143,7 @@ expected<WindowManager::Goal, MoveOutcome> WindowManager::snapBackGoal(const Sce
         [&scene](const HistoryEntry &entry) { return entry.window == scene.window; });
     if (newest == m_history.crend())
         return without(MoveOutcome::NothingToSnapBack{});
-    const Goal goal{newest->frame, Placement::snapBack};
+    const Goal goal{newest->frame, Placement::snapBack, newest->state};
     m_history.erase(std::prev(newest.base()));
     return goal;
 }
@@ -165,13 +166,13 @@ MoveOutcome WindowManager::carryOut(const Goal &goal, const Scene &scene)
     const auto screenOf = [&scene](const Rect &rect) {
         return Screens::screenContaining(rect, scene.screens).value_or(scene.source);
     };
-    std::optional<Rect> bounds;
-    if (!isExact(goal.placement))
-        bounds = screenOf(goal.target).visibleFrame;
-
     const AXWindow &window = scene.window;
-    const auto moved =
-        window.setFrame(goal.target, bounds, m_options.gap + Geometry::slackBeyondGap);
+    const auto moved = isExact(goal.placement)
+        ? window.restore(goal.target, goal.state)
+        : window.setFrame(goal.target, screenOf(goal.target).visibleFrame,
+            m_options.gap + Geometry::slackBeyondGap);
+    if (goal.placement != Placement::snapBack)
+        m_history.last().state = window.endedState();
     if (!moved)
         return {MoveOutcome::Refused{window.appName() + u": "_s + moved.error().description()}};
 

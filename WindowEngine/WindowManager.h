@@ -26,10 +26,11 @@ public:
         bool operator==(const Options &) const = default;
     };
 
-    /// The frame that a window had before it was moved.
+    /// The frame that a window had before it was moved, and the state that it left for the move.
     struct HistoryEntry {
         AXWindow window;
         Rect frame;
+        std::optional<WindowState> state = {};
     };
 
     /// The latest move, with the frame that the window took.

@@ -3,6 +3,7 @@
 #include "AXError.h"
 #include "Rect.h"
 #include "WindowElement.h"
+#include "WindowState.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
@@ -77,6 +78,20 @@ public:
     [[nodiscard]] virtual bool isFinal(const WindowElement &, Size) { return false; }
     /// Why the desktop refused the last write to this window, where it can tell; else empty.
     [[nodiscard]] virtual QString refusalDetail(const WindowElement &window) = 0;
+
+    /// What the window was in before the running operation wrote to it. None for a plain window, and
+    /// on a desktop that cannot tell.
+    [[nodiscard]] virtual std::optional<WindowState> endedState(const WindowElement &) const
+    {
+        return std::nullopt;
+    }
+    /// Puts the window back to a frame that it had, whatever sizes it asks for, and into the state
+    /// that it had there, if any. A failure where the desktop cannot.
+    [[nodiscard]] virtual AXError restore(
+        const WindowElement &, const Rect &, const std::optional<WindowState> &)
+    {
+        return AXError::failure;
+    }
 
     virtual void raise(const WindowElement &window) = 0;
     /// Makes the window its application's main and focused one.

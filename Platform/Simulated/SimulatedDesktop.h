@@ -82,6 +82,9 @@ public:
     void minimise(const WindowElement &element);
     void maximise(const WindowElement &element);
     void moveWindow(SimulatedWindow &window, Point origin);
+    /// At once, without regard to its limits; then maximised, if that is its state.
+    void restoreWindow(
+        SimulatedWindow &window, const Rect &frame, const std::optional<WindowState> &state);
     /// Within the window's limits, and as late as it does.
     void resizeWindow(SimulatedWindow &window, Size size);
 

@@ -108,8 +108,18 @@ void SimulatedDesktop::maximise(const WindowElement &element)
 void SimulatedDesktop::moveWindow(SimulatedWindow &window, Point origin)
 {
     endMaximised(window);
-    window.frame.x = origin.x;
-    window.frame.y = origin.y;
+    const Point miss = std::exchange(window.landsOff, Point{});
+    window.frame.x = origin.x + miss.x;
+    window.frame.y = origin.y + miss.y;
+}
+
+void SimulatedDesktop::restoreWindow(
+    SimulatedWindow &window, const Rect &frame, const std::optional<WindowState> &state)
+{
+    window.maximised = false;
+    window.frame = state ? state->normalFrame : frame;
+    if (state)
+        maximise(window.element);
 }
 
 void SimulatedDesktop::resizeWindow(SimulatedWindow &window, Size size)
@@ -135,8 +145,10 @@ void SimulatedDesktop::resizeWindow(SimulatedWindow &window, Size size)
 
 void SimulatedDesktop::endMaximised(SimulatedWindow &window)
 {
-    if (std::exchange(window.maximised, false))
-        window.frame = window.unmaximised;
+    if (!std::exchange(window.maximised, false))
+        return;
+    window.frame = window.unmaximised;
+    window.endedState = WindowState{true, true, false, window.unmaximised};
 }
 
 void SimulatedDesktop::passFocusOn()

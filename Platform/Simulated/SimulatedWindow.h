@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "Rect.h"
 #include "WindowElement.h"
+#include "WindowState.h"
 
 #include <QtCore/QStringList>
 
@@ -25,6 +26,7 @@ struct WindowSpec {
     bool fixedSize = false;
     Size base{}; ///< the size that the increments count from
     Size increment{1, 1}; ///< 1: any size
+    Point landsOff{}; ///< how far beside its place the first position puts it
     Clock::Duration resizesAfter{0}; ///< how long after the write it takes a new size
 
     /// The bundle identifier, where it belongs to another application than its process's first.
@@ -51,6 +53,7 @@ struct SimulatedWindow : WindowSpec {
     QString lastRefusal{};
     QStringList formerIdentifiers{};
     Rect unmaximised{}; ///< the frame to go back to when `maximised` ends
+    std::optional<WindowState> endedState{}; ///< by a write of the running operation
 
     [[nodiscard]] bool isOrdinary() const; ///< neither panel nor desktop
     [[nodiscard]] bool isListed() const; ///< the task bar shows it

@@ -145,6 +145,26 @@ QString SimulatedWindows::refusalDetail(const WindowElement &window)
     return there ? there->lastRefusal : QString();
 }
 
+std::optional<WindowState> SimulatedWindows::endedState(const WindowElement &window) const
+{
+    const SimulatedWindow *there = m_desktop.findWindow(window);
+    return there ? there->endedState : std::nullopt;
+}
+
+AXError SimulatedWindows::restore(
+    const WindowElement &window, const Rect &frame, const std::optional<WindowState> &state)
+{
+    const auto there = look(window);
+    if (!there)
+        return there.error();
+    if (const auto refused = refusal(**there, (*there)->refusesPosition))
+        return *refused;
+    if (const auto refused = refusal(**there, (*there)->refusesSize))
+        return *refused;
+    m_desktop.restoreWindow(**there, frame, state);
+    return AXError::success;
+}
+
 void SimulatedWindows::raise(const WindowElement &window)
 {
     if (look(window))
@@ -227,6 +247,8 @@ void SimulatedWindows::endOperation()
             sendHeldSize(*window);
     m_heldSizes.clear();
     m_looks.clear();
+    for (const WindowElement &element : m_desktop.stack())
+        m_desktop.window(element).endedState.reset();
 }
 
 /// Asks nothing of a window and tells nothing about it, as a request sent without waiting.

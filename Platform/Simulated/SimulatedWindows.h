@@ -45,6 +45,9 @@ public:
     AXError setSize(const WindowElement &window, Size size) override;
     bool isFinal(const WindowElement &window, Size size) override;
     QString refusalDetail(const WindowElement &window) override;
+    std::optional<WindowState> endedState(const WindowElement &window) const override;
+    AXError restore(const WindowElement &window, const Rect &frame,
+        const std::optional<WindowState> &state) override;
 
     void raise(const WindowElement &window) override;
     void makeMain(const WindowElement &window) override;

@@ -39,6 +39,7 @@ enum class Atom {
     stateSkipPager,
     stateSkipSwitcher,
     stateSkipTaskbar,
+    netWmSyncRequestCounter,
     netWmWindowType,
     typeNormal, // the first of the window types
     typeDesktop,
@@ -92,6 +93,7 @@ inline constexpr std::array<const char *, static_cast<std::size_t>(Atom::count)>
     "_NET_WM_STATE_SKIP_PAGER",
     "_KDE_NET_WM_STATE_SKIP_SWITCHER",
     "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_SYNC_REQUEST_COUNTER",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_NORMAL",
     "_NET_WM_WINDOW_TYPE_DESKTOP",

@@ -31,6 +31,10 @@ public:
     /// Tiles windows without a state that says so, and lets them go only through another state.
     [[nodiscard]] bool tilesSilently() const { return m_tilesSilently; }
 
+    /// Keeps a window's visible frame when its client changes its shadow; others keep the client's
+    /// rectangle.
+    [[nodiscard]] bool keepsFrames() const { return m_keepsFrames; }
+
     /// Waits until the window manager has done all that was asked of it for `window` before.
     /// False when it has not answered by `deadline`.
     [[nodiscard]] bool fence(xcb_window_t window, Connection::Clock::time_point deadline);
@@ -59,6 +63,7 @@ private:
     bool m_present = false;
     bool m_tiles = false;
     bool m_tilesSilently = false;
+    bool m_keepsFrames = false;
     bool m_examineScheduled = false;
 
     bool m_answersExtents = false; ///< known to be false only once the probe has ended

@@ -11,8 +11,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto softLimit = 250ms; ///< after which the geometry itself decides whether it is done
-constexpr auto clientWait =
-    250ms; ///< toolkits restore their shadow this long after a state is gone
+constexpr auto clientLimit = 250ms; ///< for a client to draw itself for another state
 
 constexpr int mostRounds = 16;
 // What a fence takes for its answer may be the answer to what was asked before.
@@ -33,10 +32,16 @@ bool differs(Point a, Point b)
     return std::abs(a.x - b.x) > 4 || std::abs(a.y - b.y) > 4;
 }
 
+/// Takes its time to draw the decoration of its new state, and may then resize or move itself.
+bool drawsItself(const WindowSnapshot &window)
+{
+    return window.drawsOwnDecoration || window.decoration == Extents{};
+}
+
 } // namespace
 
 WindowPlacer::WindowPlacer(Connection &connection, WindowManagerLink &windowManager)
-    : m_connection(connection), m_windowManager(windowManager)
+    : m_connection(connection), m_windowManager(windowManager), m_frames(connection)
 {
     m_connection.addSink(this);
 }
@@ -50,6 +55,7 @@ expected<WindowSnapshot, AXError> WindowPlacer::place(
     xcb_window_t window, const WindowSnapshot &before, const Rect &frame)
 {
     m_refusalDetail.clear();
+    m_normalFrame.reset();
     if (before.tiled)
         return unexpected<AXError>(refuse(AXError::failure, u"tiled by the window manager"_s));
     if (before.isMaximized() || before.fullScreen)
@@ -61,7 +67,8 @@ expected<WindowSnapshot, AXError> WindowPlacer::place(
     const bool mayBeTiled = m_windowManager.tilesSilently() && !before.drawsOwnDecoration;
     if (now || now.error() != AXError::failure || !mayBeTiled)
         return now;
-    changeMaximized(window, StateChange::add);
+    changeState(window, StateChange::add,
+        {.maximizedHorizontally = true, .maximizedVertically = true, .normalFrame = {}});
     const auto maximized =
         settled(window, [](const WindowSnapshot &snapshot) { return snapshot.isMaximized(); });
     return maximized ? placeOutOfState(window, *maximized, frame) : maximized;
@@ -79,15 +86,24 @@ expected<WindowSnapshot, AXError> WindowPlacer::placeOutOfState(
     xcb_window_t window, const WindowSnapshot &before, const Rect &frame)
 {
     m_refusalDetail.clear();
-    watch(window, before);
-    leaveState(window, before);
-    auto current = settled(
+    if (drawsItself(before))
+        watch(window);
+    // Both halves in one message, whichever it is in.
+    const bool isMaximized = before.isMaximized();
+    changeState(window, StateChange::remove, {isMaximized, isMaximized, before.fullScreen, Rect{}});
+    const auto normal = settled(
         window, [](const WindowSnapshot &now) { return !now.isMaximized() && !now.fullScreen; });
-    if (current)
-        current = moved(window, *current, frame);
-    if (current && m_watched == window)
-        current = followClient(window, *current, frame);
+    auto current = normal ? moved(window, *normal, frame) : normal;
+    if (current && m_watched == window) {
+        m_frames.start(window);
+        const auto isDone = [&, shadow = current->shadow](const WindowSnapshot &now) {
+            return isAt(now, frame) && hasDrawnItself(now, shadow);
+        };
+        current = followClient(window, *current, isDone, frame);
+    }
     stopWatching();
+    if (normal)
+        m_normalFrame = current ? normalFrame(*normal, *current) : normal->frame();
     return current;
 }
 
@@ -97,7 +113,8 @@ void WindowPlacer::handle(const xcb_generic_event_t &event)
     case XCB_PROPERTY_NOTIFY: {
         const auto &property = reinterpret_cast<const xcb_property_notify_event_t &>(event);
         if (property.window == m_watched
-            && (property.atom == m_connection.atom(Atom::gtkFrameExtents)
+            && (property.atom == m_connection.atom(Atom::netWmState)
+                || property.atom == m_connection.atom(Atom::gtkFrameExtents)
                 || property.atom == m_connection.atom(Atom::netFrameExtents)))
             m_disturbed = true;
         break;
@@ -111,19 +128,39 @@ void WindowPlacer::handle(const xcb_generic_event_t &event)
     }
 }
 
-/// A client that draws its own decoration takes its time to draw the one of its new state, and may
-/// then resize or move itself.
-void WindowPlacer::watch(xcb_window_t window, const WindowSnapshot &snapshot)
+void WindowPlacer::watch(xcb_window_t window)
 {
     m_disturbed = false;
-    if (!snapshot.drawsOwnDecoration && snapshot.decoration != Extents{})
-        return;
     m_watched = window;
 }
 
 void WindowPlacer::stopWatching()
 {
     m_watched = noWindow;
+    m_frames.stop();
+}
+
+bool WindowPlacer::isIn(const WindowSnapshot &window, const WindowState &state)
+{
+    return window.maximizedHorizontally == state.maximizedHorizontally
+        && window.maximizedVertically == state.maximizedVertically
+        && window.fullScreen == state.fullScreenByUs;
+}
+
+/// The frame that was under way need not know of the new state yet, and a wrong shadow is a wrong
+/// place.
+bool WindowPlacer::hasDrawnItself(const WindowSnapshot &window, const Extents &shadowBefore) const
+{
+    return m_frames.count() >= (window.drawsOwnDecoration ? 2 : 1) || window.shadow != shadowBefore
+        || !drawsItself(window);
+}
+
+/// The client may not have drawn its shadow yet when the window manager let it go.
+Rect WindowPlacer::normalFrame(WindowSnapshot normal, const WindowSnapshot &drawn) const
+{
+    if (!m_windowManager.keepsFrames())
+        normal.shadow = drawn.shadow;
+    return normal.frame();
 }
 
 bool WindowPlacer::isAt(const WindowSnapshot &window, const Rect &frame)
@@ -132,21 +169,43 @@ bool WindowPlacer::isAt(const WindowSnapshot &window, const Rect &frame)
     && window.client.size() == window.clientSizeFor(frame.size());
 }
 
-void WindowPlacer::leaveState(xcb_window_t window, const WindowSnapshot &snapshot)
+/// A window manager keeps what it restores a window to by itself, so it takes the window over from
+/// there.
+expected<WindowSnapshot, AXError> WindowPlacer::restore(xcb_window_t window,
+    const WindowSnapshot &before, const Rect &frame, const std::optional<WindowState> &state)
 {
-    if (snapshot.fullScreen)
-        m_connection.sendToRoot(window, Atom::netWmState,
-            {quint32(StateChange::remove), m_connection.atom(Atom::stateFullscreen), 0, fromPager,
-                0});
-    if (snapshot.isMaximized())
-        changeMaximized(window, StateChange::remove);
+    WindowSnapshot unlimited = before;
+    unlimited.hints = {};
+    if (!state)
+        return place(window, unlimited, frame);
+    auto current = place(window, unlimited, state->normalFrame);
+    if (!current)
+        return current;
+    watch(window);
+    changeState(window, StateChange::add, *state);
+    const auto isBack = [&](const WindowSnapshot &now) {
+        return isIn(now, *state) && now.frame() == frame;
+    };
+    current = settled(window, isBack);
+    if (current)
+        current = followClient(window, *current, isBack, std::nullopt);
+    stopWatching();
+    return current;
 }
 
-void WindowPlacer::changeMaximized(xcb_window_t window, StateChange change)
+void WindowPlacer::changeState(xcb_window_t window, StateChange change, const WindowState &state)
 {
-    m_connection.sendToRoot(window, Atom::netWmState,
-        {quint32(change), m_connection.atom(Atom::stateMaximizedHorz),
-            m_connection.atom(Atom::stateMaximizedVert), fromPager, 0});
+    const auto send = [&](Atom first, xcb_atom_t second) {
+        m_connection.sendToRoot(window, Atom::netWmState,
+            {quint32(change), m_connection.atom(first), second, fromPager, 0});
+    };
+    if (state.fullScreenByUs)
+        send(Atom::stateFullscreen, noAtom);
+    if (state.maximizedHorizontally)
+        send(Atom::stateMaximizedHorz,
+            state.maximizedVertically ? m_connection.atom(Atom::stateMaximizedVert) : noAtom);
+    else if (state.maximizedVertically)
+        send(Atom::stateMaximizedVert, noAtom);
 }
 
 void WindowPlacer::send(xcb_window_t window, const Rect &request)
@@ -170,25 +229,22 @@ expected<WindowSnapshot, AXError> WindowPlacer::moved(
     return now;
 }
 
-expected<WindowSnapshot, AXError> WindowPlacer::followClient(
-    xcb_window_t window, WindowSnapshot current, const Rect &frame)
+expected<WindowSnapshot, AXError> WindowPlacer::followClient(xcb_window_t window,
+    WindowSnapshot current, const Condition &isDone, const std::optional<Rect> &frame)
 {
-    const Extents shadowBefore = current.shadow;
-    const auto deadline = Connection::Clock::now() + clientWait;
+    const auto isOver = [&] { return !m_disturbed && isDone(current); };
+    const auto deadline = Connection::Clock::now() + clientLimit;
     // A client that answers each move with one of its own has the last word.
-    for (int round = 0;
-         round < mostRounds && m_connection.waitFor([this] { return m_disturbed; }, deadline);
+    for (int round = 0; round < mostRounds && !isOver()
+         && m_connection.waitFor([&] { return m_disturbed || isOver(); }, deadline);
          ++round) {
         m_disturbed = false;
-        const auto now = look(window);
+        auto now = look(window);
+        if (now && frame && !isAt(*now, *frame))
+            now = moved(window, *now, *frame);
         if (!now)
             return now;
-        const auto again = isAt(*now, frame) ? now : moved(window, *now, frame);
-        if (!again)
-            return again;
-        current = *again;
-        if (current.shadow != shadowBefore)
-            break;
+        current = *now;
     }
     return current;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "FrameCounter.h"
 #include "SnapshotReader.h"
 #include "WindowManagerLink.h"
+#include "WindowState.h"
 
 namespace corvane::x11 {
 
@@ -22,34 +24,46 @@ public:
     /// it sent one.
     [[nodiscard]] bool sendAhead(
         xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
-    /// Why the last `place` failed, where it can be told.
+    /// Back to a frame that it had, whatever sizes it asks for, and into the state that it had there.
+    [[nodiscard]] expected<WindowSnapshot, AXError> restore(xcb_window_t window,
+        const WindowSnapshot &before, const Rect &frame, const std::optional<WindowState> &state);
+    /// Where the window manager put the window when the last `place` made it leave its state.
+    [[nodiscard]] std::optional<Rect> normalFrame() const { return m_normalFrame; }
+    /// Why the last `place` or `restore` failed, where it can be told.
     [[nodiscard]] QString refusalDetail() const { return m_refusalDetail; }
 
 private:
     void handle(const xcb_generic_event_t &event) override;
     [[nodiscard]] static bool isAt(const WindowSnapshot &window, const Rect &frame);
+    [[nodiscard]] static bool isIn(const WindowSnapshot &window, const WindowState &state);
+    [[nodiscard]] bool hasDrawnItself(
+        const WindowSnapshot &window, const Extents &shadowBefore) const;
+    [[nodiscard]] Rect normalFrame(WindowSnapshot normal, const WindowSnapshot &drawn) const;
+    using Condition = std::function<bool(const WindowSnapshot &)>;
 
     enum class StateChange : quint32 { remove = 0, add = 1 }; // _NET_WM_STATE's own numbers
 
     [[nodiscard]] expected<WindowSnapshot, AXError> placeOutOfState(
         xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
-    void changeMaximized(xcb_window_t window, StateChange change);
-    void leaveState(xcb_window_t window, const WindowSnapshot &snapshot);
+    void changeState(xcb_window_t window, StateChange change, const WindowState &state);
     void send(xcb_window_t window, const Rect &request);
     [[nodiscard]] expected<WindowSnapshot, AXError> moved(
         xcb_window_t window, const WindowSnapshot &from, const Rect &frame);
-    void watch(xcb_window_t window, const WindowSnapshot &snapshot);
+    void watch(xcb_window_t window);
     void stopWatching();
-    [[nodiscard]] expected<WindowSnapshot, AXError> followClient(
-        xcb_window_t window, WindowSnapshot current, const Rect &frame);
+    /// `frame`: where to move it again when it has moved itself.
+    [[nodiscard]] expected<WindowSnapshot, AXError> followClient(xcb_window_t window,
+        WindowSnapshot current, const Condition &isDone, const std::optional<Rect> &frame);
     [[nodiscard]] expected<WindowSnapshot, AXError> settled(
-        xcb_window_t window, const std::function<bool(const WindowSnapshot &)> &isDone);
+        xcb_window_t window, const Condition &isDone);
     [[nodiscard]] expected<WindowSnapshot, AXError> look(xcb_window_t window);
     [[nodiscard]] AXError refuse(AXError error, const QString &detail);
 
     Connection &m_connection;
     WindowManagerLink &m_windowManager;
+    FrameCounter m_frames;
     QString m_refusalDetail;
+    std::optional<Rect> m_normalFrame;
     xcb_window_t m_watched = noWindow;
     bool m_disturbed = false; ///< since the last look at the watched window
 };

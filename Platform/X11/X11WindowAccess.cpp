@@ -227,6 +227,23 @@ QString X11WindowAccess::refusalDetail(const WindowElement &)
     return m_refusalDetail;
 }
 
+std::optional<WindowState> X11WindowAccess::endedState(const WindowElement &window) const
+{
+    const auto ended = m_endedStates.constFind(window);
+    return ended == m_endedStates.cend() ? std::nullopt : std::optional(*ended);
+}
+
+AXError X11WindowAccess::restore(
+    const WindowElement &window, const Rect &frame, const std::optional<WindowState> &state)
+{
+    const auto before = look(window);
+    if (!before)
+        return before.error();
+    m_snapshots.remove(window);
+    const auto number = static_cast<xcb_window_t>(window.number);
+    return keepPlaced(window, m_placer.restore(number, *before, frame, state));
+}
+
 void X11WindowAccess::raise(const WindowElement &window)
 {
     if (access(window) != AXError::success)
@@ -314,6 +331,7 @@ void X11WindowAccess::endOperation()
         sendActivate(*window);
     xcb_flush(m_connection.xcb());
     m_snapshots.clear();
+    m_endedStates.clear();
     m_titles.clear();
     m_windows.clear();
 }
@@ -476,12 +494,22 @@ AXError X11WindowAccess::place(
     const WindowElement &window, const WindowSnapshot &before, const Rect &frame)
 {
     m_snapshots.remove(window);
-    m_refusalDetail.clear();
     const auto after = m_placer.place(static_cast<xcb_window_t>(window.number), before, frame);
-    if (!after) {
-        m_refusalDetail = m_placer.refusalDetail();
+    const std::optional<Rect> normalFrame = m_placer.normalFrame();
+    const bool hadState = before.isMaximized() || before.fullScreen;
+    if (hadState && normalFrame && m_operations > 0 && !m_endedStates.contains(window))
+        m_endedStates.insert(window,
+            {before.maximizedHorizontally, before.maximizedVertically, before.fullScreen,
+                *normalFrame});
+    return keepPlaced(window, after);
+}
+
+AXError X11WindowAccess::keepPlaced(
+    const WindowElement &window, const expected<WindowSnapshot, AXError> &after)
+{
+    m_refusalDetail = m_placer.refusalDetail();
+    if (!after)
         return after.error();
-    }
     noteFullScreen(window, after->fullScreen);
     std::ignore = keep(window, after);
     return AXError::success;

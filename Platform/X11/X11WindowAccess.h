@@ -39,6 +39,9 @@ public:
     AXError setSize(const WindowElement &window, Size size) override;
     bool isFinal(const WindowElement &window, Size size) override;
     QString refusalDetail(const WindowElement &window) override;
+    std::optional<WindowState> endedState(const WindowElement &window) const override;
+    AXError restore(const WindowElement &window, const Rect &frame,
+        const std::optional<WindowState> &state) override;
 
     void raise(const WindowElement &window) override;
     void makeMain(const WindowElement &window) override;
@@ -82,6 +85,8 @@ private:
     void sendActivate(const WindowElement &window);
     [[nodiscard]] AXError place(
         const WindowElement &window, const WindowSnapshot &before, const Rect &frame);
+    [[nodiscard]] AXError keepPlaced(
+        const WindowElement &window, const expected<WindowSnapshot, AXError> &after);
 
     Connection &m_connection;
     WindowManagerLink &m_windowManager;
@@ -94,6 +99,7 @@ private:
     int m_operations = 0;
     // What is known within one operation.
     QHash<WindowElement, WindowSnapshot> m_snapshots;
+    QHash<WindowElement, WindowState> m_endedStates;
     QHash<WindowElement, QString> m_titles;
     QHash<pid_t, QList<WindowElement>> m_windows;
     std::optional<PendingSize> m_pendingSize;

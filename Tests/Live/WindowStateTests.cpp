@@ -37,6 +37,23 @@ protected:
         EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
         EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_MAXIMIZED_HORZ"));
     }
+
+    /// Maximises the window, places it elsewhere, and undoes first the one and then the other.
+    void expectStateBack(xcb_window_t window, void (Pager::*change)(xcb_window_t, Pager::Change))
+    {
+        const Rect normal = frame(window);
+        (pager().*change)(window, Pager::Change::add);
+        ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+        const Rect maximised = frame(window);
+        expectToLandAfter(window, u"topRight"_s);
+
+        press(strokes::snapBack);
+
+        EXPECT_EQ(reached(window, maximised), maximised);
+        EXPECT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
+        (pager().*change)(window, Pager::Change::remove);
+        EXPECT_EQ(reached(window, normal), normal) << "after " << maximised.width;
+    }
 };
 
 const WindowRequest shadowed{
@@ -65,18 +82,20 @@ TEST_F(WindowStateTests, maximisedWindowsLeaveThatStateAndLandExactly)
     }
 }
 
-TEST_F(WindowStateTests, halfMaximisedWindowsLeaveThatStateAndLandExactly)
+TEST_F(WindowStateTests, snapBackGivesTheStateBackWithTheFrameBehindIt)
 {
     if (isManager({"i3"}))
         GTEST_SKIP() << "i3 has no maximised windows";
-    const xcb_window_t window = showFocused();
-    pager().setMaximizedVertically(window, Pager::Change::add);
-    ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
-
-    expectToLandAfter(window, u"topRight"_s);
+    for (const WindowRequest &request : {WindowRequest{}, shadowed, slowShadowed}) {
+        for (const auto state : {&Pager::setMaximized, &Pager::setMaximizedVertically}) {
+            const xcb_window_t window = showFocused(request);
+            expectStateBack(window, state);
+            client().close(window);
+        }
+    }
 }
 
-TEST_F(WindowStateTests, maximisedGtkWindowsLandExactly)
+TEST_F(WindowStateTests, maximisedGtkWindowsLandExactlyAndGoBack)
 {
     if (isManager({"i3"}))
         GTEST_SKIP() << "i3 has no maximised windows";
@@ -84,13 +103,8 @@ TEST_F(WindowStateTests, maximisedGtkWindowsLandExactly)
     const xcb_window_t window = probe().waitForWindow(
         [&](xcb_window_t each) { return probe().hasClass(each, "Gtk3-demo"); });
     ASSERT_TRUE(focus(window));
-    for (const auto &placement : {u"leftHalf"_s, u"bottomRight"_s}) {
-        pager().setMaximized(window, Pager::Change::add);
-        ASSERT_TRUE(waitForState(window, "_NET_WM_STATE_MAXIMIZED_VERT"));
-        static_cast<void>(frame(window));
-
-        expectToLandAfter(window, placement);
-    }
+    for (int round = 0; round < 3; ++round)
+        expectStateBack(window, &Pager::setMaximized);
 }
 
 TEST_F(WindowStateTests, windowsThatTheWindowManagerTiledLandExactly)
@@ -129,13 +143,19 @@ TEST_F(WindowStateTests, fullScreenIsRefusedWithItsSentenceAndNothingIsWritten)
     EXPECT_EQ(before, standardDisplay);
 }
 
-TEST_F(WindowStateTests, anUndecoratedWindowThatFillsTheDisplayCanBePlacedAgain)
+TEST_F(WindowStateTests, anUndecoratedWindowThatFillsTheDisplayCanBePlacedAgainAndAgain)
 {
     const xcb_window_t window = showFocused({.decorated = false});
     press(strokes::maximize);
     ASSERT_EQ(reached(window, standardDisplay), standardDisplay);
+    const bool isFullScreen = probe().hasState(window, "_NET_WM_STATE_FULLSCREEN");
 
     expectToLandAfter(window, u"leftHalf"_s);
+
+    press(strokes::snapBack);
+    EXPECT_EQ(reached(window, standardDisplay), standardDisplay);
+    EXPECT_EQ(probe().hasState(window, "_NET_WM_STATE_FULLSCREEN"), isFullScreen);
+    expectToLandAfter(window, u"rightHalf"_s);
 }
 
 TEST_F(WindowStateTests, fullScreenByHandIsRefusedThoughAMoveOnceFilledTheDisplay)

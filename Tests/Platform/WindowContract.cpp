@@ -133,6 +133,7 @@ TEST_P(PlatformContract, aGoneWindowAnswersEveryCallWithInvalid)
     EXPECT_EQ(windows().setPosition(window, {1, 1}), gone);
     EXPECT_EQ(windows().setSize(window, {300, 300}), gone);
     EXPECT_FALSE(windows().isFinal(window, {300, 300}));
+    EXPECT_EQ(windows().restore(window, {1, 1, 300, 300}, std::nullopt), gone);
     EXPECT_EQ(windows().windowID(window), std::nullopt);
     EXPECT_FALSE(windows().bringToFrontAlone(window));
     windows().raise(window);
@@ -212,6 +213,29 @@ TEST_P(PlatformContract, aMaximisedWindowGoesWhereItIsPut)
         EXPECT_EQ(windows().setSize(window, {640, 480}), AXError::success);
     }
     EXPECT_TRUE(reaches(window, {180, 140, 640, 480}));
+}
+
+TEST_P(PlatformContract, aWindowGoesBackToTheStateThatAWriteEnded)
+{
+    const ContractWindow wanted{.maximised = true};
+    const WindowElement window = world().openWindow(world().startApplication(), wanted);
+    const Rect maximised = windows().frame(window).value_or(Rect{});
+    const auto ended = [&] {
+        const WindowOperation operation(windows());
+        EXPECT_EQ(windows().setSize(window, {640, 480}), AXError::success);
+        EXPECT_EQ(windows().setPosition(window, {180, 140}), AXError::success);
+        return windows().endedState(window);
+    };
+    const auto state = ended();
+    EXPECT_EQ(state, (WindowState{true, true, false, wanted.frame}));
+    EXPECT_EQ(windows().endedState(window), std::nullopt);
+    EXPECT_TRUE(reaches(window, {180, 140, 640, 480}));
+    world().settle();
+
+    EXPECT_EQ(windows().restore(window, maximised, state), AXError::success);
+
+    EXPECT_TRUE(reaches(window, maximised));
+    EXPECT_EQ(ended(), state);
 }
 
 TEST_P(PlatformContract, fullScreenIsTold)

@@ -111,6 +111,14 @@ TEST_F(AXWindowTests, aWindowIsToldItsPlaceAgainOnlyWhereItIsNotThere)
     ASSERT_TRUE(move(wide, leftHalf));
     EXPECT_EQ(desk.frameOf(wide), (Rect{0, 25, 800, 875}));
     EXPECT_EQ(desk.platform.windows().writes().size(), 4); // already anchored where it is
+
+    for (const Point beside : {Point{4, 0}, Point{0, -1}}) {
+        desk.platform.windows().clearWrites();
+        const AXWindow astray = desk.open({.landsOff = beside});
+        ASSERT_TRUE(move(astray, leftHalf));
+        EXPECT_EQ(desk.frameOf(astray), leftHalf);
+        EXPECT_EQ(desk.platform.windows().writes().size(), 4);
+    }
 }
 
 TEST_F(AXWindowTests, withoutBoundsItStaysWhereItWasAsked)

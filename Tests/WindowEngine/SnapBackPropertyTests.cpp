@@ -17,6 +17,7 @@ WindowSpec anyWindow()
     wanted.minimum = {minimumWidth, minimumHeight};
     wanted.frame = {double(*rc::gen::inRange(-500, 3300)), double(*rc::gen::inRange(-300, 1300)),
         minimumWidth + *rc::gen::inRange(0, 900), minimumHeight + *rc::gen::inRange(0, 600)};
+    wanted.maximised = *rc::gen::weightedElement<bool>({{3, false}, {1, true}});
     wanted.fixedSize = *rc::gen::weightedElement<bool>({{4, false}, {1, true}});
     wanted.resizesAfter = Clock::Duration(*rc::gen::element(0, 0, 0, 50));
     return wanted;
@@ -25,11 +26,17 @@ WindowSpec anyWindow()
 struct Step {
     std::size_t window;
     Rect before;
+    std::optional<Rect> unmaximised; ///< where it would have gone back to, if it was maximised
 };
+
+std::optional<Rect> unmaximised(const SimulatedWindow &window)
+{
+    return window.maximised ? std::optional(window.unmaximised) : std::nullopt;
+}
 
 } // namespace
 
-RC_GTEST_PROP(SnapBackPropertyTests, snapBackUndoesAnySequenceOfMoves, ())
+RC_GTEST_PROP(SnapBackPropertyTests, snapBackUndoesAnySequenceOfMovesAndGivesStatesBack, ())
 {
     Desk desk;
     desk.plugMonitor();
@@ -52,13 +59,17 @@ RC_GTEST_PROP(SnapBackPropertyTests, snapBackUndoesAnySequenceOfMoves, ())
         if (placement == Placement::snapBack)
             continue;
         const std::size_t window = *rc::gen::inRange<std::size_t>(0, windows.size());
-        steps.push_back({window, desk.frameOf(windows[window])});
+        SimulatedWindow &simulated = desk.simulated(windows[window]);
+        if (!simulated.maximised && *rc::gen::weightedElement<bool>({{3, false}, {1, true}}))
+            desk.desktop.maximise(simulated.element);
+        steps.push_back({window, desk.frameOf(windows[window]), unmaximised(simulated)});
         perform(window, placement);
     }
 
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
         perform(step->window, Placement::snapBack);
         RC_ASSERT(desk.frameOf(windows[step->window]) == step->before);
+        RC_ASSERT(unmaximised(desk.simulated(windows[step->window])) == step->unmaximised);
     }
     RC_ASSERT(desk.manager.history().isEmpty());
 }

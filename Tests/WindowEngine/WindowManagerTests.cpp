@@ -239,6 +239,17 @@ TEST_F(WindowManagerTests, snapBackGoesPartlyOffScreenIfThatIsWhereItWas)
     EXPECT_EQ(moved(snapBack).to, astray);
 }
 
+TEST_F(WindowManagerTests, snapBackAndOriginalKeepASizeBetweenTheWindowsSteps)
+{
+    const Rect between{50, 60, 403, 307};
+    desk.open({.frame = between, .increment = {10, 20}});
+    desk.watcher.start();
+    moved(leftHalf);
+    EXPECT_EQ(moved(snapBack).to, between);
+    moved(rightHalf);
+    EXPECT_EQ(moved(original).to, between);
+}
+
 TEST_F(WindowManagerTests, theHistoryForgetsTheOldestBeyondTwoHundred)
 {
     const Rect first{50, 60, 400, 300};

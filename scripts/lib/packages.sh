@@ -2,7 +2,7 @@
 
 packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
     qt6-l10n-tools qt6-tools-dev libglib2.0-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xkb-dev libexpected-dev qcoro-qt6-dev"
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-sync-dev libxcb-xkb-dev libexpected-dev qcoro-qt6-dev"
 
 packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11-utils x11-xkb-utils
     x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core
