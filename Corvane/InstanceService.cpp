@@ -75,7 +75,7 @@ void ApplicationService::Open(
 }
 
 void ApplicationService::ActivateAction(const QString &action, const QVariantList &parameter,
-    const QVariantMap &platformData, const QDBusMessage &call)
+    const QVariantMap &, const QDBusMessage &call)
 {
     if (action == "capture"_L1)
         return m_actions.capture();
