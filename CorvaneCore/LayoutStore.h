@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// Keeps the user's layouts in one file, in their order.
+/// Keeps the user's layouts in one file, in their order. No two that it loads have the same id.
 class LayoutStore final
 {
 public:

@@ -60,6 +60,8 @@ void AppModel::refreshLayouts()
         return;
     const QList<WindowLayout> old = m_layouts;
     loadLayouts();
+    if (m_layouts == old)
+        return;
     m_history.record(tr("Change of the File"), old);
     Q_EMIT layoutsChanged();
     if (onShortcutsChanged)
@@ -159,6 +161,7 @@ void AppModel::deleteLayout(const QUuid &id)
 
 void AppModel::renameLayout(const QUuid &id, const QString &name)
 {
+    refreshLayouts();
     auto renamed = layout(id);
     if (!renamed || name.trimmed().isEmpty())
         return;
@@ -193,6 +196,7 @@ void AppModel::redo()
 
 void AppModel::saveLayout(const QUuid &id)
 {
+    refreshLayouts();
     if (const auto saved = layout(id)) {
         m_history.setSaved(*saved);
         Q_EMIT layoutsChanged();

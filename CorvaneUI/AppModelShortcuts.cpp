@@ -31,6 +31,7 @@ bool AppModel::exists(const ShortcutOwner &owner) const
 
 void AppModel::assign(const std::optional<KeyCombo> &combo, const ShortcutOwner &owner)
 {
+    refreshLayouts();
     const auto holder = combo ? this->owner(*combo) : std::nullopt;
     if (holder && *holder != owner)
         pendingSteal = ShortcutSteal{QUuid::createUuid(), *combo, owner, *holder};
@@ -42,6 +43,7 @@ void AppModel::confirmSteal()
 {
     const std::optional<ShortcutSteal> steal = pendingSteal.value();
     pendingSteal = std::nullopt;
+    refreshLayouts();
     if (!steal || steal->isSample || !exists(steal->to))
         return;
     FlightRecorder::shared().record(u"shortcut"_s,

@@ -325,6 +325,26 @@ TEST(LayoutStoreTests, layoutsComeBackInTheUsersOrder)
     EXPECT_FALSE(loaded.problem);
 }
 
+TEST(LayoutStoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
+{
+    const StoreFolder folder;
+    const LayoutStore store(folder.path());
+    const WindowLayout original = deskLayout();
+    ASSERT_TRUE(store.save({original, original}));
+    const WindowLayout copy = store.load().last();
+    ASSERT_TRUE(store.save({original, original, copy, original}));
+
+    const QList<WindowLayout> layouts = store.load();
+
+    QSet<QUuid> ids;
+    for (const WindowLayout &layout : layouts)
+        ids.insert(layout.id);
+    EXPECT_EQ(ids.size(), 4);
+    EXPECT_EQ(layouts[0], original);
+    EXPECT_EQ(layouts[2], copy);
+    EXPECT_EQ(store.load(), layouts);
+}
+
 TEST(LayoutStoreTests, aFailedSaveSaysWhyAndLeavesTheFile)
 {
     const StoreFolder folder;

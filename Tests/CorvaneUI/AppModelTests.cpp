@@ -81,6 +81,30 @@ TEST_F(AppModelTests, layoutsEditedByHandAreReadAgainInsteadOfLost)
     EXPECT_EQ(LayoutStore(desk.folder.path()).load(), model.layouts());
 }
 
+TEST_F(AppModelTests, anEditChangesWhatTheFileHoldsByNowAndATouchedFileNothing)
+{
+    AppModel model = desk.model();
+    WindowLayout byHand = model.newEmptyLayout();
+    byHand.panes.clear();
+    save({byHand});
+
+    model.renameLayout(byHand.id, u"Renamed"_s);
+    byHand.name = u"Renamed"_s;
+    EXPECT_THAT(LayoutStore(desk.folder.path()).load(), ElementsAre(byHand));
+    byHand.applyOnConnect = true;
+    save({byHand});
+    byHand.shortcut = KeyCombo(50, KeyCombo::option);
+    model.assign(byHand.shortcut, {byHand.id});
+    EXPECT_THAT(LayoutStore(desk.folder.path()).load(), ElementsAre(byHand));
+
+    QFile file(LayoutStore(desk.folder.path()).url().toLocalFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(
+        QDateTime::currentDateTime().addDays(1), QFileDevice::FileModificationTime));
+    model.refreshLayouts();
+    EXPECT_EQ(model.undoTitle(), u"Change Shortcut"_s);
+}
+
 TEST_F(AppModelTests, anApplyIsWrittenDownAndTold)
 {
     AppModel model = desk.model();
