@@ -107,6 +107,11 @@ DesktopLook FreedesktopSession::look()
     return m_appearance.look();
 }
 
+bool FreedesktopSession::isPointerButtonDown()
+{
+    return false;
+}
+
 void FreedesktopSession::setListed(quint64, bool) { }
 
 } // namespace corvane::freedesktop

@@ -24,6 +24,8 @@ public:
     void openLoginItems() override;
     void notify(const QString &id, const QString &title, const QString &body) override;
     DesktopLook look() override;
+    /// No, as Wayland compositors tell nobody.
+    bool isPointerButtonDown() override;
     /// Nothing, as Wayland compositors let no window choose.
     void setListed(quint64 window, bool isListed) override;
 

@@ -61,6 +61,10 @@ public:
     /// Light until the desktop has said otherwise, which may be a while after the start.
     [[nodiscard]] virtual DesktopLook look() = 0;
 
+    /// Whether a button of the pointer is down now, as while the user drags a window. False where the
+    /// desktop does not tell.
+    [[nodiscard]] virtual bool isPointerButtonDown() = 0;
+
     /// Whether task bar and switcher list this window of the program's own, by the window system's
     /// number. Lasts until the window is closed.
     virtual void setListed(quint64 window, bool isListed) = 0;

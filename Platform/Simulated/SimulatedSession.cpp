@@ -58,6 +58,11 @@ DesktopLook SimulatedSession::look()
     return m_look;
 }
 
+bool SimulatedSession::isPointerButtonDown()
+{
+    return isButtonDown;
+}
+
 void SimulatedSession::setListed(quint64 window, bool isListed)
 {
     listed.insert(window, isListed);

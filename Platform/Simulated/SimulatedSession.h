@@ -32,6 +32,7 @@ public:
     void openLoginItems() override;
     void notify(const QString &id, const QString &title, const QString &body) override;
     DesktopLook look() override;
+    bool isPointerButtonDown() override;
     void setListed(quint64 window, bool isListed) override;
 
     /// As the user would in the desktop's settings.
@@ -43,6 +44,7 @@ public:
     int majorVersion = 0;
     LoginItem item = LoginItem::absent;
     LoginItem itemOnceSet = LoginItem::present;
+    bool isButtonDown = false; ///< of the pointer
     QString loginItemError; ///< unless empty, the login item cannot be changed
 
     QList<QUrl> openedAddresses;

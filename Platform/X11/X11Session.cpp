@@ -22,6 +22,15 @@ X11Session::X11Session(Connection &connection) : m_connection(connection)
     });
 }
 
+bool X11Session::isPointerButtonDown()
+{
+    constexpr quint16 anyButton = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3
+        | XCB_BUTTON_MASK_4 | XCB_BUTTON_MASK_5;
+    const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
+    const auto pointer = m_connection.reply<xcb_query_pointer_reply_t>(cookie.sequence);
+    return pointer && ((*pointer)->mask & anyButton) != 0;
+}
+
 void X11Session::setListed(quint64 number, bool isListed)
 {
     const auto window = static_cast<xcb_window_t>(number);

@@ -14,6 +14,7 @@ class X11Session final : public freedesktop::FreedesktopSession
 public:
     explicit X11Session(Connection &connection);
 
+    bool isPointerButtonDown() override;
     /// Returns once a window that is shown next will be shown that way.
     void setListed(quint64 window, bool isListed) override;
 

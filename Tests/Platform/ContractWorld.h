@@ -70,6 +70,8 @@ public:
     /// A key that this keyboard lacks.
     virtual quint16 missingKey() = 0;
 
+    virtual void holdPointerButton(bool isDown) = 0;
+
     virtual void loseTrust() = 0;
     virtual void regainTrust() = 0;
 

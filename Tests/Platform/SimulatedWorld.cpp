@@ -87,6 +87,7 @@ public:
     {
         m_platform.hotKeys().takeByRival(keyCode, modifiers);
     }
+    void holdPointerButton(bool isDown) override { m_platform.session().isButtonDown = isDown; }
     quint16 missingKey() override
     {
         m_platform.hotKeys().removeKey(105);

@@ -2,6 +2,7 @@
 #include "KeyPresser.h"
 #include "Pager.h"
 #include "PlatformContract.h"
+#include "PointerPresser.h"
 #include "TestClient.h"
 #include "WindowManagerProcess.h"
 #include "X11Platform.h"
@@ -61,6 +62,16 @@ public:
     void holdKey(quint16 keyCode, quint32 modifiers) override;
     void takeKeyByRival(quint16 keyCode, quint32 modifiers) override;
     quint16 missingKey() override { return 52; }
+
+    void holdPointerButton(bool isDown) override
+    {
+        PointerPresser pointer(m_desktop->connection());
+        pointer.moveTo({1500, 900});
+        if (isDown)
+            pointer.press(PointerPresser::Button::left);
+        else
+            pointer.release(PointerPresser::Button::left);
+    }
 
     void loseTrust() override { m_windowManager->stop(); }
     void regainTrust() override { startWindowManager(); }
