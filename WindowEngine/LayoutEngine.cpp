@@ -7,63 +7,32 @@
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
-namespace {
-
-constexpr Clock::Duration pollPause = 250ms;
-constexpr Clock::Duration retryPause = 600ms;
-
-QString retryReport(int rounds, qsizetype unsettled)
+QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
+    WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor, Follow follow)
 {
-    return u"waited out %1 round%2 for apps still coming up; %3 never settled"_s.arg(rounds)
-        .arg(rounds == 1 ? QString() : u"s"_s)
-        .arg(unsettled);
+    LayoutRun run(*this, m_opener, layout, {launchWait, retryFor, follow});
+    m_run = &run;
+    if (!Platform::current().windows().isTrusted()) {
+        run.refuseAll(QCoreApplication::translate("PaneResult", "accessibility not granted"));
+    } else {
+        run.begin();
+        while (m_run == &run && run.isUnderWay()) {
+            const Pause pause{run.pause()};
+            co_await pause;
+            if (m_run == &run)
+                run.goOn();
+        }
+        run.end(m_run == &run ? LayoutRun::End::timeIsUp : LayoutRun::End::superseded);
+    }
+    if (m_run == &run)
+        m_run = nullptr;
+    co_return run.results();
 }
 
-} // namespace
-
-QCoro::Task<QList<PaneResult>> LayoutEngine::apply(
-    WindowLayout layout, Clock::Duration launchWait, Clock::Duration retryFor)
+void LayoutEngine::leaveAlone(const AXWindow &window)
 {
-    const quint64 number = ++m_latestRun;
-    Platform &platform = Platform::current();
-    LayoutRun run(*this, layout);
-    if (!platform.windows().isTrusted()) {
-        run.refuseAll(QCoreApplication::translate("PaneResult", "accessibility not granted"));
-        co_return run.results();
-    }
-    LayoutRun::Panes panes = run.begin();
-    const auto waits = [&](Clock::Duration deadline) {
-        return number == m_latestRun && platform.clock().now() < deadline;
-    };
-
-    const Clock::Duration launchDeadline = platform.clock().now() + launchWait;
-    while (run.isComingUp() && waits(launchDeadline)) {
-        const Pause pause{pollPause};
-        co_await pause;
-    }
-
-    if (number == m_latestRun)
-        panes = run.place(panes);
-    const Clock::Duration retryDeadline = platform.clock().now() + retryFor;
-    int rounds = 0;
-    while (!panes.isEmpty() && waits(retryDeadline)) {
-        const Pause pause{retryPause};
-        co_await pause;
-        if (number != m_latestRun)
-            break;
-        panes = run.place(panes);
-        ++rounds;
-    }
-    if (rounds > 0 && onDiagnostic)
-        onDiagnostic(retryReport(rounds, panes.size()));
-
-    run.giveUp(panes);
-    if (number == m_latestRun)
-        run.bringForward();
-    co_return run.results();
+    if (m_run)
+        m_run->leaveAlone(window);
 }
 
 } // namespace corvane

@@ -1,55 +1,45 @@
 #include "LayoutRun.h"
 
 #include "Geometry.h"
+#include "PaneChoice.h"
 #include "Screens.h"
+#include "Session.h"
 
-#include <QtCore/QLocale>
+#include <QtCore/QCoreApplication>
 
 #include <algorithm>
 #include <limits>
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
 namespace {
 
-using ProcessesByID = QHash<QString, QList<pid_t>>;
+constexpr Clock::Duration pollPause = 250ms;
+constexpr Clock::Duration retryPause = 600ms;
+constexpr Clock::Duration followPause = 100ms;
+// Programs that restore a size of their own do so within two seconds after they have shown.
+constexpr Clock::Duration restoresWithin = 2500ms;
 
-ProcessesByID runningProcesses()
+Clock::Duration now()
 {
-    ProcessesByID processes;
-    for (const RunningApplication &application : Platform::current().applications().running()) {
-        if (!application.bundleIdentifier.isEmpty())
-            processes[application.bundleIdentifier] << application.pid;
-    }
-    return processes;
+    return Platform::current().clock().now();
 }
 
-bool namesWindow(const Pane &pane)
+QString retryReport(int rounds, qsizetype unsettled)
 {
-    return pane.titleContains && !pane.titleContains->isEmpty();
-}
-
-/// The same for texts that differ in case only, to the user.
-QString folded(const QString &text)
-{
-    return QLocale().toLower(text).toCaseFolded();
+    return u"waited out %1 round%2 for apps still coming up; %3 never settled"_s.arg(rounds)
+        .arg(rounds == 1 ? QString() : u"s"_s)
+        .arg(unsettled);
 }
 
 } // namespace
 
-struct LayoutRun::Candidate {
-    AXWindow window;
-    std::optional<QString> title = {}; ///< folded, once a pane asks for it
-};
-
-struct LayoutRun::Assignment {
-    qsizetype pane;
-    std::optional<AXWindow> window = {};
-    expected<Rect, AXError> previous = {};
-    Rect target = {};
-};
-
-LayoutRun::LayoutRun(const LayoutEngine &engine, const WindowLayout &layout) : m_engine(engine)
+LayoutRun::LayoutRun(
+    const LayoutEngine &engine, AppOpener &opener, const WindowLayout &layout, const Terms &terms)
+    : m_engine(engine), m_opener(opener), m_terms(terms)
 {
     for (const Pane &pane : layout.panes)
         m_results << PaneResult{pane, {Status::Empty{}}};
@@ -57,8 +47,6 @@ LayoutRun::LayoutRun(const LayoutEngine &engine, const WindowLayout &layout) : m
     const auto mapping = LayoutEngine::displayMapping(layout.displays, Screens::signature(screens));
     for (const auto &[saved, current] : mapping.asKeyValueRange())
         m_screens.insert(saved, screens[current]);
-    const QStringList running = runningProcesses().keys();
-    m_running = {running.begin(), running.end()};
 }
 
 void LayoutRun::refuseAll(const QString &reason)
@@ -67,43 +55,103 @@ void LayoutRun::refuseAll(const QString &reason)
         result.status = {Status::Refused{reason}};
 }
 
-LayoutRun::Panes LayoutRun::begin()
+void LayoutRun::begin()
 {
-    Panes held;
     for (qsizetype index = 0; index < m_results.size(); ++index) {
         if (const auto status = settledAtOnce(pane(index)))
             m_results[index].status = *status;
         else
-            held << index;
+            m_order << index;
     }
     // Panes without a place in the stack first, then from the back to the front.
-    std::ranges::stable_sort(held, std::greater(), [this](qsizetype index) -> qint64 {
+    std::ranges::stable_sort(m_order, std::greater(), [this](qsizetype index) -> qint64 {
         const std::optional<int> stack = pane(index).stack;
         return stack ? *stack : std::numeric_limits<qint64>::max() - index;
     });
-    return held;
+    // A pane that names its window claims it before one that takes any.
+    std::stable_partition(m_order.begin(), m_order.end(),
+        [this](qsizetype index) { return namesWindow(pane(index)); });
+    m_waiting = m_order;
+    m_launchDeadline = now() + m_terms.launchWait;
+    pass();
+    if (m_stack.isEmpty() && isWaiting())
+        m_stack.noteFocus();
 }
 
+bool LayoutRun::isUnderWay() const
+{
+    return isWaiting() || !m_followed.isEmpty();
+}
+
+Clock::Duration LayoutRun::pause() const
+{
+    const Clock::Duration untilPass = std::max(m_nextPass - now(), Clock::Duration(0));
+    if (m_followed.isEmpty())
+        return untilPass;
+    return isWaiting() ? std::min(untilPass, followPause) : followPause;
+}
+
+void LayoutRun::goOn()
+{
+    lookAtFollowed();
+    if (!m_waiting.isEmpty() && now() >= m_nextPass)
+        pass();
+}
+
+void LayoutRun::end(End end)
+{
+    if (m_rounds > 0 && m_engine.onDiagnostic)
+        m_engine.onDiagnostic(retryReport(m_rounds, m_waiting.size()));
+    for (const qsizetype index : std::as_const(m_waiting))
+        m_results[index].status = statusWithoutWindow(pane(index), end);
+}
+
+void LayoutRun::leaveAlone(const AXWindow &window)
+{
+    m_followed.removeIf(
+        [&](const Followed &followed) { return followed.assignment.window == window; });
+}
+
+bool LayoutRun::isWaiting() const
+{
+    return !m_waiting.isEmpty() && (!m_retryDeadline || now() < *m_retryDeadline);
+}
+
+void LayoutRun::pass()
+{
+    m_waiting = place(m_waiting);
+    m_stack.arrange(m_finder.unanswering());
+    tellPassed();
+    if (!m_retryDeadline && isComingUp() && now() < m_launchDeadline) {
+        m_nextPass = now() + pollPause;
+        return;
+    }
+    if (m_retryDeadline)
+        ++m_rounds;
+    else
+        m_retryDeadline = now() + m_terms.retryFor;
+    m_nextPass = now() + retryPause;
+}
+
+/// Whether an application that was opened has not shown a window yet.
 bool LayoutRun::isComingUp()
 {
+    if (m_comingUp.isEmpty())
+        return false;
     const WindowOperation operation(Platform::current().windows());
-    const ProcessesByID processes = runningProcesses();
     m_comingUp.removeIf([&](const QString &bundleID) {
-        return std::ranges::any_of(processes.value(bundleID), [&](pid_t pid) {
-            return std::ranges::any_of(
-                windowsOf(pid), [&](const AXWindow &window) { return window.belongsTo(bundleID); });
-        });
+        const bool hasShown = m_finder.hasWindow(bundleID);
+        if (hasShown)
+            m_opener.noteShown(bundleID);
+        return hasShown;
     });
     return !m_comingUp.isEmpty();
 }
 
-LayoutRun::Panes LayoutRun::place(Panes panes)
+LayoutRun::Panes LayoutRun::place(const Panes &panes)
 {
     WindowAccess &windows = Platform::current().windows();
     const WindowOperation operation(windows);
-    // A pane that names its window claims it before one that takes any.
-    std::stable_partition(
-        panes.begin(), panes.end(), [this](qsizetype index) { return namesWindow(pane(index)); });
     const QList<Assignment> assigned = assignments(panes);
 
     QList<WindowMove> moves;
@@ -123,26 +171,15 @@ LayoutRun::Panes LayoutRun::place(Panes panes)
     return left;
 }
 
-void LayoutRun::giveUp(const Panes &panes)
+PaneStatus LayoutRun::statusWithoutWindow(const Pane &pane, End end) const
 {
-    for (const qsizetype index : panes) {
-        if (m_opened.contains(pane(index).app->bundleID))
-            m_results[index].status = {Status::Launched{}};
-        else
-            m_results[index].status = {Status::NoWindow{}};
-    }
-}
-
-void LayoutRun::bringForward()
-{
-    const WindowOperation operation(Platform::current().windows());
-    for (const AXWindow &window : std::as_const(m_placed)) {
-        if (m_unanswering.contains(window.pid) || window.bringToFrontAlone() || !window.isWindow())
-            continue;
-        window.raise();
-        window.makeMain();
-        AXWindow::bringForward(window.pid);
-    }
+    const QString &bundleID = pane.app->bundleID;
+    if (end == End::superseded)
+        return {Status::Refused{QCoreApplication::translate(
+            "PaneResult", "had no window yet when the next layout was applied")}};
+    if (m_opened.contains(bundleID))
+        return {Status::Launched{namesWindow(pane) && m_finder.hasShown(bundleID)}};
+    return {Status::NoWindow{}};
 }
 
 std::optional<PaneResult::Status> LayoutRun::settledAtOnce(const Pane &pane)
@@ -152,12 +189,16 @@ std::optional<PaneResult::Status> LayoutRun::settledAtOnce(const Pane &pane)
     if (!m_screens.contains(pane.display))
         return Status{Status::DisplayMissing{}};
     const QString &bundleID = pane.app->bundleID;
-    if (m_running.contains(bundleID))
+    if (m_opener.isComingUp(bundleID)) {
+        m_opened.insert(bundleID, {});
+        m_comingUp.insert(bundleID);
+    }
+    if (m_running.contains(bundleID) || m_comingUp.contains(bundleID))
         return std::nullopt;
     const Installation found = Platform::current().applications().installation(bundleID);
     if (found.state == Installation::State::notInstalled)
         return Status{Status::NotInstalled{}};
-    if (!pane.launch && !m_comingUp.contains(bundleID))
+    if (!pane.launch)
         return Status{Status::NotRunning{}};
     if (const auto &opened = open(bundleID); !opened)
         return Status{Status::Refused{opened.error()}};
@@ -168,104 +209,30 @@ const expected<void, QString> &LayoutRun::open(const QString &bundleID)
 {
     if (const auto before = m_opened.constFind(bundleID); before != m_opened.cend())
         return *before;
-    const auto opened = Platform::current().applications().open(bundleID);
+    const auto opened = m_opener.open(bundleID, m_terms.launchWait + m_terms.retryFor);
     if (opened)
         m_comingUp.insert(bundleID);
     return *m_opened.insert(bundleID, opened);
 }
 
-template <typename Question>
-std::invoke_result_t<Question> LayoutRun::ask(pid_t pid, Question question)
-{
-    if (m_unanswering.contains(pid))
-        return unexpected<AXError>(AXError::cannotComplete);
-    auto answer = question();
-    if (!answer && answer.error() == AXError::cannotComplete)
-        m_unanswering.insert(pid);
-    return answer;
-}
-
-QList<AXWindow> LayoutRun::windowsOf(pid_t pid)
-{
-    return ask(pid, [pid] {
-        return AXWindow::windowsIfAnswering(pid);
-    }).value_or(QList<AXWindow>());
-}
-
-expected<Rect, AXError> LayoutRun::frameOf(const AXWindow &window)
-{
-    return ask(window.pid, [&] { return Platform::current().windows().frame(window.element); });
-}
-
-QString LayoutRun::titleOf(const AXWindow &window)
-{
-    return ask(window.pid, [&] {
-        return Platform::current().windows().title(window.element);
-    }).value_or(QString());
-}
-
-QHash<QString, QList<LayoutRun::Candidate>> LayoutRun::candidates(const Panes &panes)
-{
-    const ProcessesByID processes = runningProcesses();
-    ProcessesByID wanted;
-    QList<pid_t> pids;
-    for (const qsizetype index : panes) {
-        const QString &bundleID = pane(index).app->bundleID;
-        if (!wanted.contains(bundleID))
-            pids << wanted.insert(bundleID, processes.value(bundleID)).value();
-    }
-    pids.removeIf([this](pid_t pid) { return m_unanswering.contains(pid); });
-    Platform::current().windows().lookAhead(pids);
-
-    QHash<QString, QList<Candidate>> candidates;
-    QSet<AXWindow> seen = m_claimed;
-    for (const auto &[bundleID, instances] : wanted.asKeyValueRange()) {
-        for (const pid_t pid : instances) {
-            for (const AXWindow &window : windowsOf(pid)) {
-                if (seen.contains(window) || !window.belongsTo(bundleID))
-                    continue;
-                candidates[bundleID] << Candidate{window};
-                seen.insert(window);
-            }
-        }
-    }
-    return candidates;
-}
-
 QList<LayoutRun::Assignment> LayoutRun::assignments(const Panes &panes)
 {
-    auto candidates = this->candidates(panes);
+    QList<Pane> wanted;
+    for (const qsizetype index : panes)
+        wanted << pane(index);
+    const auto found = m_finder.claim(wanted);
     QList<Assignment> assigned;
-    for (const qsizetype index : panes) {
-        Assignment assignment{index};
-        assignment.window = claim(pane(index), candidates[pane(index).app->bundleID]);
-        if (assignment.window) {
-            assignment.previous = frameOf(*assignment.window);
+    for (qsizetype i = 0; i < panes.size(); ++i) {
+        Assignment assignment{panes[i]};
+        if (found[i]) {
+            assignment.window = found[i]->window;
+            assignment.previous = found[i]->frame;
             assignment.target = Geometry::frame(
-                pane(index).rect, m_screens[pane(index).display].visibleFrame, m_engine.gap);
+                wanted[i].rect, m_screens[wanted[i].display].visibleFrame, m_engine.gap);
         }
         assigned << assignment;
     }
     return assigned;
-}
-
-std::optional<AXWindow> LayoutRun::claim(const Pane &pane, QList<Candidate> &candidates)
-{
-    auto found = candidates.begin();
-    if (namesWindow(pane)) {
-        const QString text = folded(*pane.titleContains);
-        found = std::ranges::find_if(candidates, [&](Candidate &candidate) {
-            if (!candidate.title)
-                candidate.title = folded(titleOf(candidate.window));
-            return candidate.title->contains(text);
-        });
-    }
-    if (found == candidates.end())
-        return std::nullopt;
-    const AXWindow window = found->window;
-    candidates.erase(found);
-    m_claimed.insert(window);
-    return window;
 }
 
 /// Nothing for a pane that has no window, or whose window closed before it could be moved.
@@ -279,10 +246,10 @@ std::optional<PaneResult::Status> LayoutRun::settled(const Assignment &assignmen
             return std::nullopt;
         return Status{Status::Refused{moved.error().description()}};
     }
-    m_placed << window;
-    const Status::Placed placed{titleOf(window), assignment.target, *assignment.previous};
-    if (m_engine.onPlaced)
-        m_engine.onPlaced(window, placed.previous);
+    const Status::Placed placed{m_finder.title(window), reached(assignment), *assignment.previous};
+    m_stack.add(m_order.indexOf(assignment.pane), window);
+    follow(assignment, placed.frame);
+    tell(window, assignment.pane, placed);
     return Status{placed};
 }
 
@@ -290,15 +257,92 @@ expected<void, MoveError> LayoutRun::move(const Assignment &assignment)
 {
     const AXWindow &window = *assignment.window;
     // One look more: an application that hangs by now would time out on every single write.
-    const auto current = assignment.previous ? frameOf(window) : assignment.previous;
+    const auto current = assignment.previous ? m_finder.frame(window) : assignment.previous;
     if (!current)
         return unexpected<MoveError>({MoveError::Position{current.error()}});
     auto moved =
         window.setFrame(assignment.target, m_screens[pane(assignment.pane).display].visibleFrame,
             m_engine.gap + Geometry::slackBeyondGap);
     if (!moved && moved.error().code() == AXError::cannotComplete)
-        m_unanswering.insert(window.pid);
+        m_finder.noteUnanswering(window.pid);
     return moved;
+}
+
+Rect LayoutRun::reached(const Assignment &assignment)
+{
+    return m_finder.frame(*assignment.window).value_or(assignment.target);
+}
+
+void LayoutRun::tell(const AXWindow &window, qsizetype index, const PaneStatus::Placed &placed)
+{
+    m_untold << PaneResult{pane(index), {placed}};
+    if (m_engine.onPlaced)
+        m_engine.onPlaced(window, placed.previous);
+}
+
+void LayoutRun::tellPassed()
+{
+    const QList<PaneResult> news = std::exchange(m_untold, {});
+    if (!news.isEmpty() && m_engine.onPassed)
+        m_engine.onPassed(news);
+}
+
+void LayoutRun::follow(const Assignment &assignment, const Rect &reached)
+{
+    const QString &bundleID = pane(assignment.pane).app->bundleID;
+    const bool isNew = m_opened.contains(bundleID) || m_opener.hasJustOpened(bundleID);
+    if (!isNew && m_terms.follow == LayoutEngine::Follow::opened)
+        return;
+    const Clock::Duration atLeast = isNew ? restoresWithin : Clock::Duration(0);
+    m_followed.push_back({assignment, StrayWatch(assignment.target, reached, now(), atLeast)});
+}
+
+void LayoutRun::lookAtFollowed()
+{
+    if (m_followed.isEmpty())
+        return;
+    Platform &platform = Platform::current();
+    const bool isButtonDown = platform.session().isPointerButtonDown();
+    const WindowOperation operation(platform.windows());
+    QList<pid_t> pids;
+    for (const Followed &each : m_followed) {
+        const pid_t pid = each.assignment.window->pid;
+        if (!m_finder.unanswering().contains(pid) && !pids.contains(pid))
+            pids << pid;
+    }
+    platform.windows().lookAhead(pids);
+    for (qsizetype i = m_followed.size() - 1; i >= 0; --i) {
+        if (!look(m_followed[i], isButtonDown))
+            m_followed.removeAt(i);
+    }
+    tellPassed();
+}
+
+bool LayoutRun::look(Followed &followed, bool isButtonDown)
+{
+    const Assignment &assignment = followed.assignment;
+    const auto frame = m_finder.frame(*assignment.window);
+    if (!frame)
+        return false;
+    const auto finding = followed.watch.look(*frame, isButtonDown, now());
+    if (finding == StrayWatch::Finding::strayed)
+        return putBack(followed, *frame);
+    // It may have been on its way when it was placed.
+    if (followed.watch.isInPlace(*frame))
+        std::get<Status::Placed>(m_results[assignment.pane].status.value).frame = *frame;
+    return finding != StrayWatch::Finding::over;
+}
+
+bool LayoutRun::putBack(Followed &followed, const Rect &strayed)
+{
+    const Assignment &assignment = followed.assignment;
+    if (!move(assignment))
+        return false;
+    auto &placed = std::get<Status::Placed>(m_results[assignment.pane].status.value);
+    placed.frame = reached(assignment);
+    followed.watch.settle(placed.frame, now());
+    tell(*assignment.window, assignment.pane, {placed.windowTitle, placed.frame, strayed});
+    return true;
 }
 
 } // namespace corvane

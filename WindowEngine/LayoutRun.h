@@ -1,10 +1,10 @@
 #pragma once
 
 #include "LayoutEngine.h"
+#include "PlacedStack.h"
 #include "Platform.h"
-
-#include <QtCore/QHash>
-#include <QtCore/QSet>
+#include "StrayWatch.h"
+#include "WindowFinder.h"
 
 namespace corvane {
 
@@ -12,56 +12,92 @@ namespace corvane {
 class LayoutRun final
 {
 public:
-    /// Panes of the layout, by index.
-    using Panes = QList<qsizetype>;
+    struct Terms {
+        Clock::Duration launchWait;
+        Clock::Duration retryFor;
+        LayoutEngine::Follow follow;
+    };
 
-    /// The engine outlives the run.
-    LayoutRun(const LayoutEngine &engine, const WindowLayout &layout);
+    enum class End { timeIsUp, superseded };
+
+    /// The engine and the opener outlive the run.
+    LayoutRun(const LayoutEngine &engine, AppOpener &opener, const WindowLayout &layout,
+        const Terms &terms);
 
     void refuseAll(const QString &reason);
-    /// Settles what needs no window and opens what does not run. The panes that remain, in the order
-    /// in which their windows are to be placed.
-    [[nodiscard]] Panes begin();
-    /// Whether an application that was opened has not shown a window yet.
-    [[nodiscard]] bool isComingUp();
-    /// Places what it finds. The panes that it found no window for.
-    [[nodiscard]] Panes place(Panes panes);
-    void giveUp(const Panes &panes);
-    /// In the order of their placing, so that the last one ends on top.
-    void bringForward();
+    /// Settles what needs no window, opens what does not run, and places the windows that are there.
+    void begin();
+    /// Whether a pane waits for its window, or a window may still leave its pane.
+    [[nodiscard]] bool isUnderWay() const;
+    /// How long to wait before `goOn`.
+    [[nodiscard]] Clock::Duration pause() const;
+    void goOn();
+    /// Gives up the panes without a window.
+    void end(End end);
+
+    void leaveAlone(const AXWindow &window);
 
     [[nodiscard]] const QList<PaneResult> &results() const { return m_results; }
 
 private:
-    struct Candidate;
-    struct Assignment;
     using Status = PaneResult::Status;
+    /// Panes of the layout, by index.
+    using Panes = QList<qsizetype>;
+
+    struct Assignment {
+        qsizetype pane;
+        std::optional<AXWindow> window = {};
+        expected<Rect, AXError> previous = {};
+        Rect target = {};
+    };
+
+    struct Followed {
+        Assignment assignment;
+        StrayWatch watch;
+    };
 
     [[nodiscard]] const Pane &pane(qsizetype index) const { return m_results[index].pane; }
     [[nodiscard]] std::optional<Status> settledAtOnce(const Pane &pane);
     [[nodiscard]] const expected<void, QString> &open(const QString &bundleID);
+    [[nodiscard]] bool isWaiting() const;
+    [[nodiscard]] bool isComingUp();
+    void pass();
+    /// Places what it finds. The panes that it found no window for.
+    [[nodiscard]] Panes place(const Panes &panes);
+    [[nodiscard]] Status statusWithoutWindow(const Pane &pane, End end) const;
 
-    /// A call to an application, unless one has timed out before.
-    template <typename Question>
-    [[nodiscard]] std::invoke_result_t<Question> ask(pid_t pid, Question question);
-    [[nodiscard]] QList<AXWindow> windowsOf(pid_t pid);
-    [[nodiscard]] expected<Rect, AXError> frameOf(const AXWindow &window);
-    [[nodiscard]] QString titleOf(const AXWindow &window);
-    [[nodiscard]] QHash<QString, QList<Candidate>> candidates(const Panes &panes);
     [[nodiscard]] QList<Assignment> assignments(const Panes &panes);
-    [[nodiscard]] std::optional<AXWindow> claim(const Pane &pane, QList<Candidate> &candidates);
     [[nodiscard]] std::optional<Status> settled(const Assignment &assignment);
     [[nodiscard]] expected<void, MoveError> move(const Assignment &assignment);
+    [[nodiscard]] Rect reached(const Assignment &assignment);
+    void tell(const AXWindow &window, qsizetype pane, const PaneStatus::Placed &placed);
+    void tellPassed();
+
+    void follow(const Assignment &assignment, const Rect &reached);
+    void lookAtFollowed();
+    /// Whether to follow it further.
+    [[nodiscard]] bool look(Followed &followed, bool isButtonDown);
+    [[nodiscard]] bool putBack(Followed &followed, const Rect &strayed);
 
     const LayoutEngine &m_engine;
+    AppOpener &m_opener;
+    const Terms m_terms;
     QList<PaneResult> m_results;
     QMap<int, ScreenInfo> m_screens; ///< by the layout's display
-    QSet<QString> m_running; ///< when the run began
+    QSet<QString> m_running = WindowFinder::running(); ///< when the run began
     QHash<QString, expected<void, QString>> m_opened;
-    QSet<QString> m_comingUp;
-    QSet<AXWindow> m_claimed; ///< each belongs to one pane, even if it did not move
-    QSet<pid_t> m_unanswering; ///< let a request time out, and are asked nothing more
-    QList<AXWindow> m_placed; ///< in the order of their placing
+    QSet<QString> m_comingUp; ///< opened, and without a window so far
+    Panes m_order; ///< in which windows are placed
+    Panes m_waiting; ///< for a window, in that order
+    WindowFinder m_finder;
+    PlacedStack m_stack;
+    QList<Followed> m_followed;
+    QList<PaneResult> m_untold; ///< placed or put back by the step under way
+
+    Clock::Duration m_launchDeadline{};
+    std::optional<Clock::Duration> m_retryDeadline; ///< once nothing is coming up any more
+    Clock::Duration m_nextPass{};
+    int m_rounds = 0; ///< passes while waiting for that deadline
 };
 
 } // namespace corvane

@@ -50,9 +50,12 @@ QString statusText(const PaneStatus &status)
             return QCoreApplication::translate(
                 "PaneResult", "is not running (opening it is off for this pane)");
         },
-        [](PaneStatus::Launched) {
-            return QCoreApplication::translate(
-                "PaneResult", "was opened, and still had no window after 20 seconds");
+        [](PaneStatus::Launched launched) {
+            return launched.showsAnother
+                ? QCoreApplication::translate(
+                    "PaneResult", "was opened, and its window is not the one named")
+                : QCoreApplication::translate(
+                    "PaneResult", "was opened, and still had no window after 20 seconds");
         },
         [](PaneStatus::NoWindow) {
             return QCoreApplication::translate(

@@ -11,7 +11,7 @@ namespace corvane {
 struct PaneStatus {
     struct Placed {
         QString windowTitle;
-        Rect frame; ///< the one asked for
+        Rect frame; ///< the one that the window took
         Rect previous;
         bool operator==(const Placed &) const = default;
     };
@@ -36,6 +36,7 @@ struct PaneStatus {
     };
     /// The app was opened, and never had a window for the pane.
     struct Launched {
+        bool showsAnother = false; ///< windows, but none that the pane names
         bool operator==(const Launched &) const = default;
     };
     /// The app was running, and never had a window for the pane.

@@ -464,6 +464,14 @@
         <source>accessibility not granted</source>
         <translation>windows cannot be moved now</translation>
     </message>
+    <message>
+        <source>had no window yet when the next layout was applied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>was opened, and its window is not the one named</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Placement</name>

@@ -71,8 +71,8 @@ TEST_F(LayoutEngineTests, whatNeedsNoWindowIsSettledAtOnce)
 TEST_F(LayoutEngineTests, aPlacedWindowIsToldWithItsFrameBeforeAndAfter)
 {
     const Rect before{50, 60, 700, 500};
-    const Rect target{725, 35, 705, 855};
-    const AXWindow window = open({.title = u"Notes"_s, .frame = before});
+    const Rect reached{630, 35, 800, 855}; // wider than its pane, which ends there, too
+    const AXWindow window = open({.title = u"Notes"_s, .frame = before, .minimum = {800, 1}});
     QList<Rect> told;
     engine.onPlaced = [&](const AXWindow &, const Rect &previous) { told << previous; };
     engine.gap = 10;
@@ -81,8 +81,8 @@ TEST_F(LayoutEngineTests, aPlacedWindowIsToldWithItsFrameBeforeAndAfter)
         .panes = {pane(leftHalf), {.display = 1, .rect = rightHalf, .app = editorApp}}});
 
     EXPECT_EQ(results[0].status, Status{Status::DisplayMissing{}});
-    EXPECT_EQ(results[1].status, (Status{Status::Placed{u"Notes"_s, target, before}}));
-    EXPECT_EQ(frameOf(window), target);
+    EXPECT_EQ(results[1].status, (Status{Status::Placed{u"Notes"_s, reached, before}}));
+    EXPECT_EQ(frameOf(window), reached);
     EXPECT_THAT(told, ElementsAre(before));
 }
 
@@ -146,14 +146,17 @@ TEST_F(LayoutEngineTests, anAppThatDoesNotRunIsOpenedOnceAndAwaited)
     const WindowSpec splash{.kind = WindowKind::splash};
     const QString placedBoth = u"placed placed"_s;
     const QString launchedBoth = u"launched launched"_s;
+    // Longer than they need to open: they may restore a size of their own.
+    constexpr Clock::Duration atRest = 2600ms;
     const Example examples[]{
-        {"at once", {.windows = {{}, {}}}, placedBoth, 0s},
-        {"hidden", {.state = Installation::State::hidden, .windows = {{}, {}}}, placedBoth, 0s},
-        {"slow", {.windows = {{}, {}}, .opensAfter = 3s}, placedBoth, 3s},
-        {"very slow", {.windows = {{}, {}}, .opensAfter = 12s}, placedBoth, 12200ms},
+        {"at once", {.windows = {{}, {}}}, placedBoth, atRest},
+        {"hidden", {.state = Installation::State::hidden, .windows = {{}, {}}}, placedBoth, atRest},
+        {"slow", {.windows = {{}, {}}, .opensAfter = 3s}, placedBoth, 3s + atRest},
+        {"very slow", {.windows = {{}, {}}, .opensAfter = 12s}, placedBoth, 12200ms + atRest},
         {"one window only", {.windows = {{}}}, u"placed launched"_s, 20400ms},
-        {"splash first", {.windows = {{}, {}}, .opensAfter = 2s, .splash = splash}, placedBoth, 2s},
-        {"resizes late", {.windows = {late, late}}, placedBoth, 500ms},
+        {"splash first", {.windows = {{}, {}}, .opensAfter = 2s, .splash = splash}, placedBoth,
+            2s + atRest},
+        {"resizes late", {.windows = {late, late}}, placedBoth, 500ms + atRest},
         {"splash only", {.opensAfter = std::nullopt, .splash = splash}, launchedBoth, 28400ms},
         {"no window", {.opensAfter = std::nullopt}, launchedBoth, 28400ms},
         {"exits", {.splash = splash, .exitsAfter = 0s}, launchedBoth, 28400ms},
@@ -179,6 +182,146 @@ TEST_F(LayoutEngineTests, anAppThatDoesNotRunIsOpenedOnceAndAwaited)
             EXPECT_EQ(desk.frameOf(window), window == desk.placed[0] ? onTheLeft : onTheRight);
         EXPECT_EQ(AXWindow::focused().window, desk.placed.isEmpty() ? focused : desk.placed.last());
     }
+}
+
+TEST_F(LayoutEngineTests, anOpenedWindowThatRestoresItsOwnSizeIsPutBackUnlessTheUserMovedIt)
+{
+    const Rect own{300, 200, 640, 480};
+    struct Example {
+        const char *name;
+        QList<Clock::Duration> moves; ///< when it takes its own frame
+        bool isPutBack;
+        std::function<void(LayoutDesk &, const AXWindow &)> meanwhile = {};
+    };
+    QList<Clock::Duration> insisting;
+    for (Clock::Duration time = 300ms; time < 20s; time += 300ms)
+        insisting << time;
+    const Example examples[]{
+        {"soon", {300ms}, true},
+        {"after two seconds", {2s}, true},
+        {"twice", {1s, 1800ms}, true},
+        {"again and again", insisting, false},
+        {"dragged", {1s}, false,
+            [](LayoutDesk &desk, const AXWindow &) {
+                desk.platform.session().isButtonDown = true;
+            }},
+        {"placed by a shortcut", {1s}, false,
+            [](LayoutDesk &desk, const AXWindow &window) { desk.engine.leaveAlone(window); }},
+    };
+
+    for (const Example &example : examples) {
+        SCOPED_TRACE(example.name);
+        LayoutDesk desk;
+        desk.desktop.install({.bundleIdentifier = mail.bundleID, .windows = {{}}});
+        QList<Rect> previous;
+        desk.engine.onPlaced = [&](const AXWindow &window, const Rect &before) {
+            desk.placed << window;
+            previous << before;
+        };
+        for (const Clock::Duration time : example.moves) {
+            desk.platform.clock().after(time, &desk.desktop, [&] {
+                if (example.meanwhile)
+                    example.meanwhile(desk, desk.placed.first());
+                desk.drag(desk.placed.first(), own);
+            });
+        }
+
+        const auto results = desk.apply(
+            {.displays = Screens::signature(), .panes = {{.rect = leftHalf, .app = mail}}});
+
+        EXPECT_EQ(desk.frameOf(desk.placed.first()), example.isPutBack ? onTheLeft : own);
+        EXPECT_EQ(std::get<Status::Placed>(results[0].status.value).frame, onTheLeft);
+        EXPECT_EQ(previous.last() == own, example.isPutBack || example.moves.size() > 2);
+        EXPECT_LE(desk.applied, 5100ms);
+    }
+}
+
+TEST_F(LayoutEngineTests, aSlowPaneDelaysNoOtherAndItsWindowJoinsTheStackWithoutTheFocus)
+{
+    struct Example {
+        const char *name;
+        bool alone; ///< whether the desktop stacks windows one by one
+        bool takesFocus; ///< the late window, by itself
+        bool userLeaves;
+        QByteArray stack; ///< L is the late window, U the user's, below the layout at first
+    };
+    const Example examples[]{
+        {"quiet", true, false, false, "ALCU"},
+        {"raised in turn", false, false, false, "ALCU"},
+        {"takes the focus", true, true, false, "ALCU"},
+        {"user elsewhere", true, false, true, "UALC"},
+    };
+
+    for (const Example &example : examples) {
+        SCOPED_TRACE(example.name);
+        LayoutDesk desk;
+        desk.desktop.bringsOneForward = example.alone;
+        desk.desktop.install(
+            {.bundleIdentifier = mail.bundleID, .windows = {{.title = u"L"_s}}, .opensAfter = 3s});
+        const AXWindow user =
+            desk.openFrom(desk.desktop.start(u"org.example.User"_s, u"User"_s), {.title = u"U"_s});
+        const AXWindow front = desk.open({.title = u"A"_s});
+        desk.open({.title = u"C"_s});
+        QList<Clock::Duration> times;
+        desk.engine.onPlaced = [&](const AXWindow &, const Rect &) {
+            times << desk.platform.clock().now();
+        };
+        desk.platform.clock().after(3s, &desk.desktop, [&] {
+            desk.desktop.catchUp();
+            if (example.userLeaves) {
+                desk.desktop.raise(user.element);
+                desk.desktop.focus(user.element);
+            }
+            if (example.takesFocus)
+                desk.desktop.focus(desk.desktop.stack().first());
+        });
+
+        EXPECT_EQ(desk.outcomes({pane(leftHalf, u"A"_s, 0), pane(leftHalf, u"C"_s, 2),
+                      {.rect = leftHalf, .app = mail, .titleContains = u"L"_s, .stack = 1}}),
+            u"placed placed placed"_s);
+
+        QByteArray stack;
+        for (const WindowElement &element : desk.desktop.stack())
+            stack += desk.desktop.window(element).title.toLatin1();
+        EXPECT_EQ(stack, example.stack);
+        EXPECT_EQ(desk.desktop.focused(), example.userLeaves ? user.element : front.element);
+        EXPECT_THAT(times, ElementsAre(0s, 0s, 3s));
+    }
+}
+
+TEST_F(LayoutEngineTests, whatIsComingUpIsNotOpenedAgainByTheNextApply)
+{
+    desktop.install({.bundleIdentifier = mail.bundleID, .windows = {{}}, .opensAfter = 6s});
+    open();
+    const QList<Pane> panes{{.rect = leftHalf, .app = mail}};
+    auto launches = [this, last = editor]() mutable {
+        const pid_t next = desktop.start(u"org.example.Next"_s, u"Next"_s);
+        return next - std::exchange(last, next) - 1;
+    };
+    QList<PaneResult> first;
+    const auto task = engine.apply({.displays = Screens::signature(), .panes = panes}, 8s, 20s)
+                          .then([&](const QList<PaneResult> &results) { first = results; });
+    advance(1s);
+
+    EXPECT_EQ(outcomes({pane(leftHalf)}), u"placed"_s);
+    EXPECT_EQ(outcomes(panes), u"placed"_s);
+    EXPECT_EQ(launches(), 1);
+    ASSERT_EQ(first.size(), 1);
+    EXPECT_EQ(statusText(first[0].status), u"had no window yet when the next layout was applied"_s);
+
+    desktop.quit(placed.last().pid);
+    EXPECT_EQ(outcomes(panes), u"placed"_s);
+    EXPECT_EQ(launches(), 1) << "it had shown its window, and quit";
+}
+
+TEST_F(LayoutEngineTests, anOpenedAppWithAnotherWindowThanTheOneNamedIsSaidToHaveOne)
+{
+    desktop.install({.bundleIdentifier = mail.bundleID, .windows = {{.title = u"News"_s}}});
+
+    const auto results = apply({.displays = Screens::signature(),
+        .panes = {{.rect = leftHalf, .app = mail, .titleContains = u"Inbox"_s}}});
+
+    EXPECT_EQ(statusText(results[0].status), u"was opened, and its window is not the one named"_s);
 }
 
 TEST_F(LayoutEngineTests, anAppThatQuitsMeanwhileIsGivenUp)

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "AXWindow.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QSet>
+
+namespace corvane {
+
+/// The windows that one apply has placed, as they are to lie on top of each other.
+class PlacedStack final
+{
+public:
+    [[nodiscard]] bool isEmpty() const { return m_windows.isEmpty(); }
+    /// Remembers where the user is, who has to wait for the first window.
+    void noteFocus();
+    /// A higher rank lies nearer to the front.
+    void add(qsizetype rank, const AXWindow &window);
+    /// Puts the windows added since the last time where they belong. The first ones come forward, and
+    /// the front one gets the focus, unless the user has gone elsewhere meanwhile; later ones join
+    /// without it. Processes that let a request time out are asked nothing.
+    void arrange(const QSet<pid_t> &unanswering);
+
+private:
+    [[nodiscard]] bool isElsewhere(const std::optional<AXWindow> &focused) const;
+    void bringForward(const AXWindow &window) const;
+    void join(qsizetype rank, bool mayCoverOthers) const;
+
+    QMap<qsizetype, AXWindow> m_windows; ///< by rank
+    QList<qsizetype> m_added;
+    std::optional<AXWindow> m_focusBefore;
+    QSet<pid_t> m_unanswering;
+};
+
+} // namespace corvane

@@ -1,0 +1,132 @@
+#include "WindowFinder.h"
+
+#include "PaneChoice.h"
+#include "Platform.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+using ProcessesByID = QHash<QString, QList<pid_t>>;
+
+ProcessesByID runningProcesses()
+{
+    ProcessesByID processes;
+    for (const RunningApplication &application : Platform::current().applications().running()) {
+        if (!application.bundleIdentifier.isEmpty())
+            processes[application.bundleIdentifier] << application.pid;
+    }
+    return processes;
+}
+
+} // namespace
+
+QList<std::optional<WindowFinder::Found>> WindowFinder::claim(const QList<Pane> &panes)
+{
+    QList<std::optional<Found>> claims(panes.size());
+    for (const auto &[bundleID, windows] : candidates(panes).asKeyValueRange()) {
+        QList<WindowCandidate> seen;
+        for (const Found &each : windows)
+            seen << WindowCandidate{title(each.window), each.frame.value_or(Rect())};
+        QList<Pane> theirs;
+        QList<qsizetype> indices;
+        for (qsizetype index = 0; index < panes.size(); ++index) {
+            if (panes[index].app->bundleID != bundleID)
+                continue;
+            theirs << panes[index];
+            indices << index;
+        }
+        const auto chosen = chooseWindows(theirs, seen);
+        for (qsizetype i = 0; i < chosen.size(); ++i) {
+            if (!chosen[i])
+                continue;
+            claims[indices[i]] = windows[*chosen[i]];
+            m_claimed.insert(windows[*chosen[i]].window);
+        }
+    }
+    return claims;
+}
+
+bool WindowFinder::hasWindow(const QString &bundleID)
+{
+    return std::ranges::any_of(runningProcesses().value(bundleID), [&](pid_t pid) {
+        return std::ranges::any_of(
+            windowsOf(pid), [&](const AXWindow &window) { return window.belongsTo(bundleID); });
+    });
+}
+
+expected<Rect, AXError> WindowFinder::frame(const AXWindow &window)
+{
+    return ask(window.pid, [&] { return Platform::current().windows().frame(window.element); });
+}
+
+QString WindowFinder::title(const AXWindow &window)
+{
+    return ask(window.pid, [&] {
+        return Platform::current().windows().title(window.element);
+    }).value_or(QString());
+}
+
+QSet<QString> WindowFinder::running()
+{
+    const QStringList running = runningProcesses().keys();
+    return {running.begin(), running.end()};
+}
+
+/// A call to an application, unless one has timed out before.
+template <typename Question>
+std::invoke_result_t<Question> WindowFinder::ask(pid_t pid, Question question)
+{
+    if (m_unanswering.contains(pid))
+        return unexpected<AXError>(AXError::cannotComplete);
+    auto answer = question();
+    if (!answer && answer.error() == AXError::cannotComplete)
+        m_unanswering.insert(pid);
+    return answer;
+}
+
+QList<AXWindow> WindowFinder::windowsOf(pid_t pid)
+{
+    return ask(pid, [pid] {
+        return AXWindow::windowsIfAnswering(pid);
+    }).value_or(QList<AXWindow>());
+}
+
+/// By application, front to back within each process.
+QHash<QString, QList<WindowFinder::Found>> WindowFinder::candidates(const QList<Pane> &panes)
+{
+    const ProcessesByID processes = runningProcesses();
+    ProcessesByID wanted;
+    QList<pid_t> pids;
+    for (const Pane &pane : panes) {
+        const QString &bundleID = pane.app->bundleID;
+        if (!wanted.contains(bundleID))
+            pids << wanted.insert(bundleID, processes.value(bundleID)).value();
+    }
+    pids.removeIf([this](pid_t pid) { return m_unanswering.contains(pid); });
+    Platform::current().windows().lookAhead(pids);
+
+    m_showing.clear();
+    QHash<QString, QList<Found>> candidates;
+    QSet<AXWindow> seen = m_claimed;
+    for (const auto &[bundleID, instances] : wanted.asKeyValueRange()) {
+        for (const pid_t pid : instances) {
+            for (const AXWindow &window : windowsOf(pid)) {
+                if (!window.belongsTo(bundleID))
+                    continue;
+                m_showing.insert(bundleID);
+                if (seen.contains(window))
+                    continue;
+                seen.insert(window);
+                const auto frame = this->frame(window);
+                if (frame || frame.error() != AXError::invalidUIElement)
+                    candidates[bundleID] << Found{window, frame};
+            }
+        }
+    }
+    return candidates;
+}
+
+} // namespace corvane
