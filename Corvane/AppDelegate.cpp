@@ -112,7 +112,13 @@ void AppDelegate::connectModel()
     if (!m_model.accessibilityTrusted)
         std::fprintf(stderr, "Corvane: %s\n",
             qUtf8Printable(Platform::current().windows().distrustReason()));
+    m_model.onLayoutMoved = [this](const AXWindow &window, const Rect &previous) {
+        m_mover.windowManager().remember(window, previous);
+        keepRecentMovesPruned();
+    };
     m_mover.onPerformed = [this](const OutcomeReport &report) {
+        if (std::holds_alternative<MoveOutcome::Moved>(report.outcome.value))
+            m_model.leaveAlone(m_mover.windowManager().last()->window);
         keepRecentMovesPruned();
         if (m_log == Log::verbose)
             log(report.line(Titles::hidden));

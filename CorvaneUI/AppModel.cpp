@@ -57,7 +57,7 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
     loadSettings();
     loadLayouts();
     m_history.setSaved(m_layouts);
-    m_layoutApplier.engine().gap = m_settings.gap;
+    connectLayouts();
     refreshTrust();
     applyAppearance();
     connect(

@@ -63,6 +63,8 @@ public:
     std::function<void()> onCheckForUpdatesNow;
     std::function<void()> onInstallUpdate;
     std::function<void()> onReplayTour;
+    /// An apply moved the window from this frame; Snap Back is to know it.
+    std::function<void(const AXWindow &window, const Rect &previous)> onLayoutMoved;
 
     // Settings
     [[nodiscard]] const Settings &settings() const { return m_settings; }
@@ -137,8 +139,10 @@ public:
     {
         return m_history.savedVersion(id);
     }
-    /// Ends an apply that still waits for its apps.
+    /// Ends an apply that is under way, which then is no `lastApply`.
     [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(WindowLayout layout);
+    /// A placement has moved this window, which an apply under way is not to put back.
+    void leaveAlone(const AXWindow &window);
     /// From now on, applies by itself the first layout that asks for it whose displays have become
     /// the connected ones.
     void applyOnConnect();
@@ -234,9 +238,10 @@ private:
     expected<void, QString> perform(const QString &undoTitle, QList<WindowLayout> layouts);
     expected<void, QString> setLayouts(QList<WindowLayout> layouts);
     [[nodiscard]] QString uniqueLayoutName(const QString &base) const;
-    QCoro::Task<> restore(WindowLayout layout);
     /// Keeps what has changed in it, without a step to undo: nobody did anything.
     WindowLayout mend(const WindowLayout &layout);
+    void connectLayouts();
+    void restore(const WindowLayout &layout);
 
     SettingsStore m_store;
     LayoutStore m_layoutStore;

@@ -6,6 +6,7 @@
 #include "Screens.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace corvane {
 
@@ -210,12 +211,26 @@ void AppModel::revertLayout(const QUuid &id)
         static_cast<void>(setLayouts(std::move(*layouts)));
 }
 
+void AppModel::connectLayouts()
+{
+    m_layoutApplier.engine().gap = m_settings.gap;
+    m_layoutApplier.engine().onPlaced = [this](const AXWindow &window, const Rect &previous) {
+        if (onLayoutMoved && window.frame() != previous)
+            onLayoutMoved(window, previous);
+    };
+    m_layoutApplier.onApplied = [this](const QUuid &layout, const QList<PaneResult> &results) {
+        lastApply = LastApply{layout, results, Platform::current().clock().date()};
+    };
+}
+
 QCoro::Task<QList<PaneResult>> AppModel::apply(WindowLayout layout)
 {
-    layout = mend(layout);
-    const QList<PaneResult> results = co_await m_layoutApplier.apply(layout);
-    lastApply = LastApply{layout.id, results, Platform::current().clock().date()};
-    co_return results;
+    return m_layoutApplier.apply(mend(layout), LayoutEngine::Follow::opened);
+}
+
+void AppModel::leaveAlone(const AXWindow &window)
+{
+    m_layoutApplier.engine().leaveAlone(window);
 }
 
 WindowLayout AppModel::mend(const WindowLayout &layout)
@@ -243,11 +258,10 @@ void AppModel::applyOnConnect()
         });
 }
 
-QCoro::Task<> AppModel::restore(WindowLayout layout)
+void AppModel::restore(const WindowLayout &layout)
 {
     FlightRecorder::shared().record(u"layout"_s, u"its displays have connected"_s);
-    co_await apply(layout);
-    co_await m_layoutApplier.lookAgain();
+    std::ignore = m_layoutApplier.apply(layout, LayoutEngine::Follow::all);
 }
 
 } // namespace corvane

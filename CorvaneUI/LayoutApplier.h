@@ -5,8 +5,7 @@
 
 namespace corvane {
 
-/// Puts windows back into layouts, looks again where that is called for, and writes down what was
-/// moved. Lives as long as the process.
+/// Puts windows back into layouts, and writes down what was moved. Lives as long as the process.
 class LayoutApplier final
 {
 public:
@@ -14,24 +13,22 @@ public:
 
     explicit LayoutApplier(WriteDown writeDown);
 
+    /// An apply that no newer one has ended.
+    std::function<void(const QUuid &layout, const QList<PaneResult> &results)> onApplied;
+
     [[nodiscard]] LayoutEngine &engine() { return m_engine; }
 
-    /// Ends an apply that still waits for its apps.
-    [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(WindowLayout layout);
-    /// After displays came: puts back what the window manager has moved since the latest apply.
-    [[nodiscard]] QCoro::Task<> lookAgain();
+    /// Ends an apply that is under way.
+    [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(
+        WindowLayout layout, LayoutEngine::Follow follow);
 
 private:
-    struct Placed {
-        AXWindow window;
-        Rect frame;
-    };
-
-    void writeDown(const WindowLayout &layout, const QList<PaneResult> &results) const;
+    void writeDown(const QList<PaneResult> &placed) const;
 
     WriteDown m_writeDown;
     LayoutEngine m_engine;
-    QList<Placed> m_placed; ///< by the latest apply
+    QString m_layoutName; ///< of the latest apply, the only one that places windows
+    quint64 m_applies = 0;
 };
 
 } // namespace corvane

@@ -82,6 +82,13 @@ MoveOutcome WindowManager::perform(Placement placement)
     return carryOut(*found, scene);
 }
 
+void WindowManager::remember(const AXWindow &window, const Rect &frame)
+{
+    m_history << HistoryEntry{window, frame};
+    if (m_history.size() > historyLimit)
+        m_history.remove(0, m_history.size() - historyLimit);
+}
+
 void WindowManager::pruneHistory()
 {
     QSet<pid_t> running;
@@ -201,13 +208,6 @@ Placement WindowManager::cycled(
         return pressed;
     const auto index = static_cast<std::size_t>(found - walk->begin());
     return (*walk)[(index + 1) % walk->size()];
-}
-
-void WindowManager::remember(const AXWindow &window, const Rect &frame)
-{
-    m_history << HistoryEntry{window, frame};
-    if (m_history.size() > historyLimit)
-        m_history.remove(0, m_history.size() - historyLimit);
 }
 
 } // namespace corvane

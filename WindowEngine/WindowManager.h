@@ -52,6 +52,8 @@ public:
     [[nodiscard]] const std::optional<LastMove> &last() const { return m_last; }
 
     [[nodiscard]] MoveOutcome perform(Placement placement);
+    /// Snap Back is to bring the window to this frame, which it had before it was moved.
+    void remember(const AXWindow &window, const Rect &frame);
     /// Forgets the windows of applications that have ended.
     void pruneHistory();
 
@@ -72,7 +74,6 @@ private:
     [[nodiscard]] bool isUntouched(const AXWindow &window, const Rect &current) const;
     [[nodiscard]] Placement cycled(
         Placement pressed, const AXWindow &window, const Rect &current) const;
-    void remember(const AXWindow &window, const Rect &frame);
 
     const WindowWatcher &m_watcher;
     Options m_options;

@@ -169,6 +169,8 @@ TEST_F(AppModelTests, aNewApplyEndsOneThatStillWaits)
         {.bundleIdentifier = u"org.example.Slow"_s, .name = u"Slow"_s, .opensAfter = std::nullopt});
     WindowLayout slow = ModelDesk::leftHalfLayout(Screens::signature());
     slow.panes[0].app = AppRef{u"org.example.Slow"_s, u"Slow"_s};
+    int told = 0;
+    QObject::connect(&model, &AppModel::lastApplyChanged, &model, [&] { ++told; });
 
     const auto waiting = model.apply(slow);
     desk.settle(1s);
@@ -179,7 +181,8 @@ TEST_F(AppModelTests, aNewApplyEndsOneThatStillWaits)
 
     EXPECT_TRUE(next.isReady());
     EXPECT_TRUE(waiting.isReady());
-    EXPECT_EQ(model.lastApply.value()->results.first().pane.app->name, u"Slow");
+    EXPECT_EQ(model.lastApply.value()->results.first().pane.app->name, u"Editor");
+    EXPECT_EQ(told, 1) << "the one that gave way has failed at nothing";
 }
 
 TEST_F(AppModelTests, aLayoutIsAppliedOnceItsDisplaysHaveConnected)
@@ -223,24 +226,55 @@ TEST_F(AppModelTests, aLayoutWrittenByHandWhileTheProgramRunsIsAppliedWhenItsDis
     EXPECT_EQ(desk.frame(), leftHalf);
 }
 
-TEST_F(AppModelTests, aWindowThatTheDesktopMovedBackLateIsPutInItsPlaceAgain)
+TEST_F(AppModelTests, afterDisplaysConnectWhatTheDesktopMovedIsPutBackAndWhatTheUserMovedIsNot)
 {
-    const quint32 second = desk.plugSecond();
-    desk.settle(2s);
-    save({ModelDesk::leftHalfLayout(Screens::signature())});
-    desktop().unplug(second);
-    desk.settle(2s);
-    AppModel model = desk.model();
-    model.applyOnConnect();
-    desk.plugSecond();
-    desk.settle();
-    desk.settle(1s);
-    ASSERT_EQ(desk.frame(), leftHalf);
+    const struct {
+        const char *name;
+        Clock::Duration after; ///< the pass
+        std::function<void(ModelDesk &, AppModel &)> meanwhile;
+        bool isPutBack;
+    } examples[]{
+        {"the desktop", 300ms, [](ModelDesk &, AppModel &) {}, true},
+        {"a hand", 300ms,
+            [](ModelDesk &each, AppModel &) { each.platform.session().isButtonDown = true; },
+            false},
+        {"a placement", 300ms,
+            [](ModelDesk &each, AppModel &model) {
+                model.leaveAlone({each.window, each.editor});
+            },
+            false},
+        {"later, while a pane waits", 3s, [](ModelDesk &, AppModel &) {}, false},
+    };
 
-    desktop().moveWindow(desktop().window(desk.window), {300, 200});
-    desk.settle(500ms);
+    for (const auto &[name, after, meanwhile, isPutBack] : examples) {
+        SCOPED_TRACE(name);
+        ModelDesk each;
+        const QList<DisplayKey> both = Screens::signature() << DisplayKey{u"Desk"_s, 1920, 1080};
+        WindowLayout layout = ModelDesk::leftHalfLayout(both);
+        layout.panes << layout.panes.first(); // for which there is no window
+        ASSERT_TRUE(LayoutStore(each.folder.path()).save({layout}));
+        AppModel model = each.model();
+        QList<Rect> undoable;
+        model.onLayoutMoved = [&](const AXWindow &, const Rect &previous) { undoable << previous; };
+        model.applyOnConnect();
+        each.plugSecond();
+        each.settle();
+        each.settle(1s);
+        ASSERT_EQ(each.frame(), leftHalf);
 
-    EXPECT_EQ(desk.frame(), leftHalf);
+        each.settle(after);
+        meanwhile(each, model);
+        SimulatedDesktop &moved = each.platform.desktop();
+        moved.moveWindow(moved.window(each.window), {300, 200});
+        each.settle(500ms);
+
+        const Rect strayed{300, 200, 720, 900};
+        EXPECT_EQ(each.frame(), isPutBack ? leftHalf : strayed);
+        EXPECT_EQ(undoable.last() == strayed, isPutBack);
+        EXPECT_THAT(ActivityLog(each.folder.path()).recent(10), SizeIs(isPutBack ? 2 : 1));
+        each.settle(30s);
+        EXPECT_TRUE(model.lastApply.value());
+    }
 }
 
 RC_GTEST_PROP(AppModelPropertyTests, plugsAndUnplugsApplyOncePerBurst, ())

@@ -47,6 +47,8 @@ protected:
                 true},
             {"only", {u"only-one="_s + pipe(), u"open=By the first copy"_s}, "placed", true, 2},
             {"restless", {u"open=Restless"_s, u"wait=300"_s, u"resize=700x300"_s}, "placed", true},
+            {"restoring", {u"open=Restoring"_s, u"wait=1900"_s, u"resize=700x300"_s}, "placed",
+                true},
             // Not at once: the frame that it took has to be read before it is gone.
             {"leaving", {u"open=Leaving"_s, u"wait-until-resized"_s, u"wait=1000"_s, u"quit"_s},
                 "placed", false},
@@ -191,6 +193,34 @@ TEST_F(LayoutAppTests, anOpenedWindowNeitherTakesTheFocusNorDemandsAttention)
     EXPECT_NE(second, users);
     for (const xcb_window_t window : probe().clients())
         EXPECT_FALSE(probe().hasState(window, "_NET_WM_STATE_DEMANDS_ATTENTION"));
+}
+
+TEST_F(LayoutAppTests, aSlowWindowJoinsTheStackUnderTheFrontOneWhichKeepsTheFocus)
+{
+    const InstalledApp &app = install(u"slow"_s, {u"wait=3000"_s, u"open=Slow"_s});
+    const xcb_window_t front = showFocused({.geometry = {900, 300, 400, 300}, .title = "Front"});
+    const xcb_window_t back = showAt({300, 300, 400, 300}, "Back");
+    for (const auto &[pane, stack] : {std::pair(clientPane({}, u"Front"_s), 0),
+             {clientPane({}, u"Back"_s), 2}, {paneFor(app.id(), {}), 1}}) {
+        expect(pane, "placed");
+        m_expected.last().pane.rect = {0.2, 0.2, 0.6, 0.6};
+        m_expected.last().pane.stack = stack;
+    }
+    m_expected.last().pane.titleContains = u"Slow"_s;
+    keep({layout()});
+    const auto run = desktop().launch(programUnderTest(), {u"--apply-layout"_s, u"Desk"_s});
+    const Rect target = frameOf(m_expected.first().pane.rect, standardDisplay);
+
+    EXPECT_EQ(reached(front, target), target);
+    EXPECT_EQ(reached(back, target), target);
+    const xcb_window_t slow = windowOf(app);
+    EXPECT_EQ(reached(slow, target), target);
+
+    EXPECT_TRUE(waitUntil([&] {
+        return probe().stacking() == QList<xcb_window_t>{back, slow, front};
+    }));
+    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == front; }));
+    EXPECT_EQ(run->waitForExit(Milliseconds{10000}), 0);
 }
 
 } // namespace corvane::desktop

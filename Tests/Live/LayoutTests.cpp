@@ -218,9 +218,10 @@ TEST_F(LayoutTests, anUntouchedDeskStaysAsItIs)
     EXPECT_TRUE(waitUntil([&] { return probe().stacking() == stacking; }));
 }
 
-TEST_F(LayoutTests, aShortcutAppliesItsLayout)
+TEST_F(LayoutTests, aShortcutAppliesItsLayoutAndSnapBackUndoesIt)
 {
     const xcb_window_t window = showAt({300, 300, 400, 300}, "Window");
+    const Rect before = frame(window);
     WindowLayout desk = layout({clientPane(rightHalf, u"Window"_s)});
     constexpr quint16 keyMinus = 27;
     desk.shortcut = KeyCombo(keyMinus, KeyCombo::control | KeyCombo::option | KeyCombo::command);
@@ -230,6 +231,8 @@ TEST_F(LayoutTests, aShortcutAppliesItsLayout)
 
     expectFrame(window, rightHalf);
     EXPECT_TRUE(waitUntil([&] { return applies() == 1; }));
+    EXPECT_TRUE(moved(corvane().place(u"snapBack"_s)));
+    EXPECT_EQ(reached(window, before), before);
 }
 
 } // namespace corvane::desktop
