@@ -261,7 +261,7 @@ void AppModel::applyOnConnect()
 void AppModel::restore(const WindowLayout &layout)
 {
     FlightRecorder::shared().record(u"layout"_s, u"its displays have connected"_s);
-    std::ignore = m_layoutApplier.apply(layout, LayoutEngine::Follow::all);
+    std::ignore = m_layoutApplier.apply(mend(layout), LayoutEngine::Follow::all);
 }
 
 } // namespace corvane
