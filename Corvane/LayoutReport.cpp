@@ -27,8 +27,9 @@ bool needsNothing(const PaneResult &result)
 QString paneLine(const PaneResult &result, Titles titles = Titles::shown)
 {
     if (const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value))
-        return u"%1%2 placed at %3"_s.arg(oneLine(result.appName()),
-            titleBehind(placed->windowTitle, titles), rectText(placed->frame));
+        return u"%1%2 %3 at %4"_s.arg(oneLine(result.appName()),
+            titleBehind(placed->windowTitle, titles),
+            placed->wasOpened ? u"opened and placed"_s : u"placed"_s, rectText(placed->frame));
     if (!result.pane.app)
         return u"empty pane"_s;
     return u"%1: %2"_s.arg(oneLine(result.appName()), oneLine(statusText(result.status), 200));
@@ -41,6 +42,7 @@ QJsonObject paneJson(const PaneResult &result)
         json[u"windowTitle"_s] = placed->windowTitle;
         json[u"frame"_s] = jsonRect(placed->frame);
         json[u"previous"_s] = jsonRect(placed->previous);
+        json[u"opened"_s] = placed->wasOpened;
     } else if (const QString text = statusText(result.status); !text.isEmpty()) {
         json[u"reason"_s] = text;
     }

@@ -23,7 +23,7 @@ bool isPlaced(const PaneResult &result)
 
 } // namespace
 
-LayoutApplier::LayoutApplier(WriteDown writeDown) : m_writeDown(std::move(writeDown)), m_engine(0)
+LayoutApplier::LayoutApplier(WriteDown road) : m_writeDown(std::move(road)), m_engine(0)
 {
     m_engine.onPassed = [this](const QList<PaneResult> &placed) { writeDown(placed); };
     m_engine.onDiagnostic = [](const QString &line) {
@@ -53,10 +53,11 @@ void LayoutApplier::writeDown(const QList<PaneResult> &placed) const
     const QList<ScreenInfo> screens = Screens::all();
     QList<ActivityEntry> entries;
     for (const PaneResult &result : placed) {
-        const auto &[title, frame, previous] = std::get<PaneStatus::Placed>(result.status.value);
-        const auto screen = Screens::screenContaining(frame, screens);
-        entries << ActivityEntry::placedByLayout(m_layoutName, result.appName(), title,
-            screen ? screen->name : QString(), previous, frame, now);
+        const auto &outcome = std::get<PaneStatus::Placed>(result.status.value);
+        const auto screen = Screens::screenContaining(outcome.frame, screens);
+        entries << ActivityEntry::placedByLayout(m_layoutName, result.appName(),
+            outcome.windowTitle, screen ? screen->name : QString(), outcome.previous, outcome.frame,
+            now);
     }
     m_writeDown(entries);
 }

@@ -16,6 +16,15 @@ expected<void, QString> AppOpener::open(const QString &bundleID, Clock::Duration
     return opened;
 }
 
+expected<void, QString> AppOpener::openWindow(
+    const QString &bundleID, qsizetype shown, Clock::Duration patience)
+{
+    const auto opened = Platform::current().applications().openWindow(bundleID);
+    if (opened)
+        m_openings.insert(bundleID, {Platform::current().clock().now() + patience, shown});
+    return opened;
+}
+
 bool AppOpener::hasJustOpened(const QString &bundleID) const
 {
     const auto opening = m_openings.constFind(bundleID);
@@ -27,15 +36,15 @@ bool AppOpener::isComingUp(const QString &bundleID) const
     return hasJustOpened(bundleID) && !m_openings[bundleID].hasShown;
 }
 
-void AppOpener::noteShown(const QString &bundleID)
+void AppOpener::noteWindows(const QString &bundleID, qsizetype shown)
 {
     if (const auto opening = m_openings.find(bundleID); opening != m_openings.end())
-        opening->hasShown = true;
+        opening->hasShown |= shown > opening->shownBefore;
 }
 
 void AppOpener::noteLaunched(const RunningApplication &application)
 {
-    noteShown(application.bundleIdentifier);
+    noteWindows(application.bundleIdentifier, 1);
 }
 
 } // namespace corvane

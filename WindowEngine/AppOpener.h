@@ -17,15 +17,20 @@ class AppOpener final : public QObject
 public:
     /// The application may take `patience` to show a window. The error is one sentence.
     [[nodiscard]] expected<void, QString> open(const QString &bundleID, Clock::Duration patience);
+    /// A window more from one that runs and shows so many. The error is one sentence.
+    [[nodiscard]] expected<void, QString> openWindow(
+        const QString &bundleID, qsizetype shown, Clock::Duration patience);
     /// Opened within its patience.
     [[nodiscard]] bool hasJustOpened(const QString &bundleID) const;
-    /// The same, and no window has been seen since.
+    /// The same, and no window more has been seen since.
     [[nodiscard]] bool isComingUp(const QString &bundleID) const;
-    void noteShown(const QString &bundleID);
+    /// So many it shows now.
+    void noteWindows(const QString &bundleID, qsizetype shown);
 
 private:
     struct Opening {
         Clock::Duration deadline{};
+        qsizetype shownBefore = 0;
         bool hasShown = false;
     };
 

@@ -39,7 +39,7 @@ QString retryReport(int rounds, qsizetype unsettled)
 
 LayoutRun::LayoutRun(
     const LayoutEngine &engine, AppOpener &opener, const WindowLayout &layout, const Terms &terms)
-    : m_engine(engine), m_opener(opener), m_terms(terms)
+    : m_engine(engine), m_opener(opener), m_terms(terms), m_missing(opener, terms.launchWait)
 {
     for (const Pane &pane : layout.panes)
         m_results << PaneResult{pane, {Status::Empty{}}};
@@ -70,7 +70,7 @@ void LayoutRun::begin()
     });
     // A pane that names its window claims it before one that takes any.
     std::stable_partition(m_order.begin(), m_order.end(),
-        [this](qsizetype index) { return namesWindow(pane(index)); });
+        [this](qsizetype index) { return demandsTitle(pane(index)); });
     m_waiting = m_order;
     m_launchDeadline = now() + m_terms.launchWait;
     pass();
@@ -114,7 +114,8 @@ void LayoutRun::leaveAlone(const AXWindow &window)
 
 bool LayoutRun::isWaiting() const
 {
-    return !m_waiting.isEmpty() && (!m_retryDeadline || now() < *m_retryDeadline);
+    return !m_waiting.isEmpty()
+        && (!m_retryDeadline || now() < *m_retryDeadline || m_missing.isUnderWay());
 }
 
 void LayoutRun::pass()
@@ -122,7 +123,9 @@ void LayoutRun::pass()
     m_waiting = place(m_waiting);
     m_stack.arrange(m_finder.unanswering());
     tellPassed();
-    if (!m_retryDeadline && isComingUp() && now() < m_launchDeadline) {
+    const bool mayStillCome = !m_retryDeadline && isComingUp() && now() < m_launchDeadline;
+    askForMissing();
+    if (mayStillCome || m_missing.isUnderWay()) {
         m_nextPass = now() + pollPause;
         return;
     }
@@ -138,14 +141,25 @@ bool LayoutRun::isComingUp()
 {
     if (m_comingUp.isEmpty())
         return false;
-    const WindowOperation operation(Platform::current().windows());
     m_comingUp.removeIf([&](const QString &bundleID) {
-        const bool hasShown = m_finder.hasWindow(bundleID);
-        if (hasShown)
-            m_opener.noteShown(bundleID);
-        return hasShown;
+        m_opener.noteWindows(bundleID, m_finder.shown(bundleID));
+        return !m_opener.isComingUp(bundleID);
     });
     return !m_comingUp.isEmpty();
+}
+
+void LayoutRun::askForMissing()
+{
+    QHash<QString, qsizetype> missing;
+    for (const qsizetype index : std::as_const(m_order)) {
+        const QString &bundleID = pane(index).app->bundleID;
+        // What was opened owes its first window; a new one has no title that somebody typed.
+        const bool owesNone = !m_opened.contains(bundleID) || m_finder.shown(bundleID) > 0;
+        const bool isAskedFor = owesNone && pane(index).launch && !demandsTitle(pane(index));
+        missing[bundleID] += isAskedFor && m_waiting.contains(index) ? 1 : 0;
+    }
+    for (const auto &[bundleID, count] : missing.asKeyValueRange())
+        m_missing.look(bundleID, m_finder.shown(bundleID), count);
 }
 
 LayoutRun::Panes LayoutRun::place(const Panes &panes)
@@ -177,8 +191,8 @@ PaneStatus LayoutRun::statusWithoutWindow(const Pane &pane, End end) const
     if (end == End::superseded)
         return {Status::Refused{QCoreApplication::translate(
             "PaneResult", "had no window yet when the next layout was applied")}};
-    if (m_opened.contains(bundleID))
-        return {Status::Launched{namesWindow(pane) && m_finder.hasShown(bundleID)}};
+    if (m_opened.contains(bundleID) || m_missing.hasAsked(bundleID))
+        return {Status::Launched{demandsTitle(pane) && m_finder.shown(bundleID) > 0}};
     return {Status::NoWindow{}};
 }
 
@@ -217,9 +231,11 @@ const expected<void, QString> &LayoutRun::open(const QString &bundleID)
 
 QList<LayoutRun::Assignment> LayoutRun::assignments(const Panes &panes)
 {
-    QList<Pane> wanted;
+    QList<PaneWish> wanted;
     for (const qsizetype index : panes)
-        wanted << pane(index);
+        wanted << PaneWish{pane(index),
+            Geometry::frame(
+                pane(index).rect, m_screens[pane(index).display].visibleFrame, m_engine.gap)};
     const auto found = m_finder.claim(wanted);
     QList<Assignment> assigned;
     for (qsizetype i = 0; i < panes.size(); ++i) {
@@ -227,8 +243,7 @@ QList<LayoutRun::Assignment> LayoutRun::assignments(const Panes &panes)
         if (found[i]) {
             assignment.window = found[i]->window;
             assignment.previous = found[i]->frame;
-            assignment.target = Geometry::frame(
-                wanted[i].rect, m_screens[wanted[i].display].visibleFrame, m_engine.gap);
+            assignment.target = wanted[i].target;
         }
         assigned << assignment;
     }
@@ -246,7 +261,9 @@ std::optional<PaneResult::Status> LayoutRun::settled(const Assignment &assignmen
             return std::nullopt;
         return Status{Status::Refused{moved.error().description()}};
     }
-    const Status::Placed placed{m_finder.title(window), reached(assignment), *assignment.previous};
+    const QString &bundleID = pane(assignment.pane).app->bundleID;
+    const Status::Placed placed{m_finder.title(window), reached(assignment), *assignment.previous,
+        m_opened.contains(bundleID) || m_missing.hasAsked(bundleID)};
     m_stack.add(m_order.indexOf(assignment.pane), window);
     follow(assignment, placed.frame);
     tell(window, assignment.pane, placed);
@@ -341,7 +358,7 @@ bool LayoutRun::putBack(Followed &followed, const Rect &strayed)
     auto &placed = std::get<Status::Placed>(m_results[assignment.pane].status.value);
     placed.frame = reached(assignment);
     followed.watch.settle(placed.frame, now());
-    tell(*assignment.window, assignment.pane, {placed.windowTitle, placed.frame, strayed});
+    tell(*assignment.window, assignment.pane, {placed.windowTitle, placed.frame, strayed, placed.wasOpened});
     return true;
 }
 

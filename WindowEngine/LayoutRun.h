@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LayoutEngine.h"
+#include "MissingWindows.h"
 #include "PlacedStack.h"
 #include "Platform.h"
 #include "StrayWatch.h"
@@ -61,6 +62,7 @@ private:
     [[nodiscard]] const expected<void, QString> &open(const QString &bundleID);
     [[nodiscard]] bool isWaiting() const;
     [[nodiscard]] bool isComingUp();
+    void askForMissing();
     void pass();
     /// Places what it finds. The panes that it found no window for.
     [[nodiscard]] Panes place(const Panes &panes);
@@ -90,6 +92,7 @@ private:
     Panes m_order; ///< in which windows are placed
     Panes m_waiting; ///< for a window, in that order
     WindowFinder m_finder;
+    MissingWindows m_missing;
     PlacedStack m_stack;
     QList<Followed> m_followed;
     QList<PaneResult> m_untold; ///< placed or put back by the step under way

@@ -13,6 +13,7 @@ struct PaneStatus {
         QString windowTitle;
         Rect frame; ///< the one that the window took
         Rect previous;
+        bool wasOpened; ///< for this pane
         bool operator==(const Placed &) const = default;
     };
     /// The move, or the opening of the app, or the whole layout.

@@ -23,38 +23,30 @@ ProcessesByID runningProcesses()
 
 } // namespace
 
-QList<std::optional<WindowFinder::Found>> WindowFinder::claim(const QList<Pane> &panes)
+QList<std::optional<WindowFinder::Found>> WindowFinder::claim(const QList<PaneWish> &wishes)
 {
-    QList<std::optional<Found>> claims(panes.size());
-    for (const auto &[bundleID, windows] : candidates(panes).asKeyValueRange()) {
-        QList<WindowCandidate> seen;
-        for (const Found &each : windows)
-            seen << WindowCandidate{title(each.window), each.frame.value_or(Rect())};
-        QList<Pane> theirs;
+    QList<std::optional<Found>> claims(wishes.size());
+    for (const auto &[bundleID, windows] : candidates(wishes).asKeyValueRange()) {
+        QList<WindowTraits> seen;
+        for (const auto &[found, stack] : windows)
+            seen << WindowTraits{title(found.window), stack, found.frame.value_or(Rect())};
+        QList<PaneWish> theirs;
         QList<qsizetype> indices;
-        for (qsizetype index = 0; index < panes.size(); ++index) {
-            if (panes[index].app->bundleID != bundleID)
+        for (qsizetype index = 0; index < wishes.size(); ++index) {
+            if (wishes[index].pane.app->bundleID != bundleID)
                 continue;
-            theirs << panes[index];
+            theirs << wishes[index];
             indices << index;
         }
         const auto chosen = chooseWindows(theirs, seen);
         for (qsizetype i = 0; i < chosen.size(); ++i) {
             if (!chosen[i])
                 continue;
-            claims[indices[i]] = windows[*chosen[i]];
-            m_claimed.insert(windows[*chosen[i]].window);
+            claims[indices[i]] = windows[*chosen[i]].found;
+            m_claimed.insert(windows[*chosen[i]].found.window);
         }
     }
     return claims;
-}
-
-bool WindowFinder::hasWindow(const QString &bundleID)
-{
-    return std::ranges::any_of(runningProcesses().value(bundleID), [&](pid_t pid) {
-        return std::ranges::any_of(
-            windowsOf(pid), [&](const AXWindow &window) { return window.belongsTo(bundleID); });
-    });
 }
 
 expected<Rect, AXError> WindowFinder::frame(const AXWindow &window)
@@ -95,34 +87,37 @@ QList<AXWindow> WindowFinder::windowsOf(pid_t pid)
 }
 
 /// By application, front to back within each process.
-QHash<QString, QList<WindowFinder::Found>> WindowFinder::candidates(const QList<Pane> &panes)
+QHash<QString, QList<WindowFinder::Candidate>> WindowFinder::candidates(
+    const QList<PaneWish> &wishes)
 {
     const ProcessesByID processes = runningProcesses();
     ProcessesByID wanted;
     QList<pid_t> pids;
-    for (const Pane &pane : panes) {
-        const QString &bundleID = pane.app->bundleID;
+    for (const PaneWish &wish : wishes) {
+        const QString &bundleID = wish.pane.app->bundleID;
         if (!wanted.contains(bundleID))
             pids << wanted.insert(bundleID, processes.value(bundleID)).value();
     }
     pids.removeIf([this](pid_t pid) { return m_unanswering.contains(pid); });
     Platform::current().windows().lookAhead(pids);
 
-    m_showing.clear();
-    QHash<QString, QList<Found>> candidates;
+    QHash<QString, QList<Candidate>> candidates;
     QSet<AXWindow> seen = m_claimed;
     for (const auto &[bundleID, instances] : wanted.asKeyValueRange()) {
+        m_shown[bundleID] = 0;
         for (const pid_t pid : instances) {
+            int stack = 0;
             for (const AXWindow &window : windowsOf(pid)) {
+                const int position = stack++;
                 if (!window.belongsTo(bundleID))
                     continue;
-                m_showing.insert(bundleID);
+                ++m_shown[bundleID];
                 if (seen.contains(window))
                     continue;
                 seen.insert(window);
                 const auto frame = this->frame(window);
                 if (frame || frame.error() != AXError::invalidUIElement)
-                    candidates[bundleID] << Found{window, frame};
+                    candidates[bundleID] << Candidate{{window, frame}, position};
             }
         }
     }

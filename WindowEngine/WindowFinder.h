@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AXWindow.h"
-#include "Pane.h"
+#include "PaneChoice.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -20,13 +20,9 @@ public:
 
     /// One look at the applications of these panes, which are in the order of their placing. Each pane
     /// gets a window that no pane has got before, or none. Only inside an operation.
-    [[nodiscard]] QList<std::optional<Found>> claim(const QList<Pane> &panes);
-    [[nodiscard]] bool hasWindow(const QString &bundleID);
-    /// Whether it had a window, its pane's or another, at the latest look.
-    [[nodiscard]] bool hasShown(const QString &bundleID) const
-    {
-        return m_showing.contains(bundleID);
-    }
+    [[nodiscard]] QList<std::optional<Found>> claim(const QList<PaneWish> &wishes);
+    /// How many windows it had at the latest look, in panes or not.
+    [[nodiscard]] qsizetype shown(const QString &bundleID) const { return m_shown.value(bundleID); }
 
     [[nodiscard]] expected<Rect, AXError> frame(const AXWindow &window);
     [[nodiscard]] QString title(const AXWindow &window);
@@ -37,14 +33,19 @@ public:
     [[nodiscard]] static QSet<QString> running();
 
 private:
+    struct Candidate {
+        Found found;
+        int stack = 0; ///< among the windows of its process
+    };
+
     template <typename Question>
     [[nodiscard]] std::invoke_result_t<Question> ask(pid_t pid, Question question);
     [[nodiscard]] QList<AXWindow> windowsOf(pid_t pid);
-    [[nodiscard]] QHash<QString, QList<Found>> candidates(const QList<Pane> &panes);
+    [[nodiscard]] QHash<QString, QList<Candidate>> candidates(const QList<PaneWish> &wishes);
 
     QSet<AXWindow> m_claimed; ///< each belongs to one pane, even if it did not move
     QSet<pid_t> m_unanswering;
-    QSet<QString> m_showing;
+    QHash<QString, qsizetype> m_shown;
 };
 
 } // namespace corvane

@@ -81,7 +81,7 @@ TEST_F(LayoutEngineTests, aPlacedWindowIsToldWithItsFrameBeforeAndAfter)
         .panes = {pane(leftHalf), {.display = 1, .rect = rightHalf, .app = editorApp}}});
 
     EXPECT_EQ(results[0].status, Status{Status::DisplayMissing{}});
-    EXPECT_EQ(results[1].status, (Status{Status::Placed{u"Notes"_s, reached, before}}));
+    EXPECT_EQ(results[1].status, (Status{Status::Placed{u"Notes"_s, reached, before, false}}));
     EXPECT_EQ(frameOf(window), reached);
     EXPECT_THAT(told, ElementsAre(before));
 }
