@@ -31,20 +31,6 @@ protected:
     pid_t pid = 0;
 };
 
-TEST_F(SimulatedDesktopTests, aLateWindowTakesItsSizeOnTimeEvenWhileTheCallerSleeps)
-{
-    const auto window = desktop.openWindow(pid, {.frame = {0, 0, 400, 300}, .resizesAfter = 100ms});
-
-    EXPECT_EQ(windows.setSize(window, {600, 500}), AXError::success);
-    clock.sleep(60ms);
-    EXPECT_EQ(windows.setSize(window, {620, 520}), AXError::success);
-    EXPECT_EQ(frameOf(window).size(), (Size{400, 300}));
-    clock.sleep(40ms);
-    EXPECT_EQ(frameOf(window).size(), (Size{600, 500}));
-    clock.sleep(60ms);
-    EXPECT_EQ(frameOf(window).size(), (Size{620, 520}));
-}
-
 TEST_F(SimulatedDesktopTests, aWindowTakesTheNearestSizeThatItsLimitsAllow)
 {
     struct Case {
@@ -132,18 +118,6 @@ TEST_F(SimulatedDesktopTests, aVanishingWindowAnswersSoManyCallsAndIsGone)
     EXPECT_TRUE(windows.frame(window));
     EXPECT_EQ(windows.setPosition(window, {1, 1}), AXError::invalidUIElement);
     EXPECT_EQ(desktop.findWindow(window), nullptr);
-}
-
-TEST_F(SimulatedDesktopTests, aDesktopThatFitsSizesCutsThemWhereTheWindowStands)
-{
-    desktop.fitsSizesToDisplay = true;
-    const auto window = desktop.openWindow(pid, {.frame = {700, 500, 200, 200}});
-
-    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
-    EXPECT_EQ(frameOf(window), (Rect{700, 500, 300, 300}));
-    EXPECT_EQ(windows.setPosition(window, {100, 100}), AXError::success);
-    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
-    EXPECT_EQ(frameOf(window), (Rect{100, 100, 600, 600}));
 }
 
 TEST_F(SimulatedDesktopTests, aHeldSizeIsAskedForAtTheNewPlace)

@@ -101,20 +101,6 @@ TEST_P(PlatformContract, aWindowReadAnewInsideAnOperationIsSeenAsItIsByThen)
     }));
 }
 
-TEST_P(PlatformContract, aSizeIsFinalOnceTheWindowsOwnLimitsExplainIt)
-{
-    const pid_t pid = world().startApplication();
-    const WindowElement fixed = world().openWindow(pid, {.fixedSize = true});
-    const WindowElement least = world().openWindow(pid, {.minimum = Size{450, 350}});
-
-    EXPECT_TRUE(windows().isFinal(fixed, {700, 600}));
-    EXPECT_TRUE(windows().isFinal(least, {500, 400}));
-    EXPECT_FALSE(windows().isFinal(least, {200, 600}));
-    EXPECT_EQ(windows().setSize(least, {200, 600}), AXError::success);
-    EXPECT_TRUE(world().waitUntil([&] { return windows().isFinal(least, {200, 600}); }));
-    EXPECT_FALSE(windows().isFinal(least, {700, 600}));
-}
-
 TEST_P(PlatformContract, aGoneWindowAnswersEveryCallWithInvalid)
 {
     const WindowElement window = world().openWindow(world().startApplication());
@@ -260,6 +246,7 @@ TEST_P(PlatformContract, aWindowOfFixedSizeMovesAndKeepsIt)
 
     EXPECT_EQ(windows().isResizable(window), false);
     EXPECT_TRUE(reaches(window, {240, 130, 420, 310}));
+    EXPECT_TRUE(windows().isFinal(window, {700, 600}));
     world().settle();
     EXPECT_TRUE(reaches(window, {240, 130, 420, 310}));
 }
@@ -269,11 +256,13 @@ TEST_P(PlatformContract, aWindowStopsShrinkingAtItsMinimum)
     const WindowElement window =
         world().openWindow(world().startApplication(), {.minimum = Size{450, 350}});
 
+    EXPECT_FALSE(windows().isFinal(window, {200, 600}));
     EXPECT_EQ(windows().setPosition(window, {90, 80}), AXError::success);
     EXPECT_EQ(windows().setSize(window, {200, 600}), AXError::success);
 
     EXPECT_EQ(windows().isResizable(window), true);
     EXPECT_TRUE(reaches(window, {90, 80, 450, 600}));
+    EXPECT_TRUE(windows().isFinal(window, {200, 600}));
 }
 
 } // namespace corvane

@@ -91,13 +91,16 @@ TEST_F(AXWindowTests, onlyAWindowThatMayYetFollowIsWaitedForAndOnlyUntilItDoes)
     }
 }
 
-TEST_F(AXWindowTests, aWindowThatInsistsOnItsMinimumKeepsToItsEdge)
+TEST_F(AXWindowTests, aWindowThatInsistsOnItsMinimumKeepsToItsEdgeWhereThereAreBounds)
 {
-    const AXWindow window = desk.open({.frame = {0, 25, 800, 875}, .minimum = {600, 400}});
+    for (const auto &[bounds, x] :
+        {std::pair{std::optional(Desk::laptopArea), 840.0}, {std::nullopt, 960.0}}) {
+        const AXWindow window = desk.open({.frame = {0, 25, 800, 875}, .minimum = {600, 400}});
 
-    ASSERT_TRUE(move(window, rightThird));
+        ASSERT_TRUE(window.setFrame(rightThird, bounds, slack));
 
-    EXPECT_EQ(desk.frameOf(window), (Rect{840, 25, 600, 875}));
+        EXPECT_EQ(desk.frameOf(window), (Rect{x, 25, 600, 875}));
+    }
 }
 
 TEST_F(AXWindowTests, aWindowIsToldItsPlaceAgainOnlyWhereItIsNotThere)
@@ -119,15 +122,6 @@ TEST_F(AXWindowTests, aWindowIsToldItsPlaceAgainOnlyWhereItIsNotThere)
         EXPECT_EQ(desk.frameOf(astray), leftHalf);
         EXPECT_EQ(desk.platform.windows().writes().size(), 4);
     }
-}
-
-TEST_F(AXWindowTests, withoutBoundsItStaysWhereItWasAsked)
-{
-    const AXWindow window = desk.open({.frame = {0, 25, 800, 875}, .minimum = {600, 400}});
-
-    ASSERT_TRUE(window.setFrame(rightThird, std::nullopt, slack));
-
-    EXPECT_EQ(desk.frameOf(window), (Rect{960, 25, 600, 875}));
 }
 
 TEST_F(AXWindowTests, twoPointsTooLargeAreLetBe)
