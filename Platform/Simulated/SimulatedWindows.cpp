@@ -79,13 +79,7 @@ QList<OnScreenWindow> SimulatedWindows::onScreenWindows()
 
 expected<Rect, AXError> SimulatedWindows::frame(const WindowElement &window)
 {
-    return look(window).map([this](const SimulatedWindow *seen) {
-        if (!m_desktop.sharesLooks || m_operationDepth == 0)
-            return seen->frame;
-        if (!m_looks.contains(seen->element))
-            m_looks.insert(seen->element, seen->frame);
-        return m_looks.value(seen->element);
-    });
+    return look(window).map([this](const SimulatedWindow *seen) { return seenFrame(*seen); });
 }
 
 expected<QString, AXError> SimulatedWindows::title(const WindowElement &window)
@@ -136,7 +130,7 @@ AXError SimulatedWindows::setSize(const WindowElement &window, Size size)
 bool SimulatedWindows::isFinal(const WindowElement &window, Size size)
 {
     const auto seen = look(window);
-    return seen && (*seen)->frame.size() == (*seen)->constrained(size);
+    return seen && seenFrame(**seen).size() == (*seen)->constrained(size);
 }
 
 QString SimulatedWindows::refusalDetail(const WindowElement &window)
@@ -297,6 +291,15 @@ expected<SimulatedWindow *, AXError> SimulatedWindows::look(const WindowElement 
     if (window)
         sendHeldSize(**window);
     return window;
+}
+
+Rect SimulatedWindows::seenFrame(const SimulatedWindow &window)
+{
+    if (!m_desktop.sharesLooks || m_operationDepth == 0)
+        return window.frame;
+    if (!m_looks.contains(window.element))
+        m_looks.insert(window.element, window.frame);
+    return m_looks.value(window.element);
 }
 
 AXError SimulatedWindows::answer(pid_t pid)

@@ -80,6 +80,7 @@ private:
     expected<SimulatedWindow *, AXError> reach(const WindowElement &element);
     /// The same for a read, which sees the sizes that were held back.
     expected<SimulatedWindow *, AXError> look(const WindowElement &element);
+    Rect seenFrame(const SimulatedWindow &window);
     AXError answer(pid_t pid);
     std::optional<AXError> refusal(SimulatedWindow &window, std::optional<AXError> refused);
     AXError writePosition(const WindowElement &element, Point origin);
