@@ -124,11 +124,11 @@ TEST_F(X11WindowTests, aProgramIsRegularWhileTheTaskBarListsAWindowOfIt)
     QObject::connect(
         &applications(), &Applications::launched, &applications(), [&] { ++launches; });
     const xcb_window_t window = client.show({});
-    for (const bool isListed : {true, false, true}) {
+    for (const auto &[isListed, told] : {std::pair{true, 1}, {false, 1}, {true, 2}}) {
         (*platform)->session().setListed(window, isListed);
         EXPECT_TRUE(eventually([&] {
             const auto application = applications().application(client.pid());
-            return application && application->isRegular == isListed;
+            return application && application->isRegular == isListed && launches == told;
         }));
     }
     client.close(window);
