@@ -88,11 +88,7 @@ expected<WindowSnapshot, AXError> WindowPlacer::placeOutOfState(
     m_refusalDetail.clear();
     if (drawsItself(before))
         watch(window);
-    // Both halves in one message, whichever it is in.
-    const bool isMaximized = before.isMaximized();
-    changeState(window, StateChange::remove, {isMaximized, isMaximized, before.fullScreen, Rect{}});
-    const auto normal = settled(
-        window, [](const WindowSnapshot &now) { return !now.isMaximized() && !now.fullScreen; });
+    const auto normal = leaveState(window, before);
     auto current = normal ? moved(window, *normal, frame) : normal;
     if (current && m_watched == window) {
         m_frames.start(window);
@@ -105,6 +101,23 @@ expected<WindowSnapshot, AXError> WindowPlacer::placeOutOfState(
     if (normal)
         m_normalFrame = current ? normalFrame(*normal, *current) : normal->frame();
     return current;
+}
+
+expected<WindowSnapshot, AXError> WindowPlacer::leaveState(
+    xcb_window_t window, const WindowSnapshot &before)
+{
+    // Both halves in one message, whichever it is in.
+    const bool isMaximized = before.isMaximized();
+    changeState(window, StateChange::remove, {isMaximized, isMaximized, before.fullScreen, Rect{}});
+    const auto normal = settled(
+        window, [](const WindowSnapshot &now) { return !now.isMaximized() && !now.fullScreen; });
+    if (!normal || normal->shadow == before.shadow || !m_windowManager.keepsFrames()
+        || m_watched != window)
+        return normal;
+    // The client was quick to draw its shadow, and the window manager has yet to make room for it.
+    return followClient(
+        window, *normal, [&](const WindowSnapshot &now) { return now.client != normal->client; },
+        std::nullopt);
 }
 
 void WindowPlacer::handle(const xcb_generic_event_t &event)
@@ -217,12 +230,17 @@ void WindowPlacer::send(xcb_window_t window, const Rect &request)
             side(request.height)});
 }
 
-expected<WindowSnapshot, AXError> WindowPlacer::moved(
+expected<WindowSnapshot, AXError> WindowPlacer::requested(
     xcb_window_t window, const WindowSnapshot &from, const Rect &frame)
 {
     send(window, from.requestFor(frame));
-    const auto now =
-        settled(window, [&](const WindowSnapshot &snapshot) { return isAt(snapshot, frame); });
+    return settled(window, [&](const WindowSnapshot &now) { return isAt(now, frame); });
+}
+
+expected<WindowSnapshot, AXError> WindowPlacer::moved(
+    xcb_window_t window, const WindowSnapshot &from, const Rect &frame)
+{
+    const auto now = requested(window, from, frame);
     if (now && now->client == from.client && differs(now->frame().origin(), frame.origin()))
         return unexpected<AXError>(
             refuse(AXError::failure, u"the window manager kept it where it is"_s));
@@ -240,8 +258,9 @@ expected<WindowSnapshot, AXError> WindowPlacer::followClient(xcb_window_t window
          ++round) {
         m_disturbed = false;
         auto now = look(window);
+        // A window manager that keeps frames may be about to correct the client's rectangle by itself.
         if (now && frame && !isAt(*now, *frame))
-            now = moved(window, *now, *frame);
+            now = requested(window, *now, *frame);
         if (!now)
             return now;
         current = *now;

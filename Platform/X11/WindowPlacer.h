@@ -36,6 +36,8 @@ private:
     void handle(const xcb_generic_event_t &event) override;
     [[nodiscard]] static bool isAt(const WindowSnapshot &window, const Rect &frame);
     [[nodiscard]] static bool isIn(const WindowSnapshot &window, const WindowState &state);
+    [[nodiscard]] expected<WindowSnapshot, AXError> leaveState(
+        xcb_window_t window, const WindowSnapshot &before);
     [[nodiscard]] bool hasDrawnItself(
         const WindowSnapshot &window, const Extents &shadowBefore) const;
     [[nodiscard]] Rect normalFrame(WindowSnapshot normal, const WindowSnapshot &drawn) const;
@@ -47,6 +49,9 @@ private:
         xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
     void changeState(xcb_window_t window, StateChange change, const WindowState &state);
     void send(xcb_window_t window, const Rect &request);
+    [[nodiscard]] expected<WindowSnapshot, AXError> requested(
+        xcb_window_t window, const WindowSnapshot &from, const Rect &frame);
+    /// The same; an error where it stayed what it was.
     [[nodiscard]] expected<WindowSnapshot, AXError> moved(
         xcb_window_t window, const WindowSnapshot &from, const Rect &frame);
     void watch(xcb_window_t window);
