@@ -194,7 +194,8 @@ void X11Applications::follow(const WindowElement &window, const WindowNames &bef
         return;
     --left->windowCount;
     if (left->windowCount <= 0 && !left->isFinal)
-        std::erase_if(process->second.roles, [left](const Role &role) { return &role == left; });
+        process->second.roles.erase(
+            process->second.roles.begin() + (left - process->second.roles.data()));
     take(window, known);
 }
 
@@ -293,8 +294,10 @@ QList<RunningApplication> X11Applications::describe(Process &process)
         // A splash screen or panel does not name the application for good.
         if (role.isRegular != isRegular)
             continue;
-        if (const RunningApplication application = describe(role);
-            !applications.contains(application))
+        const RunningApplication application = describe(role);
+        const QString &id = application.bundleIdentifier;
+        if (std::ranges::find(applications, id, &RunningApplication::bundleIdentifier)
+            == applications.end())
             applications << application;
     }
     return applications;
