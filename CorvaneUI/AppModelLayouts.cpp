@@ -238,6 +238,8 @@ WindowLayout AppModel::mend(const WindowLayout &layout)
     const WindowLayout whole = mended(layout);
     QList<WindowLayout> layouts = m_layouts;
     if (const qsizetype index = layouts.indexOf(layout); index >= 0 && whole != layout) {
+        if (m_history.savedVersion(layout.id) == layout)
+            m_history.setSaved(whole);
         layouts[index] = whole;
         static_cast<void>(setLayouts(std::move(layouts)));
     }

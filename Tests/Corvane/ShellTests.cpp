@@ -146,17 +146,16 @@ TEST_F(ShellTests, everyCallOverTheBusBringsItsActivationTokenAlong)
         return []() -> QCoro::Task<CommandResult> { co_return CommandResult{}; }();
     };
     InstanceService instance(&object, run);
-    ApplicationService application(&object, run);
+    ApplicationService application(&object, run, {});
     QString output;
     QString error;
 
     application.Activate({{u"activation-token"_s, u"a"_s}, {u"desktop-startup-id"_s, u"x"_s}});
     application.Open({u"corvane://settings/about"_s}, {{u"desktop-startup-id"_s, u"b"_s}}, {});
-    application.ActivateAction(u"capture"_s, {}, {{u"activation-token"_s, u"c"_s}}, {});
     instance.RunWith({}, {{u"activation-token"_s, u"d"_s}}, {}, output, error);
     instance.Run({}, {}, output, error);
 
-    EXPECT_EQ(tokens, (QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s, QString()}));
+    EXPECT_EQ(tokens, (QStringList{u"a"_s, u"b"_s, u"d"_s, QString()}));
 }
 
 TEST_F(ShellTests, trustIsLookedForOnlyWhileItIsMissing)
