@@ -324,6 +324,80 @@ TEST_F(LayoutEngineTests, anOpenedAppWithAnotherWindowThanTheOneNamedIsSaidToHav
     EXPECT_EQ(statusText(results[0].status), u"was opened, and its window is not the one named"_s);
 }
 
+TEST_F(LayoutEngineTests, windowsThatMissAreAskedForOneByOneAndNoneTooMany)
+{
+    using enum InstalledApplication::FurtherStart;
+    struct Example {
+        const char *name;
+        InstalledApplication habits;
+        int windows; ///< open at first; none: it does not run; below zero: it lives on without any
+        QList<Pane> panes;
+        QString outcomes;
+        qsizetype windowsThen;
+    };
+    const auto captured = [](const UnitRect &rect, const QString &title) {
+        return Pane{.rect = rect, .app = mail, .titleContains = title, .capturedTitle = title};
+    };
+    Pane closed = captured(rightHalf, u"B"_s);
+    closed.launch = false;
+    const QList<Pane> two{captured(leftHalf, u"A"_s), captured(rightHalf, u"B"_s)};
+    const QList<Pane> three = two + QList<Pane>{{.rect = leftHalf, .app = mail}};
+    const Example examples[]{
+        {"lives on without a window", {.furtherStart = window}, -1, {two[0]}, u"placed"_s, 1},
+        {"a start is a window", {.furtherStart = window}, 1, three, u"placed placed placed"_s, 3},
+        {"a start is a process", {}, 1, two, u"placed placed"_s, 2},
+        {"an action is a window", {.furtherStart = windowIfItHasNone, .opensFurtherWindows = true},
+            1, three, u"placed placed placed"_s, 3},
+        {"does not run", {.opensAfter = 2s, .furtherStart = window}, 0, two, u"placed placed"_s, 2},
+        {"never shows one", {.opensAfter = {}}, 0, two, u"launched launched"_s, 0},
+        {"has but one", {.hasOneWindow = true}, 1, two, u"placed noWindow"_s, 1},
+        {"is asked in vain", {.furtherStart = windowIfItHasNone}, 1, three,
+            u"placed launched launched"_s, 1},
+        {"opening is off", {.furtherStart = window}, 1, {two[0], closed}, u"placed noWindow"_s, 1},
+        {"a title is demanded", {.furtherStart = window}, 1,
+            {two[0], {.rect = rightHalf, .app = mail, .titleContains = u"B"_s}},
+            u"placed noWindow"_s, 1},
+    };
+
+    for (const Example &example : examples) {
+        SCOPED_TRACE(example.name);
+        LayoutDesk desk;
+        InstalledApplication habits = example.habits;
+        habits.bundleIdentifier = mail.bundleID;
+        habits.windows = {{.title = u"New"_s}};
+        desk.desktop.install(habits);
+        if (example.windows != 0) {
+            const AXWindow first = desk.openFrom(desk.desktop.start(mail.bundleID, mail.name));
+            if (example.windows < 0)
+                desk.desktop.closeWindow(first.element);
+        }
+        desk.advance(30s);
+
+        EXPECT_EQ(desk.outcomes(example.panes), example.outcomes);
+        EXPECT_EQ(desk.desktop.stack().size(), example.windowsThen);
+    }
+}
+
+TEST_F(LayoutEngineTests, aCapturedDeskComesBackWithOtherDocumentsAndAnUntouchedOneStays)
+{
+    const AXWindow right = open({.title = u"~"_s, .frame = onTheRight});
+    const AXWindow left = open({.title = u"~"_s, .frame = onTheLeft});
+    const WindowLayout captured = engine.capture({});
+    ASSERT_EQ(captured.panes.size(), 2);
+
+    desktop.raise(right.element);
+    EXPECT_EQ(
+        apply(captured)[0].status, (Status{Status::Placed{u"~"_s, onTheLeft, onTheLeft, false}}));
+    EXPECT_EQ(frameOf(right), onTheRight);
+
+    simulated(left).title = u"Another"_s;
+    drag(left, {10, 40, 300, 300});
+    drag(right, {900, 40, 300, 300});
+    EXPECT_EQ(outcomes(captured.panes), u"placed placed"_s);
+    EXPECT_TRUE((frameOf(left) == onTheLeft) != (frameOf(left) == onTheRight));
+    EXPECT_NE(frameOf(left), frameOf(right));
+}
+
 TEST_F(LayoutEngineTests, anAppThatQuitsMeanwhileIsGivenUp)
 {
     const AXWindow other = openFrom(desktop.start(mail.bundleID, mail.name));
