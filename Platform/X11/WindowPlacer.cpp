@@ -92,8 +92,8 @@ expected<WindowSnapshot, AXError> WindowPlacer::placeOutOfState(
     auto current = normal ? moved(window, *normal, frame) : normal;
     if (current && m_watched == window) {
         m_frames.start(window);
-        const auto isDone = [&, shadow = current->shadow](const WindowSnapshot &now) {
-            return isAt(now, frame) && hasDrawnItself(now, shadow);
+        const auto isDone = [&](const WindowSnapshot &now) {
+            return isAt(now, frame) && hasDrawnItself(now, before.shadow);
         };
         current = followClient(window, *current, isDone, frame);
     }
@@ -258,8 +258,9 @@ expected<WindowSnapshot, AXError> WindowPlacer::followClient(xcb_window_t window
          ++round) {
         m_disturbed = false;
         auto now = look(window);
-        // A window manager that keeps frames may be about to correct the client's rectangle by itself.
-        if (now && frame && !isAt(*now, *frame))
+        // A window manager that keeps frames makes room for the shadow by itself.
+        const bool isKept = m_windowManager.keepsFrames() && now && now->shadow != current.shadow;
+        if (now && frame && !isKept && !isAt(*now, *frame))
             now = requested(window, *now, *frame);
         if (!now)
             return now;
