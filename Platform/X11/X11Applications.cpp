@@ -256,8 +256,12 @@ void X11Applications::reviewRegular(std::optional<pid_t> only)
             regular[role] |= isListed;
     }
     for (const auto &[role, isRegular] : regular.asKeyValueRange()) {
-        if (std::exchange(role->isRegular, isRegular) != isRegular && isRegular)
+        if (std::exchange(role->isRegular, isRegular) == isRegular)
+            continue;
+        if (isRegular)
             announce(role->traces.pid);
+        else
+            m_processes.at(role->traces.pid).launched.removeOne(describe(*role).bundleIdentifier);
     }
 }
 
