@@ -141,19 +141,41 @@ void X11HotKeys::reviewSoon()
     });
 }
 
-/// Starts anew where the modifiers are others now, or where nothing answered to a registration.
+/// Starts anew where the modifiers are others now, or where nothing answered to a registration. Keys
+/// stay grabbed meanwhile, wherever they lie: a key press may fall between.
 void X11HotKeys::review()
 {
     const Answers answers(m_connection);
     const ModifierBits bits = readModifierBits(m_connection);
     if (!answers.complete() || (bits == m_bits && !m_missedAnswer))
         return;
-    m_missedAnswer = false;
+    QSet<Combination> old = combinations();
+    m_bits = bits;
+    bool isWhole = !std::exchange(m_missedAnswer, false);
+    for (Registration &registration : m_registrations) {
+        const auto now = bitsFor(registration.modifiers);
+        registration.bits = now.value_or(registration.bits);
+        isWhole = now && grab(registration) == noErr && isWhole;
+    }
+    for (const auto &[keycode, modifiers] : old.subtract(combinations()))
+        xcb_ungrab_key(m_connection.xcb(), keycode, m_connection.root(), modifiers);
+    xcb_flush(m_connection.xcb());
+    if (isWhole)
+        return;
     for (const Registration &registration : std::as_const(m_registrations))
         ungrab(registration);
-    m_bits = bits;
     m_registrations.clear();
     Q_EMIT registrationsLost();
+}
+
+QSet<X11HotKeys::Combination> X11HotKeys::combinations() const
+{
+    QSet<Combination> combinations;
+    for (const Registration &registration : m_registrations) {
+        for (const quint16 bits : lockVariants(registration.bits))
+            combinations.insert({registration.keycode, bits});
+    }
+    return combinations;
 }
 
 std::optional<quint16> X11HotKeys::bitsFor(quint32 modifiers) const

@@ -5,6 +5,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QMap>
+#include <QtCore/QSet>
 
 namespace corvane::x11 {
 
@@ -36,6 +37,10 @@ private:
     void review();
 
     [[nodiscard]] qint32 registerAnswered(quint32 id, quint16 keyCode, quint32 modifiers);
+    /// What is grabbed, or should be: a key with modifiers, locks among them.
+    using Combination = std::pair<xcb_keycode_t, quint16>;
+
+    [[nodiscard]] QSet<Combination> combinations() const;
     [[nodiscard]] std::optional<quint16> bitsFor(quint32 modifiers) const;
     [[nodiscard]] QList<quint16> lockVariants(quint16 bits) const;
     [[nodiscard]] qint32 grab(const Registration &registration);

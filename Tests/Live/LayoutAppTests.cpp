@@ -52,7 +52,7 @@ protected:
             // Not at once: the frame that it took has to be read before it is gone.
             {"leaving", {u"open=Leaving"_s, u"wait-until-resized"_s, u"wait=1000"_s, u"quit"_s},
                 "placed", false},
-            {"gone", {u"open=Gone"_s, u"wait=1500"_s, u"quit"_s}, "launched", false},
+            {"gone", {u"open=Gone"_s, u"wait=1500"_s, u"quit"_s}, "placed", false},
             {"hasty", {u"quit"_s}, "launched", false},
             {"mute", {}, "launched", false},
         };
