@@ -219,11 +219,6 @@ bool AXWindow::bringToFrontAlone() const
     return access().bringToFrontAlone(element);
 }
 
-bool AXWindow::stackBelow(const AXWindow &other) const
-{
-    return access().stackBelow(element, other.element);
-}
-
 expected<void, MoveError> AXWindow::setFrame(
     const Rect &target, const std::optional<Rect> &bounds, double slack) const
 {

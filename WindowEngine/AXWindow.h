@@ -50,8 +50,6 @@ struct AXWindow {
     void makeMain() const;
     /// Brings only this window forward. False where the desktop has no way to.
     bool bringToFrontAlone() const;
-    /// Puts the window directly under the other one. False where the desktop has no way to.
-    bool stackBelow(const AXWindow &other) const;
 
     /// Moves the window to `target`. A window that insists on being larger keeps to the edges of
     /// `bounds` that the target touches within `slack`; one that stays smaller is no error. May

@@ -3,7 +3,6 @@
 #include "Platform.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace corvane {
 
@@ -20,7 +19,7 @@ void PlacedStack::add(qsizetype rank, const AXWindow &window)
 
 void PlacedStack::arrange(const QSet<pid_t> &unanswering)
 {
-    QList<qsizetype> added = std::exchange(m_added, {});
+    const QList<qsizetype> added = std::exchange(m_added, {});
     if (added.isEmpty())
         return;
     m_unanswering = unanswering;
@@ -39,9 +38,13 @@ void PlacedStack::arrange(const QSet<pid_t> &unanswering)
     const auto isFocused = [&](qsizetype rank) { return m_windows[rank] == focused; };
     if (std::ranges::any_of(added, isFocused) && m_windows.last() != focused)
         bringForward(m_windows.last());
-    std::ranges::sort(added, std::greater());
-    for (const qsizetype rank : std::as_const(added))
-        join(rank, !hasLeft);
+    // Not each under the next one above: some window managers then put it under all windows of that
+    // one's application.
+    const auto lowest = m_windows.constFind(*std::ranges::min_element(added));
+    for (auto each = lowest; each != m_windows.cend(); ++each)
+        raise(*each);
+    if (hasLeft)
+        raise(*focused);
 }
 
 /// In a window of none of the layout's applications.
@@ -61,17 +64,10 @@ void PlacedStack::bringForward(const AXWindow &window) const
     AXWindow::bringForward(window.pid);
 }
 
-void PlacedStack::join(qsizetype rank, bool mayCoverOthers) const
+void PlacedStack::raise(const AXWindow &window) const
 {
-    const auto window = m_windows.find(rank);
-    const auto above = std::next(window);
-    if (m_unanswering.contains(window->pid)
-        || (above != m_windows.cend() && window->stackBelow(*above)) || !mayCoverOthers)
-        return;
-    for (auto each = window; each != m_windows.cend(); ++each) {
-        if (!m_unanswering.contains(each->pid))
-            each->raise();
-    }
+    if (!m_unanswering.contains(window.pid))
+        window.raise();
 }
 
 } // namespace corvane

@@ -24,7 +24,7 @@ public:
 private:
     [[nodiscard]] bool isElsewhere(const std::optional<AXWindow> &focused) const;
     void bringForward(const AXWindow &window) const;
-    void join(qsizetype rank, bool mayCoverOthers) const;
+    void raise(const AXWindow &window) const;
 
     QMap<qsizetype, AXWindow> m_windows; ///< by rank
     QList<qsizetype> m_added;

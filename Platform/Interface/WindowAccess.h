@@ -101,9 +101,6 @@ public:
     /// Brings only this window forward and focuses it. False where the desktop has no way to. Inside
     /// an operation the focus may wait for its end, and go to the last window alone.
     virtual bool bringToFrontAlone(const WindowElement &window) = 0;
-    /// Puts the window directly under the other one, and leaves the focus where it is. False where the
-    /// desktop has no way to.
-    virtual bool stackBelow(const WindowElement &window, const WindowElement &other) = 0;
     [[nodiscard]] virtual std::optional<quint32> windowID(const WindowElement &window) = 0;
 
     /// Asks for `windowCreated` notices of this process.

@@ -28,8 +28,7 @@ public:
     bool holdsSizes = false; ///< a size waits inside an operation, as the interface allows
     bool sharesLooks = false; ///< an operation sees a frame as it first did, but for its own writes
     bool fitsSizesToDisplay = false; ///< a size is cut where the window would leave its display
-    /// One window can come forward without its application's others, and be put under another one.
-    bool bringsOneForward = true;
+    bool bringsOneForward = true; ///< one window can come forward without its application's others
 
     // Displays. The first one plugged in is the primary one; nothing else moves when they change.
     quint32 plug(SimulatedDisplay display);
@@ -75,7 +74,6 @@ public:
     /// Every window, front to back.
     [[nodiscard]] QList<WindowElement> stack() const;
     void raise(const WindowElement &element);
-    void stackBelow(const WindowElement &element, const WindowElement &other);
     void raiseApplication(pid_t pid);
     void focus(const WindowElement &element);
     void focusNothing();

@@ -69,13 +69,6 @@ void SimulatedDesktop::raise(const WindowElement &element)
     m_stack.move(m_stack.indexOf(element.number), 0);
 }
 
-void SimulatedDesktop::stackBelow(const WindowElement &element, const WindowElement &other)
-{
-    Q_ASSERT(findWindow(element) && findWindow(other));
-    m_stack.removeOne(element.number);
-    m_stack.insert(m_stack.indexOf(other.number) + 1, element.number);
-}
-
 void SimulatedDesktop::raiseApplication(pid_t pid)
 {
     std::ranges::stable_partition(

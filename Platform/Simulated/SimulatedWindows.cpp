@@ -202,14 +202,6 @@ bool SimulatedWindows::bringToFrontAlone(const WindowElement &window)
     return true;
 }
 
-bool SimulatedWindows::stackBelow(const WindowElement &window, const WindowElement &other)
-{
-    if (!m_desktop.bringsOneForward || !look(window) || !look(other))
-        return false;
-    m_desktop.stackBelow(window, other);
-    return true;
-}
-
 std::optional<quint32> SimulatedWindows::windowID(const WindowElement &window)
 {
     return look(window) ? std::optional(quint32(window.number)) : std::nullopt;

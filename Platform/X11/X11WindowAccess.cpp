@@ -295,17 +295,6 @@ bool X11WindowAccess::bringToFrontAlone(const WindowElement &window)
     return true;
 }
 
-bool X11WindowAccess::stackBelow(const WindowElement &window, const WindowElement &other)
-{
-    if (access(window) != AXError::success || access(other) != AXError::success
-        || !m_windowManager.supports(Atom::netRestackWindow))
-        return false;
-    m_connection.sendToRoot(static_cast<xcb_window_t>(window.number), Atom::netRestackWindow,
-        {fromPager, static_cast<xcb_window_t>(other.number), XCB_STACK_MODE_BELOW, 0, 0});
-    xcb_flush(m_connection.xcb());
-    return true;
-}
-
 void X11WindowAccess::sendActivate(const WindowElement &window)
 {
     m_connection.sendToRoot(static_cast<xcb_window_t>(window.number), Atom::netActiveWindow,

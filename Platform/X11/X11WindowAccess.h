@@ -47,7 +47,6 @@ public:
     void makeMain(const WindowElement &window) override;
     void bringForward(pid_t pid) override;
     bool bringToFrontAlone(const WindowElement &window) override;
-    bool stackBelow(const WindowElement &window, const WindowElement &other) override;
     std::optional<quint32> windowID(const WindowElement &window) override;
 
     AXError observe(pid_t pid) override;

@@ -216,9 +216,10 @@ TEST_F(LayoutAppTests, aSlowWindowJoinsTheStackUnderTheFrontOneWhichKeepsTheFocu
     const xcb_window_t slow = windowOf(app);
     EXPECT_EQ(reached(slow, target), target);
 
-    EXPECT_TRUE(waitUntil([&] {
-        return probe().stacking() == QList<xcb_window_t>{back, slow, front};
-    }));
+    const QList<xcb_window_t> stacking{back, slow, front};
+    EXPECT_TRUE(waitUntil([&] { return probe().stacking() == stacking; }))
+        << testing::PrintToString(probe().stacking()) << ", not "
+        << testing::PrintToString(stacking);
     EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == front; }));
     EXPECT_EQ(run->waitForExit(Milliseconds{10000}), 0);
 }

@@ -117,27 +117,6 @@ TEST_P(PlatformContract, windowsComeForwardInTheirTurnInsideAnOperation)
     EXPECT_EQ(windows().windows(pid), (QList{second, first, third}));
 }
 
-TEST_P(PlatformContract, aWindowIsPutUnderAnotherWhereTheDesktopCanAndTheFocusStays)
-{
-    const pid_t pid = world().startApplication();
-    const WindowElement back = world().openWindow(pid);
-    const WindowElement focused = world().openWindow(pid);
-    const WindowElement late = world().openWindow(pid);
-    world().focus(focused);
-    EXPECT_TRUE(takesFocus(focused));
-    windows().raise(late);
-
-    if (!windows().stackBelow(late, focused))
-        GTEST_SKIP() << "no window is put under another";
-
-    EXPECT_TRUE(world().waitUntil([&] {
-        return windows().windows(pid) == QList{focused, late, back};
-    }));
-    EXPECT_TRUE(takesFocus(focused));
-    world().closeWindow(focused);
-    EXPECT_TRUE(world().waitUntil([&] { return !windows().stackBelow(late, focused); }));
-}
-
 TEST_P(PlatformContract, aButtonOfThePointerIsDownWhileItIsHeld)
 {
     for (const bool isDown : {true, false}) {

@@ -240,14 +240,14 @@ TEST_F(LayoutEngineTests, aSlowPaneDelaysNoOtherAndItsWindowJoinsTheStackWithout
 {
     struct Example {
         const char *name;
-        bool alone; ///< whether the desktop stacks windows one by one
+        bool alone; ///< whether the desktop brings windows forward one by one
         bool takesFocus; ///< the late window, by itself
         bool userLeaves;
         QByteArray stack; ///< L is the late window, U the user's, below the layout at first
     };
     const Example examples[]{
         {"quiet", true, false, false, "ALCU"},
-        {"raised in turn", false, false, false, "ALCU"},
+        {"with its application", false, false, false, "ALCU"},
         {"takes the focus", true, true, false, "ALCU"},
         {"user elsewhere", true, false, true, "UALC"},
     };
