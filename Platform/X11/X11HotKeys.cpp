@@ -150,8 +150,10 @@ void X11HotKeys::review()
     if (!answers.complete() || (bits == m_bits && !m_missedAnswer))
         return;
     QSet<Combination> old = combinations();
+    // With other modifiers, what was refused before may be had now.
+    const bool hasSameKeys = bits.alt == m_bits.alt && bits.super == m_bits.super;
     m_bits = bits;
-    bool isWhole = !std::exchange(m_missedAnswer, false);
+    bool isWhole = !std::exchange(m_missedAnswer, false) && hasSameKeys;
     for (Registration &registration : m_registrations) {
         const auto now = bitsFor(registration.modifiers);
         registration.bits = now.value_or(registration.bits);

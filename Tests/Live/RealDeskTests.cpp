@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 namespace corvane::desktop {
 
@@ -42,7 +43,7 @@ QList<Program> programs(const QString &folder)
 class RealDeskTests : public LayoutRuns
 {
 protected:
-    using Frames = std::multimap<QString, std::tuple<double, double, double, double>>;
+    using Frames = std::multiset<std::tuple<std::string, double, double, double, double>>;
 
     void SetUp() override
     {
@@ -56,7 +57,11 @@ protected:
         for (const QString &day : {u"Monday"_s, u"Thursday"_s}) {
             write(day + u".txt"_s, "Notes");
             write(day + u".tcl"_s, "wm title . {Plan for " + day.toUtf8() + "}\n");
-            write(day + u".ts"_s, R"(<?xml version="1.0"?><!DOCTYPE TS><TS version="2.1"></TS>)");
+            write(day + u".ts"_s,
+                "<!DOCTYPE TS><TS version=\"2.1\" "
+                "language=\"de\"><context><name>Desk</name><message>"
+                "<source>Window</source><translation>Fenster</translation></message></context></"
+                "TS>");
         }
     }
 
@@ -107,24 +112,32 @@ protected:
         return {};
     }
 
+    /// Beside each other, as far as their sizes allow, and wholly on the display.
     void arrange()
     {
         const auto all = windows();
         for (qsizetype i = 0; i < all.size(); ++i) {
             const double column = static_cast<double>(i % 4);
-            const double row = static_cast<double>(i / 4); // NOLINT(bugprone-integer-division)
-            moveTo(all[i], {17 + 471 * column, 23 + 541 * row, 433, 507});
+            const double row = i < 4 ? 0 : 1;
+            const Rect wanted{17 + 471 * column, 23 + 531 * row, 433, 463};
+            moveTo(all[i], wanted);
+            const Rect now = frame(all[i]);
+            moveTo(all[i],
+                {std::min(wanted.x, standardDisplay.maxX() - now.width),
+                    std::min(wanted.y, standardDisplay.maxY() - now.height), wanted.width,
+                    wanted.height});
         }
+        reached(all.last(), {});
     }
 
-    /// Where the windows of each program have come to rest.
+    /// Where the windows of each program stand.
     Frames frames()
     {
         Frames frames;
         for (const xcb_window_t window : windows()) {
-            const Rect frame = reached(window, {});
+            const Rect frame = this->frame(window);
             frames.emplace(
-                programOf(window), std::tuple(frame.x, frame.y, frame.width, frame.height));
+                programOf(window).toStdString(), frame.x, frame.y, frame.width, frame.height);
         }
         return frames;
     }
@@ -133,7 +146,8 @@ protected:
     {
         for (const xcb_window_t window : windows())
             pager().close(window);
-        EXPECT_TRUE(waitUntil([this] { return windows().isEmpty(); }, Milliseconds{10000}));
+        EXPECT_TRUE(waitUntil([this] { return windows().isEmpty(); }, Milliseconds{10000}))
+            << programOf(windows().value(0)).toStdString();
         m_running.clear();
     }
 
@@ -159,7 +173,11 @@ TEST_F(RealDeskTests, aDeskOfEightComesBackWithOtherDocumentsAndClosed)
     open(u"Monday"_s);
     arrange();
     const Frames captured = frames();
-    ASSERT_EQ(capture(u"Desk"_s).panes.size(), m_programs.size());
+    QStringList ids;
+    for (const Pane &pane : capture(u"Desk"_s).panes)
+        ids << pane.app->bundleID;
+    ASSERT_EQ(ids.size(), m_programs.size())
+        << ids.join(u' ').toStdString() << testing::PrintToString(captured);
     closeAll();
 
     open(u"Thursday"_s);
