@@ -2,6 +2,7 @@
 
 #include "Geometry.h"
 #include "Placement.h"
+#include "WindowAssignment.h"
 
 #include <benchmark/benchmark.h>
 #include <cmath>
@@ -15,8 +16,11 @@ namespace {
 
 constexpr int repetitions = 5;
 constexpr double nanosecondsForAFrame = 100;
+constexpr double millisecondsForAssignment = 5;
+constexpr int windowCount = 200;
 
 const char *const frameName = "placement's frame";
+const char *const assignmentName = "200 windows for 200 panes of one application";
 const char *const floorName = "floor: four calls of std::round";
 
 QList<Placement> placementsWithRegion()
@@ -55,6 +59,27 @@ void fourRounds(benchmark::State &state)
     }
 }
 
+/// Every document is another one, and every window elsewhere.
+QList<WindowTraits> desk(int firstDocument)
+{
+    QList<WindowTraits> windows;
+    for (int i = 0; i < windowCount; ++i) {
+        const double spread = (i * 7919 + firstDocument) % 1500;
+        windows << WindowTraits{
+            u"document %1 in folder %2 - Editor"_s.arg(firstDocument + i).arg(i % 17), i,
+            {spread, spread / 2, 400, 300}};
+    }
+    return windows;
+}
+
+void assignment(benchmark::State &state)
+{
+    const QList<WindowTraits> wishes = desk(0);
+    const QList<WindowTraits> windows = desk(windowCount / 2);
+    for (auto step : state)
+        benchmark::DoNotOptimize(bestAssignment(wishes, windows));
+}
+
 /// Keeps the medians instead of printing them.
 class MedianReporter final : public benchmark::BenchmarkReporter
 {
@@ -79,7 +104,8 @@ private:
 Measurements measureGeometry()
 {
     for (auto *each : {benchmark::RegisterBenchmark(frameName, placementFrame),
-             benchmark::RegisterBenchmark(floorName, fourRounds)})
+             benchmark::RegisterBenchmark(floorName, fourRounds),
+             benchmark::RegisterBenchmark(assignmentName, assignment)})
         each->Repetitions(repetitions)->MinTime(0.1)->Unit(benchmark::kNanosecond);
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
@@ -91,6 +117,8 @@ Measurements measureGeometry()
         {QString::fromLatin1(frameName), frame, u"ns"_s,
             Limit{Limit::Kind::atMost, nanosecondsForAFrame}},
         {u"frame / floor"_s, frame / floor, {}},
+        {QString::fromLatin1(assignmentName), reporter.median(assignmentName) / 1e6, u"ms"_s,
+            Limit{Limit::Kind::atMost, millisecondsForAssignment}},
     };
 }
 

@@ -358,7 +358,8 @@ bool LayoutRun::putBack(Followed &followed, const Rect &strayed)
     auto &placed = std::get<Status::Placed>(m_results[assignment.pane].status.value);
     placed.frame = reached(assignment);
     followed.watch.settle(placed.frame, now());
-    tell(*assignment.window, assignment.pane, {placed.windowTitle, placed.frame, strayed, placed.wasOpened});
+    tell(*assignment.window, assignment.pane,
+        {placed.windowTitle, placed.frame, strayed, placed.wasOpened});
     return true;
 }
 

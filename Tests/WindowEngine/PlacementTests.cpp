@@ -7,33 +7,10 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-TEST(PlacementTests, everyPlacementIsFoundAgainByItsName)
-{
-    for (const Placement placement : allPlacements())
-        EXPECT_EQ(placementNamed(QString(rawValue(placement))), placement);
-}
-
 TEST(PlacementTests, aNameThatDiffersInAnythingIsNone)
 {
     for (const QString &name : {u""_s, u"lefthalf"_s, u"Left Half"_s, u"leftHalf "_s})
         EXPECT_EQ(placementNamed(name), std::nullopt) << qPrintable(name);
-}
-
-TEST(PlacementTests, theGroupsInOrderListEveryPlacementOnceInOrder)
-{
-    QList<Placement> listed;
-    for (const PlacementGroup group : placementGroups())
-        listed << inGroup(group);
-
-    EXPECT_THAT(listed, testing::ElementsAreArray(allPlacements()));
-}
-
-TEST(PlacementTests, cornersAreTitledQuartersThoughTheirNamesAreNot)
-{
-    EXPECT_EQ(title(Placement::topLeft), u"Top Left Quarter"_s);
-    EXPECT_EQ(rawValue(Placement::topLeft), "topLeft"_L1);
-    EXPECT_EQ(title(Placement::original), u"Original Orientation"_s);
-    EXPECT_EQ(title(PlacementGroup::quarters), u"Quarters"_s);
 }
 
 TEST(PlacementTests, aCycleStartsAtItselfAndKeepsToOneEdge)
