@@ -109,15 +109,15 @@ void QuietOpenings::review()
 void QuietOpenings::reviewFocus(xcb_window_t active)
 {
     Newcomer *taker = newcomer(active);
-    if (!taker || taker->mayHaveFocus || taker->focusEnd < Connection::Clock::now()) {
+    if (!taker || taker->mayHaveFocus || taker->focusesLeft == 0
+        || taker->focusEnd < Connection::Clock::now()) {
         // What is not listed yet may turn out to be a newcomer.
         if (const auto known = m_registry.known().constFind(active);
             known != m_registry.known().cend() && known->wasListed)
             setOwner(active);
         return;
     }
-    // Once only: whoever insists is the user, or would not give in to us.
-    taker->mayHaveFocus = true;
+    --taker->focusesLeft;
     if (m_registry.known().contains(m_owner))
         m_connection.sendToRoot(
             m_owner, Atom::netActiveWindow, {fromPager, XCB_CURRENT_TIME, noWindow, 0, 0});

@@ -30,8 +30,10 @@ private:
         xcb_window_t window = noWindow;
         Time end;
         Time focusEnd;
-        bool mayHaveFocus = false; ///< by our own wish, or it was taken from it before
-        int attentionsLeft = 3; ///< that are answered: a program may insist
+        bool mayHaveFocus = false; ///< by our own wish
+        // So many are answered: a program, or its window manager, may insist.
+        int focusesLeft = 3;
+        int attentionsLeft = 3;
     };
 
     void handle(const xcb_generic_event_t &event) override;

@@ -220,7 +220,8 @@ TEST_F(LayoutAppTests, aSlowWindowJoinsTheStackUnderTheFrontOneWhichKeepsTheFocu
     EXPECT_TRUE(waitUntil([&] { return probe().stacking() == stacking; }))
         << testing::PrintToString(probe().stacking()) << ", not "
         << testing::PrintToString(stacking);
-    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == front; }));
+    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == front; }))
+        << probe().activeWindow() << ", not " << front << "; late: " << slow;
     EXPECT_EQ(run->waitForExit(Milliseconds{10000}), 0);
 }
 
