@@ -120,6 +120,12 @@ bool LayoutRun::isWaiting() const
 
 void LayoutRun::pass()
 {
+    // Where the application has ended, no other window comes.
+    const auto isOver = [this, running = WindowFinder::running()](qsizetype index) {
+        return std::holds_alternative<Status::Placed>(m_results[index].status.value)
+            && !running.contains(pane(index).app->bundleID);
+    };
+    m_waiting.removeIf(isOver);
     m_waiting = place(m_waiting);
     m_stack.arrange(m_finder.unanswering());
     tellPassed();
@@ -328,6 +334,7 @@ void LayoutRun::lookAtFollowed()
             pids << pid;
     }
     platform.windows().lookAhead(pids);
+    m_stack.keepFocus(isButtonDown);
     for (qsizetype i = m_followed.size() - 1; i >= 0; --i) {
         if (!look(m_followed[i], isButtonDown))
             m_followed.removeAt(i);
@@ -339,8 +346,11 @@ bool LayoutRun::look(Followed &followed, bool isButtonDown)
 {
     const Assignment &assignment = followed.assignment;
     const auto frame = m_finder.frame(*assignment.window);
-    if (!frame)
+    if (!frame) {
+        if (frame.error() == AXError::invalidUIElement)
+            awaitAnother(assignment.pane);
         return false;
+    }
     const auto finding = followed.watch.look(*frame, isButtonDown, now());
     if (finding == StrayWatch::Finding::strayed)
         return putBack(followed, *frame);
@@ -348,6 +358,17 @@ bool LayoutRun::look(Followed &followed, bool isButtonDown)
     if (followed.watch.isInPlace(*frame))
         std::get<Status::Placed>(m_results[assignment.pane].status.value).frame = *frame;
     return finding != StrayWatch::Finding::over;
+}
+
+/// Some programs show a window while they load, which is none of the kind that loading screens are.
+void LayoutRun::awaitAnother(qsizetype index)
+{
+    const QString &bundleID = pane(index).app->bundleID;
+    if (!m_opened.contains(bundleID))
+        return;
+    m_stack.remove(m_order.indexOf(index));
+    m_waiting << index;
+    std::ranges::sort(m_waiting, {}, [this](qsizetype each) { return m_order.indexOf(each); });
 }
 
 bool LayoutRun::putBack(Followed &followed, const Rect &strayed)

@@ -79,6 +79,7 @@ private:
     void lookAtFollowed();
     /// Whether to follow it further.
     [[nodiscard]] bool look(Followed &followed, bool isButtonDown);
+    void awaitAnother(qsizetype index);
     [[nodiscard]] bool putBack(Followed &followed, const Rect &strayed);
 
     const LayoutEngine &m_engine;

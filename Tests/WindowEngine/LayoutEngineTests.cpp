@@ -241,15 +241,16 @@ TEST_F(LayoutEngineTests, aSlowPaneDelaysNoOtherAndItsWindowJoinsTheStackWithout
     struct Example {
         const char *name;
         bool alone; ///< whether the desktop brings windows forward one by one
-        bool takesFocus; ///< the late window, by itself
+        std::optional<Clock::Duration> takesFocus; ///< so long after it has shown
         bool userLeaves;
         QByteArray stack; ///< L is the late window, U the user's, below the layout at first
     };
     const Example examples[]{
-        {"quiet", true, false, false, "ALCU"},
-        {"with its application", false, false, false, "ALCU"},
-        {"takes the focus", true, true, false, "ALCU"},
-        {"user elsewhere", true, false, true, "UALC"},
+        {"quiet", true, {}, false, "ALCU"},
+        {"with its application", false, {}, false, "ALCU"},
+        {"takes the focus", true, 0s, false, "ALCU"},
+        {"takes it late", true, 100ms, false, "ALCU"},
+        {"user elsewhere", true, {}, true, "UALC"},
     };
 
     for (const Example &example : examples) {
@@ -272,8 +273,15 @@ TEST_F(LayoutEngineTests, aSlowPaneDelaysNoOtherAndItsWindowJoinsTheStackWithout
                 desk.desktop.raise(user.element);
                 desk.desktop.focus(user.element);
             }
-            if (example.takesFocus)
-                desk.desktop.focus(desk.desktop.stack().first());
+            const WindowElement late = desk.desktop.stack()[example.userLeaves ? 1 : 0];
+            const auto takeFocus = [&desk, late] {
+                desk.desktop.raise(late);
+                desk.desktop.focus(late);
+            };
+            if (example.takesFocus == 0s)
+                takeFocus();
+            else if (example.takesFocus)
+                desk.platform.clock().after(*example.takesFocus, &desk.desktop, takeFocus);
         });
 
         EXPECT_EQ(desk.outcomes({pane(leftHalf, u"A"_s, 0), pane(leftHalf, u"C"_s, 2),
@@ -312,6 +320,21 @@ TEST_F(LayoutEngineTests, whatIsComingUpIsNotOpenedAgainByTheNextApply)
     desktop.quit(placed.last().pid);
     EXPECT_EQ(outcomes(panes), u"placed"_s);
     EXPECT_EQ(launches(), 1) << "it had shown its window, and quit";
+}
+
+TEST_F(LayoutEngineTests, aPaneWhoseWindowClosesWhileItsAppLoadsGetsTheNextOne)
+{
+    open();
+    desktop.install({.bundleIdentifier = mail.bundleID, .windows = {{.title = u"Loading"_s}}});
+    platform.clock().after(1s, &desktop, [this] { desktop.closeWindow(placed.first().element); });
+    AXWindow main;
+    platform.clock().after(2s, &desktop,
+        [&] { main = openFrom(placed.first().pid, {.title = u"Main"_s, .takesFocus = false}); });
+
+    EXPECT_EQ(outcomes({{.rect = leftHalf, .app = mail}}), u"placed"_s);
+
+    EXPECT_EQ(frameOf(main), onTheLeft);
+    EXPECT_EQ(AXWindow::focused().window, main);
 }
 
 TEST_F(LayoutEngineTests, anOpenedAppWithAnotherWindowThanTheOneNamedIsSaidToHaveOne)
