@@ -197,9 +197,9 @@ QList<std::optional<qsizetype>> bestAssignment(
         namesakes[wishes[wish].title].first << wish;
     for (const qsizetype window : std::as_const(windowsLeft))
         namesakes[windows[window].title].second << window;
-    for (const auto &[wished, present] : std::as_const(namesakes))
-        settle(wished, present, [&](qsizetype wish, qsizetype window) {
-            return placeCost(wishes[wished[wish]], windows[present[window]]);
+    for (const auto &group : std::as_const(namesakes))
+        settle(group.first, group.second, [&](qsizetype wish, qsizetype window) {
+            return placeCost(wishes[group.first[wish]], windows[group.second[window]]);
         });
 
     const Indices wished = wishesLeft;

@@ -9,7 +9,7 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11
     gtk-3-examples librsvg2-common"
 
 packages_test="appstream desktop-file-utils git clang-format libgtest-dev libgmock-dev
-    librapidcheck-dev xvfb xwayland fluxbox i3-wm icewm kwin-x11 marco
+    librapidcheck-dev xvfb xwayland fluxbox i3-wm icewm kwin-x11 linguist-qt6 marco
     mate-settings-daemon-common metacity mutter sway tk x11-apps xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
