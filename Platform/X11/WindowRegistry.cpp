@@ -70,6 +70,7 @@ void WindowRegistry::refresh()
     if (!answers.complete())
         return;
     m_clients = clients;
+    ++m_statesRevision;
     QList<xcb_window_t> strangers;
     std::ranges::copy_if(m_clients, std::back_inserter(strangers),
         [this](xcb_window_t window) { return !m_known.contains(window); });
@@ -155,6 +156,8 @@ void WindowRegistry::handleProperty(const xcb_property_notify_event_t &event)
     } else if (event.atom == m_connection.atom(Atom::netWmStrutPartial)
         || event.atom == m_connection.atom(Atom::netWmStrut)) {
         refreshStruts();
+    } else if (event.atom == m_connection.atom(Atom::netWmState)) {
+        ++m_statesRevision;
     } else if (isOfNames(m_connection, event.atom)) {
         scheduleNames(event.window);
     }

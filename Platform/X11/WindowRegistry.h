@@ -58,6 +58,8 @@ public:
     [[nodiscard]] const QList<xcb_window_t> &clients() const { return m_clients; }
     /// What the managed windows reserve.
     [[nodiscard]] const QList<Strut> &struts() const { return m_struts; }
+    /// Another number once a listed window has come, gone, or changed its state.
+    [[nodiscard]] quint64 statesRevision() const { return m_statesRevision; }
     /// Managed windows, front to back, as they are now.
     [[nodiscard]] QList<xcb_window_t> frontToBack();
 
@@ -91,6 +93,7 @@ private:
     QList<Strut> m_struts;
     QList<xcb_window_t> m_renamed; ///< their names are to be read again
     quint64 m_lastGeneration = 0;
+    quint64 m_statesRevision = 1;
     pid_t m_lastWithoutProcess = -1; // which itself would be every process, to kill(2)
     bool m_refreshScheduled = false;
     bool m_strutsScheduled = false;

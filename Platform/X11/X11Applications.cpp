@@ -74,7 +74,7 @@ std::optional<RunningApplication> X11Applications::application(pid_t pid)
     const auto process = m_processes.find(pid);
     if (process == m_processes.end())
         return std::nullopt;
-    reviewRegular(pid);
+    reviewRegular();
     return describe(process->second).value(0);
 }
 
@@ -234,13 +234,17 @@ void X11Applications::lose(const WindowElement &, const KnownWindow &known)
 
 /// Programs take their windows out of the task bar, and put them there, while these are open. What has
 /// no window at the time stays what it was.
-void X11Applications::reviewRegular(std::optional<pid_t> only)
+void X11Applications::reviewRegular()
 {
+    m_connection.drain();
+    const quint64 revision = m_registry.statesRevision();
+    if (revision == m_reviewed)
+        return;
+    const Answers answers(m_connection);
     QList<std::pair<xcb_window_t, xcb_get_property_cookie_t>> asked;
     for (const xcb_window_t window : m_registry.clients()) {
         const auto known = m_registry.known().constFind(window);
-        if (known != m_registry.known().cend() && known->kind == WindowKind::standard
-            && only.value_or(known->pid) == known->pid)
+        if (known != m_registry.known().cend() && known->kind == WindowKind::standard)
             asked.emplace_back(window, requestProperty(m_connection, window, Atom::netWmState));
     }
     QHash<xcb_window_t, bool> listed;
@@ -248,6 +252,8 @@ void X11Applications::reviewRegular(std::optional<pid_t> only)
         if (const auto state = propertyReply(m_connection, cookie))
             listed.insert(window, isInTaskbar(m_connection, values32(state)));
     }
+    if (answers.complete())
+        m_reviewed = revision;
     // Only now, since roles come and go while answers arrive.
     QMap<Role *, bool> regular;
     for (const auto &[window, isListed] : listed.asKeyValueRange()) {

@@ -62,7 +62,7 @@ private:
     void take(const WindowElement &window, const KnownWindow &known);
     void announce(pid_t pid);
     void lose(const WindowElement &window, const KnownWindow &known);
-    void reviewRegular(std::optional<pid_t> only = {});
+    void reviewRegular();
     [[nodiscard]] Role *roleOf(const KnownWindow &known);
     void end(pid_t pid);
     [[nodiscard]] bool hasWindow(const QString &bundleIdentifier);
@@ -76,6 +76,7 @@ private:
     freedesktop::Launcher m_launcher{m_entries};
     freedesktop::Rivals m_rivals;
     QuietOpenings m_openings;
+    quint64 m_reviewed = 0; ///< the revision of the windows' states that regularity is known for
     std::map<pid_t, Process> m_processes;
 };
 
