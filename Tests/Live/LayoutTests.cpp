@@ -125,25 +125,6 @@ TEST_F(LayoutTests, aWindowThatRefusesToMoveHoldsUpNoOther)
     EXPECT_EQ(frame(stubborn), standardDisplay);
 }
 
-TEST_F(LayoutTests, aHungApplicationCostsNoMoreThanItsOwnSecond)
-{
-    TestClient other(desktop());
-    const xcb_window_t healthy = other.show({.geometry = {900, 300, 400, 300}, .title = "Healthy"});
-    const xcb_window_t hung = showAt({300, 300, 400, 300}, "Hung");
-    keep({layout({clientPane(leftHalf, u"Hung"_s), clientPane(rightHalf, u"Healthy"_s)})});
-    client().suspend();
-
-    const auto applied = apply(u"Desk"_s);
-
-    // One second for the run, the rest for starting the command that asks for it.
-    EXPECT_LT(applied.duration, Milliseconds{2500});
-    ASSERT_EQ(applied.panes.size(), 2);
-    EXPECT_EQ(applied.panes[1].status, u"placed"_s);
-    expectFrame(healthy, rightHalf);
-    client().resume();
-    EXPECT_TRUE(probe().isManaged(hung));
-}
-
 TEST_F(LayoutTests, theWindowPlacedLastHasTheFocusAndNothingIsClosedOrMinimised)
 {
     const xcb_window_t bystander = showAt({100, 700, 300, 200}, "Bystander");

@@ -31,28 +31,6 @@ protected:
     pid_t pid = 0;
 };
 
-TEST_F(SimulatedDesktopTests, aWindowTakesTheNearestSizeThatItsLimitsAllow)
-{
-    struct Case {
-        WindowSpec spec;
-        Size asked;
-        Size taken;
-    };
-    for (const Case &each : {
-             Case{{.minimum = {300, 200}}, {100, 250}, {300, 250}},
-             Case{{.maximum = Size{500, 450}}, {600, 600}, {500, 450}},
-             Case{{.base = {4, 2}, .increment = {10, 20}}, {128, 81}, {124, 62}},
-             Case{{.minimum = {130, 1}, .increment = {100, 1}}, {199, 55.5}, {130, 55.5}},
-             Case{{.frame = {0, 0, 220, 110}, .fixedSize = true}, {300, 300}, {220, 110}},
-         }) {
-        const auto window = desktop.openWindow(pid, each.spec);
-
-        EXPECT_EQ(windows.setSize(window, each.asked), AXError::success);
-
-        EXPECT_EQ(frameOf(window).size(), each.taken);
-    }
-}
-
 TEST_F(SimulatedDesktopTests, aRefusedWriteChangesNothingAndSaysWhy)
 {
     struct Case {
@@ -96,20 +74,6 @@ TEST_F(SimulatedDesktopTests, aRefusedWriteChangesNothingAndSaysWhy)
     }
 }
 
-TEST_F(SimulatedDesktopTests, aHungApplicationCostsOneMessagingTimeoutPerCall)
-{
-    const auto window = desktop.openWindow(pid, {});
-    desktop.application(pid).hung = true;
-    windows.setMessagingTimeout(0.25);
-
-    EXPECT_EQ(windows.frame(window), unexpected(AXError::cannotComplete));
-    EXPECT_EQ(windows.setPosition(window, {1, 1}), AXError::cannotComplete);
-    EXPECT_EQ(windows.focusedWindow().status, AXError::cannotComplete);
-    EXPECT_EQ(windows.windows(pid), unexpected(AXError::cannotComplete));
-
-    EXPECT_EQ(clock.now(), 1s);
-}
-
 TEST_F(SimulatedDesktopTests, aVanishingWindowAnswersSoManyCallsAndIsGone)
 {
     const auto window = desktop.openWindow(pid, {.vanishesAfterCalls = 2});
@@ -132,42 +96,6 @@ TEST_F(SimulatedDesktopTests, aHeldSizeIsAskedForAtTheNewPlace)
     EXPECT_EQ(windows.setPosition(window, {100, 100}), AXError::success);
 
     EXPECT_EQ(desktop.window(window).frame, (Rect{100, 100, 600, 600}));
-}
-
-TEST_F(SimulatedDesktopTests, theFirstWriteEndsMaximisedAndOnlyTheWrittenPartIsNew)
-{
-    const WindowSpec spec{.frame = {30, 20, 400, 300}, .maximised = true};
-    const auto moved = desktop.openWindow(pid, spec);
-    const auto resized = desktop.openWindow(pid, spec);
-    EXPECT_EQ(frameOf(moved), (Rect{0, 0, 1000, 800}));
-
-    EXPECT_EQ(windows.setPosition(moved, {70, 60}), AXError::success);
-    EXPECT_EQ(windows.setSize(resized, {500, 350}), AXError::success);
-
-    EXPECT_EQ(frameOf(moved), (Rect{70, 60, 400, 300}));
-    EXPECT_EQ(frameOf(resized), (Rect{30, 20, 500, 350}));
-    EXPECT_FALSE(desktop.window(moved).maximised);
-
-    desktop.maximise(moved);
-    EXPECT_EQ(windows.setSize(moved, {500, 350}), AXError::success);
-    EXPECT_EQ(frameOf(moved), (Rect{70, 60, 500, 350}));
-}
-
-TEST_F(SimulatedDesktopTests, theFocusPassesToTheNextWindowThatCanHaveIt)
-{
-    const auto back = desktop.openWindow(pid, {});
-    desktop.openWindow(pid, {.minimised = true});
-    desktop.openWindow(pid, {.onOtherWorkspace = true});
-    desktop.openWindow(pid, {.kind = WindowKind::panel});
-    const auto front = desktop.openWindow(pid, {});
-    EXPECT_EQ(desktop.focused(), front);
-
-    desktop.minimise(front);
-    EXPECT_EQ(desktop.focused(), back);
-
-    desktop.quit(pid);
-    EXPECT_EQ(desktop.focused(), std::nullopt);
-    EXPECT_EQ(windows.focusedWindow().window, std::nullopt);
 }
 
 TEST_F(SimulatedDesktopTests, launchedApplicationsOpenTheirWindowsTheirOwnWay)
@@ -259,26 +187,6 @@ TEST_F(SimulatedDesktopTests, aFurtherWindowComesInTheApplicationsOwnWay)
     }
 }
 
-TEST_F(SimulatedDesktopTests, oneNoticeTellsOfAWholeBurstOfDisplayChanges)
-{
-    int changes = 0;
-    QObject::connect(&platform.displays(), &Displays::changed, [&] { ++changes; });
-
-    const quint32 second = desktop.plug({.frame = {1000, 0, 500, 500}});
-    desktop.addPanel(second, {SimulatedPanel::Edge::left, 20});
-    desktop.makePrimary(second);
-    desktop.resizeDisplay(second, {-500, 0, 500, 600});
-    EXPECT_EQ(changes, 0);
-    platform.deliver();
-    platform.deliver();
-
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(platform.displays().all().first().visibleFrame, (Rect{-480, 0, 480, 600}));
-    desktop.unplug(second);
-    platform.deliver();
-    EXPECT_EQ(changes, 2);
-}
-
 TEST_F(SimulatedDesktopTests, noticesComeAtTheirTimeOnTheManualClock)
 {
     QList<Clock::Duration> times;
@@ -290,18 +198,6 @@ TEST_F(SimulatedDesktopTests, noticesComeAtTheirTimeOnTheManualClock)
     clock.advance(10s);
 
     EXPECT_THAT(times, ElementsAre(3s));
-}
-
-TEST_F(SimulatedDesktopTests, noticesAlsoComeByTheEventLoop)
-{
-    bool wasTold = false;
-    QObject::connect(&windows, &WindowAccess::trustChanged, [&] { wasTold = true; });
-
-    desktop.loseTrust();
-    EXPECT_FALSE(wasTold);
-    QCoreApplication::processEvents();
-
-    EXPECT_TRUE(wasTold);
 }
 
 TEST_F(SimulatedDesktopTests, droppedHotKeysAreToldAndCanBeRegisteredAgain)

@@ -52,16 +52,6 @@ TEST_F(ScreensTests, leftEdgesWithinAPointOrderFromTopToBottom)
     EXPECT_THAT(names(), ElementsAre(u"above"_s, u"primary"_s, u"below"_s));
 }
 
-TEST_F(ScreensTests, areReadAfreshEachTime)
-{
-    plug(u"primary"_s, {0, 0, 1440, 900});
-    ASSERT_THAT(names(), ElementsAre(u"primary"_s));
-
-    plug(u"right"_s, {1440, 0, 1920, 1080});
-
-    EXPECT_THAT(names(), ElementsAre(u"primary"_s, u"right"_s));
-}
-
 TEST_F(ScreensTests, aRectangleBelongsToTheDisplayThatHoldsMostOfIt)
 {
     plug(u"right"_s, {1440, 0, 1920, 1080});
@@ -71,12 +61,6 @@ TEST_F(ScreensTests, aRectangleBelongsToTheDisplayThatHoldsMostOfIt)
     EXPECT_EQ(nameAt({1290, 0, 300, 100}), u"left"_s); // a tie
     EXPECT_EQ(nameAt({1200, 0, 300, 100}), u"left"_s);
     EXPECT_EQ(nameAt({-900, -900, 300, 100}), u"left"_s); // on no display
-}
-
-TEST_F(ScreensTests, withoutDisplaysThereIsNothingToFind)
-{
-    EXPECT_EQ(Screens::screenContaining({0, 0, 100, 100}), std::nullopt);
-    EXPECT_EQ(Screens::toAX({1, 2, 3, 4}), (Rect{1, -6, 3, 4}));
 }
 
 TEST_F(ScreensTests, steppingGoesRoundTheEndsAndKnowsNoStranger)
@@ -91,13 +75,6 @@ TEST_F(ScreensTests, steppingGoesRoundTheEndsAndKnowsNoStranger)
     EXPECT_EQ(Screens::next(all[1], Screens::Direction::next), all[0]);
     EXPECT_EQ(Screens::next(all[0], Screens::Direction::previous), all[1]);
     EXPECT_EQ(Screens::next(stranger, Screens::Direction::next), std::nullopt);
-}
-
-TEST_F(ScreensTests, aSingleDisplayHasNoNeighbour)
-{
-    plug(u"only"_s, {0, 0, 1440, 900});
-
-    EXPECT_EQ(Screens::next(Screens::all().first(), Screens::Direction::next), std::nullopt);
 }
 
 TEST_F(ScreensTests, theFlipTurnsAboutThePrimaryDisplayAndIsItsOwnInverse)
