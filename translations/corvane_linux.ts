@@ -127,6 +127,10 @@
         <source>It is larger than %1 MiB.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Another process is writing it.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Keys</name>
@@ -668,6 +672,14 @@
         <source>The old file is kept in %1 as %2.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Corvane could not read some of your layouts in %1, so those it had stay.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your settings in %1, so those in force stay.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>StoredJson</name>
@@ -706,10 +718,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Until then, settings are changed in %1; placements and layouts are in the menu.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Nothing was captured</source>
         <translation type="unfinished"></translation>
     </message>
@@ -735,6 +743,10 @@
     </message>
     <message>
         <source>They come back from Corvane&apos;s menu, under Layouts.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Until then, settings are changed in %1, which takes effect at once; placements and layouts are in the menu.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -786,6 +798,10 @@
     </message>
     <message>
         <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not write to %1: %2 Windows are moved all the same.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -943,6 +959,10 @@
     </message>
     <message>
         <source>&quot;%1&quot; cannot be opened: its program is not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows no more than one window.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
