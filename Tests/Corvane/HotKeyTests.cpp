@@ -54,33 +54,6 @@ TEST_F(HotKeyTests, everyModifierIsPartOfTheCombination)
     EXPECT_EQ(presses, 11);
 }
 
-TEST_F(HotKeyTests, oneThatAnotherProgramHoldsSaysSo)
-{
-    platform.hotKeys().takeByRival(leftArrow, registeredControlOption);
-
-    const HotKey taken(leftArrow, controlOption, [] {});
-    platform.hotKeys().removeKey(2);
-    const HotKey missing(2, controlOption, [] {});
-
-    EXPECT_FALSE(taken.isRegistered());
-    EXPECT_EQ(taken.status(), HotKeys::hotKeyExists);
-    EXPECT_EQ(missing.status(), HotKeys::hotKeyInvalid);
-}
-
-TEST_F(HotKeyTests, givesItsCombinationBack)
-{
-    auto first = std::make_unique<HotKey>(leftArrow, controlOption, [] {});
-    const quint32 firstId = first->id();
-    first.reset();
-
-    const HotKey second(leftArrow, controlOption, [this] { ++presses; });
-    press(leftArrow, registeredControlOption);
-
-    EXPECT_TRUE(second.isRegistered());
-    EXPECT_EQ(second.id(), firstId + 1);
-    EXPECT_EQ(presses, 1);
-}
-
 TEST_F(HotKeyTests, anActionMayReplaceTheHotKeyThatRunsIt)
 {
     std::optional<HotKey> hotKey;

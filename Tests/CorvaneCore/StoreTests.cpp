@@ -229,16 +229,6 @@ TEST(SettingsStoreTests, aDamagedFieldKeepsACopyOncePerSecond)
     EXPECT_EQ(folder.names().size(), 3);
 }
 
-TEST(SettingsStoreTests, loadingAloneKeepsNothing)
-{
-    const StoreFolder folder;
-    folder.write(u"settings.json"_s, "damaged");
-
-    EXPECT_EQ(SettingsStore(folder.path()).load(), Settings{});
-
-    EXPECT_EQ(folder.names(), QStringList{u"settings.json"_s});
-}
-
 TEST(SettingsStoreTests, theFileIsForPeopleToRead)
 {
     const StoreFolder folder;

@@ -119,19 +119,6 @@ TEST_F(FrameTests, snapBackWalksBackAndOriginalReturnsToTheFirstFrame)
     EXPECT_EQ(reached(window, first), first);
 }
 
-TEST_F(FrameTests, repeatedHalvesCycleThroughTheirWidths)
-{
-    const xcb_window_t window = showFocused();
-
-    for (const auto &placement :
-        {u"leftHalf"_s, u"leftTwoThirds"_s, u"leftThird"_s, u"leftHalf"_s}) {
-        press(strokes::leftHalf);
-
-        const Rect expected = frameOf(region(placement), standardDisplay);
-        EXPECT_EQ(reached(window, expected), expected) << qPrintable(placement);
-    }
-}
-
 TEST_F(FrameTests, gtkWindowsThatDrawTheirOwnTitleBarLand)
 {
     const auto application = desktop().launch(u"gtk3-demo"_s);

@@ -31,28 +31,6 @@ struct Stall {
 
 } // namespace
 
-TEST_F(HungProgramTests, aHungApplicationCostsAtMostASecondAndTheNextKeyWorksAtOnce)
-{
-    TestClient other(desktop());
-    const xcb_window_t healthy = other.show({.geometry = {600, 300, 400, 300}});
-    const xcb_window_t hung = showFocused();
-    client().suspend();
-
-    const qsizetype seen = corvane().log().size();
-    const auto start = std::chrono::steady_clock::now();
-    press(strokes::leftHalf);
-    EXPECT_TRUE(corvane().waitForLog(u"leftHalf: "_s, seen, Milliseconds{1500}));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, Milliseconds{1300});
-
-    EXPECT_TRUE(focus(healthy));
-    press(strokes::rightHalf);
-    const Rect expected = frameOf(region(u"rightHalf"), standardDisplay);
-    EXPECT_TRUE(probe().waitForFrame(healthy, expected, Milliseconds{1000}));
-    EXPECT_EQ(reached(healthy, expected), expected);
-    client().resume();
-    EXPECT_TRUE(probe().isManaged(hung));
-}
-
 TEST_F(HungProgramTests, whateverIsStoppedCostsASecondAndAllWorksAgainAfterwards)
 {
     const Stall stalls[]{{"the application", [&] { client().suspend(); },

@@ -113,27 +113,4 @@ TEST_F(KeyboardTests, aHeldKeyMovesTheWindowOnce)
     EXPECT_EQ(corvane().log().size(), seen + 1) << qPrintable(corvane().log().join(u'\n'));
 }
 
-TEST_F(KeyboardTests, aShortcutThatAnotherProgramHoldsIsReportedAndTheOthersWork)
-{
-    corvane().stop();
-    {
-        const RivalGrab rival(desktop());
-        ASSERT_TRUE(corvane().start());
-
-        EXPECT_TRUE(corvane().readyLine().startsWith(u"ready: 20 of 21"))
-            << qPrintable(corvane().readyLine());
-        EXPECT_TRUE(corvane().readyLine().contains(u"leftHalf"));
-        const xcb_window_t window = showFocused();
-        const Rect before = frame(window);
-        press(strokes::leftHalf);
-        EXPECT_EQ(frame(window), before);
-        const Rect expected = frameOf(region(u"rightHalf"), standardDisplay);
-        press(strokes::rightHalf);
-        EXPECT_EQ(reached(window, expected), expected);
-    }
-    corvane().stop();
-    ASSERT_TRUE(corvane().start());
-    EXPECT_TRUE(corvane().readyLine().startsWith(u"ready: 21 of 21"));
-}
-
 } // namespace corvane::desktop

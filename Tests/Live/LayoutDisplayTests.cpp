@@ -104,44 +104,6 @@ TEST_F(LayoutDisplayTests, panesOfMissingDisplaysSaySoAndTheOthersAreFilled)
     expectLeftHalves(three);
 }
 
-TEST_F(LayoutDisplayTests, aDisplayWithAnotherResolutionIsTheSameDisplay)
-{
-    const Displays smaller{{0, 0, 1920, 1080}, {1920, 0, 1280, 1024}};
-    arrange(smaller);
-    keep({showOnePerDisplay(keysOf({{0, 0, 1920, 1080}, {1920, 0, 2560, 1440}}))});
-
-    EXPECT_EQ(apply(u"Desk"_s).exitStatus, 0);
-
-    expectLeftHalves(smaller);
-}
-
-TEST_F(LayoutDisplayTests, asManyOtherDisplaysStandInByTheirPosition)
-{
-    arrange(pair);
-    keep({showOnePerDisplay({{u"Left"_s, 1280, 720}, {u"Right"_s, 1280, 720}})});
-
-    EXPECT_EQ(apply(u"Desk"_s).exitStatus, 0);
-
-    expectLeftHalves(pair);
-}
-
-TEST_F(LayoutDisplayTests, identicalDisplaysAreToldApartByTheirOrder)
-{
-    const Displays twins{{0, 0, 1280, 1024}, {1280, 0, 1280, 1024}};
-    for (const int index : {0, 1})
-        desktop().displays().setMonitorName(index, "Twin");
-    arrange(twins);
-    const DisplayKey twin{u"Twin"_s, 1280, 1024};
-    keep({showOnePerDisplay({twin, twin})});
-    EXPECT_EQ(capture(u"Twins"_s).displays, (QList{twin, twin}));
-
-    EXPECT_EQ(apply(u"Desk"_s).exitStatus, 0);
-
-    expectLeftHalves(twins);
-    for (const int index : {0, 1})
-        desktop().displays().setMonitorName(index, {});
-}
-
 TEST_F(LayoutDisplayTests, aScatteredDeskIsRestoredWithItsStacking)
 {
     arrange(pair);
