@@ -121,11 +121,10 @@ bool LayoutRun::isWaiting() const
 void LayoutRun::pass()
 {
     // Where the application has ended, no other window comes.
-    const auto isOver = [this, running = WindowFinder::running()](qsizetype index) {
+    m_waiting.removeIf([this](qsizetype index) {
         return std::holds_alternative<Status::Placed>(m_results[index].status.value)
-            && !running.contains(pane(index).app->bundleID);
-    };
-    m_waiting.removeIf(isOver);
+            && !WindowFinder::running().contains(pane(index).app->bundleID);
+    });
     m_waiting = place(m_waiting);
     m_stack.arrange(m_finder.unanswering());
     tellPassed();

@@ -84,7 +84,7 @@ MoveOutcome WindowManager::perform(Placement placement)
 
 void WindowManager::remember(const AXWindow &window, const Rect &frame)
 {
-    m_history << HistoryEntry{window, frame};
+    m_history << HistoryEntry{window, frame, window.endedState()};
     if (m_history.size() > historyLimit)
         m_history.remove(0, m_history.size() - historyLimit);
 }

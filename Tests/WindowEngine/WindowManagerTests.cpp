@@ -250,6 +250,20 @@ TEST_F(WindowManagerTests, snapBackAndOriginalKeepASizeBetweenTheWindowsSteps)
     EXPECT_EQ(moved(original).to, between);
 }
 
+TEST_F(WindowManagerTests, snapBackGivesTheStateBackThatALayoutEnded)
+{
+    const AXWindow window = desk.open({.maximised = true});
+    const Rect before = desk.frameOf(window);
+    {
+        const WindowOperation operation(desk.platform.windows());
+        ASSERT_TRUE(window.setFrame({100, 100, 400, 300}, std::nullopt, 0));
+        desk.manager.remember(window, before);
+    }
+
+    EXPECT_EQ(moved(snapBack).to, before);
+    EXPECT_TRUE(desk.simulated(window).maximised);
+}
+
 TEST_F(WindowManagerTests, theHistoryForgetsTheOldestBeyondTwoHundred)
 {
     const Rect first{50, 60, 400, 300};
