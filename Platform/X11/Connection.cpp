@@ -10,6 +10,7 @@
 #include <utility>
 #include <xcb/randr.h>
 #include <xcb/res.h>
+#include <xcb/sync.h>
 #include <xcb/xcbext.h>
 
 namespace corvane::x11 {
@@ -55,7 +56,7 @@ Connection::Connection(xcb_connection_t *xcb, int screenNumber) : m_xcb(xcb)
     for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
     m_screen = screens.data;
-    for (xcb_extension_t *extension : {&xcb_randr_id, &xcb_res_id, &xcb_xkb_id})
+    for (xcb_extension_t *extension : {&xcb_randr_id, &xcb_res_id, &xcb_sync_id, &xcb_xkb_id})
         xcb_prefetch_extension_data(m_xcb, extension);
     std::array<xcb_intern_atom_cookie_t, atomNames.size()> cookies{};
     std::ranges::transform(atomNames, cookies.begin(), [this](const char *name) {

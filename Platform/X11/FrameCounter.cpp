@@ -7,8 +7,8 @@ namespace corvane::x11 {
 FrameCounter::FrameCounter(Connection &connection) : m_connection(connection)
 {
     m_connection.addSink(this);
-    const auto *sync = xcb_get_extension_data(m_connection.xcb(), &xcb_sync_id);
-    if (!sync || !sync->present)
+    const auto *sync = m_connection.extension(xcb_sync_id);
+    if (!sync)
         return;
     m_alarmNotice = static_cast<quint8>(sync->first_event + XCB_SYNC_ALARM_NOTIFY);
     m_connection.discard(
