@@ -27,7 +27,7 @@ AutostartEntry autostartEntry()
 FreedesktopSession::FreedesktopSession(const QDBusConnection &bus)
     : m_bus(bus), m_notifications(bus), m_appearance(bus)
 {
-    connect(&m_appearance, &Appearance::changed, this, &Session::lookChanged);
+    connect(&m_appearance, &DesktopAppearance::changed, this, &Session::lookChanged);
 }
 
 bool FreedesktopSession::openAddress(const QUrl &address)

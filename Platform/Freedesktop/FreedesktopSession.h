@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Appearance.h"
+#include "DesktopAppearance.h"
 #include "Notifications.h"
 
 namespace corvane::freedesktop {
@@ -32,7 +32,7 @@ public:
 private:
     QDBusConnection m_bus;
     Notifications m_notifications;
-    Appearance m_appearance;
+    DesktopAppearance m_appearance;
 };
 
 } // namespace corvane::freedesktop

@@ -1,4 +1,4 @@
-#include "Appearance.h"
+#include "DesktopAppearance.h"
 
 #include "BusCall.h"
 
@@ -65,14 +65,14 @@ DesktopLook withPlain(
 
 } // namespace
 
-DesktopLook Appearance::look()
+DesktopLook DesktopAppearance::look()
 {
     if (!std::exchange(m_isAsked, true))
         ask();
     return m_look;
 }
 
-void Appearance::ask()
+void DesktopAppearance::ask()
 {
     // Else the slot is not found by its parameters.
     qRegisterMetaType<QDBusVariant>();
@@ -87,7 +87,7 @@ void Appearance::ask()
         [this](const QDBusMessage &answer) { takeAnswer(answer); });
 }
 
-void Appearance::takeAnswer(const QDBusMessage &answer)
+void DesktopAppearance::takeAnswer(const QDBusMessage &answer)
 {
     if (answer.signature() != u"a{sa{sv}}")
         return;
@@ -100,12 +100,13 @@ void Appearance::takeAnswer(const QDBusMessage &answer)
     setLook(look);
 }
 
-void Appearance::takeSetting(const QString &group, const QString &key, const QDBusVariant &value)
+void DesktopAppearance::takeSetting(
+    const QString &group, const QString &key, const QDBusVariant &value)
 {
     setLook(with(m_look, group, key, value.variant()));
 }
 
-DesktopLook Appearance::with(
+DesktopLook DesktopAppearance::with(
     DesktopLook look, const QString &group, const QString &key, const QVariant &wrapped)
 {
     const QVariant value = unwrapped(wrapped);
@@ -121,7 +122,7 @@ DesktopLook Appearance::with(
     return look;
 }
 
-void Appearance::setLook(const DesktopLook &look)
+void DesktopAppearance::setLook(const DesktopLook &look)
 {
     if (std::exchange(m_look, look) != look)
         Q_EMIT changed(look);

@@ -11,12 +11,12 @@ class QDBusMessage;
 namespace corvane::freedesktop {
 
 /// The look that the desktop's settings portal tells. Light and of normal contrast until it does.
-class Appearance final : public QObject
+class DesktopAppearance final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit Appearance(const QDBusConnection &bus) : m_bus(bus) { }
+    explicit DesktopAppearance(const QDBusConnection &bus) : m_bus(bus) { }
 
     /// The first call asks the portal, and begins to follow it; none waits for it.
     [[nodiscard]] DesktopLook look();
