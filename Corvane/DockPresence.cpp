@@ -16,7 +16,7 @@ void list(const QWidget &window, bool isListed)
 {
     const Qt::WindowType type = window.windowType();
     if (window.isWindow() && (type == Qt::Window || type == Qt::Dialog))
-        Platform::current().session().setListed(window.winId(), isListed);
+        Platform::current().ownWindows().setListed(window.winId(), isListed);
 }
 
 } // namespace
@@ -41,7 +41,7 @@ bool DockPresence::eventFilter(QObject *object, QEvent *event)
 {
     // Before it is mapped, so that it does not flash up in the task bar.
     if (event->type() == QEvent::Show && !m_isRegular && object->isWidgetType())
-        list(*static_cast<const QWidget *>(object), false);
+        list(*static_cast<const QWidget *>(object), m_isRegular);
     return false;
 }
 

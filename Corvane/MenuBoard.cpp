@@ -2,27 +2,11 @@
 
 #include "Platform.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// What the panel looks like: that of these desktops is dark whatever the user chose for windows.
-DesktopLook panelLook(DesktopLook look)
-{
-    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-    const QStringList dark{u"GNOME"_s, u"XFCE"_s, u"X-Cinnamon"_s, u"Unity"_s, u"Budgie"_s};
-    look.isDark = look.isDark || std::ranges::any_of(desktops, [&dark](const QString &desktop) {
-        return dark.contains(desktop);
-    });
-    return look;
-}
-
-} // namespace
 
 MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
     : m_model(model), m_drawn(RowForm::drawn, model, target), m_plain(RowForm::plain, model, target)
@@ -95,8 +79,10 @@ void MenuBoard::fill()
 
 void MenuBoard::refreshStatusIcon(StatusIcon::Form form)
 {
-    m_item.setIcon(StatusIcon::icon(form, StatusIcon::colors(panelLook(m_model.look))),
-        StatusIcon::description(form));
+    DesktopLook panel = m_model.look;
+    panel.isDark = panel.isDark || Platform::current().ownWindows().tray().isDark;
+    m_item.setIcon(
+        StatusIcon::icon(form, StatusIcon::colors(panel)), StatusIcon::description(form));
 }
 
 } // namespace corvane

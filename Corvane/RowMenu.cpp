@@ -1,7 +1,7 @@
 #include "RowMenu.h"
 
-#include "Compositing.h"
 #include "MenuRows.h"
+#include "Platform.h"
 
 #include <QtGui/QBitmap>
 #include <QtGui/QKeyEvent>
@@ -38,7 +38,7 @@ void RowMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *actio
 
 void RowMenu::showEvent(QShowEvent *event)
 {
-    m_isTranslucent = showsTranslucency();
+    m_isTranslucent = Platform::current().ownWindows().showsTranslucency();
     cutCorners();
     QMenu::showEvent(event);
 }

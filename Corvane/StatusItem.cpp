@@ -1,5 +1,7 @@
 #include "StatusItem.h"
 
+#include "Platform.h"
+
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -26,7 +28,8 @@ QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen)
         std::max(screen.y(), std::min(fitsBelow ? below : above, furthest.y()))};
 }
 
-StatusItem::StatusItem(QObject *parent) : QObject(parent)
+StatusItem::StatusItem(QObject *parent)
+    : QObject(parent), m_tray(Platform::current().ownWindows().tray())
 {
     m_grace.setSingleShot(true);
     m_grace.setInterval(grace);
@@ -34,8 +37,10 @@ StatusItem::StatusItem(QObject *parent) : QObject(parent)
         m_isToldUnreachable = true;
         Q_EMIT unreachable();
     });
-    connect(&m_services, &TrayServicesWatch::changed, this, &StatusItem::follow);
-    connect(&m_embedding, &EmbeddingTray::changed, this, &StatusItem::follow);
+    connect(&Platform::current().ownWindows(), &OwnWindows::trayChanged, this, [this] {
+        m_tray = Platform::current().ownWindows().tray();
+        followTray();
+    });
 }
 
 StatusItem::~StatusItem() = default;
@@ -51,7 +56,7 @@ void StatusItem::setMenus(QMenu *drawn, QMenu *plain)
     m_drawn->setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
     connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::noteClosing);
     connect(m_plain, &QMenu::aboutToShow, this, &StatusItem::aboutToOpen);
-    follow();
+    followTray();
 }
 
 void StatusItem::setIcon(const QIcon &icon, const QString &description)
@@ -67,21 +72,16 @@ void StatusItem::setIcon(const QIcon &icon, const QString &description)
 void StatusItem::setVisible(bool visible)
 {
     m_isVisible = visible;
-    follow();
+    followTray();
 }
 
-bool StatusItem::isReachable() const
-{
-    return m_services.services().hasHost || m_embedding.isThere();
-}
-
-void StatusItem::follow()
+void StatusItem::followTray()
 {
     if (!m_isVisible) {
         m_grace.stop();
         if (m_icon)
             m_icon->hide();
-    } else if (m_services.isKnown() && isReachable()) {
+    } else if (m_tray.isKnown && m_tray.isThere()) {
         m_grace.stop();
         show();
     } else if (!m_isToldUnreachable && !m_grace.isActive()) {
@@ -93,13 +93,13 @@ void StatusItem::show()
 {
     if (!m_icon) {
         // Qt decides once, by what is there now, whether it shows icons over the bus.
-        m_isOnBus = m_services.services().hasHost;
+        m_isOnBus = m_tray.isOnBus;
         m_icon = std::make_unique<QSystemTrayIcon>();
         m_icon->setIcon(m_image);
         m_icon->setToolTip(m_description);
         connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activate);
     }
-    if (m_isOnBus && menuForm(m_services.services()) != MenuForm::drawn)
+    if (m_isOnBus && m_tray.menu != MenuForm::drawn)
         m_icon->setContextMenu(m_plain);
     m_icon->show();
 }
@@ -109,7 +109,7 @@ void StatusItem::activate(QSystemTrayIcon::ActivationReason reason)
     // After Escape, a quick second click counts as a double one.
     const bool isClick = reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::Context
         || reason == QSystemTrayIcon::DoubleClick;
-    const bool isForPanel = m_isOnBus && menuForm(m_services.services()) == MenuForm::exported;
+    const bool isForPanel = m_isOnBus && m_tray.menu == MenuForm::exported;
     if (isClick && !isForPanel && !hasClosedByThisClick())
         open(anchor());
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "EmbeddingTray.h"
+#include "OwnWindows.h"
 #include "PopupGrab.h"
-#include "TrayServices.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
@@ -37,9 +36,6 @@ public:
     /// Opens the drawn menu without a click.
     void popUp();
 
-    /// Whether there is a tray now.
-    [[nodiscard]] bool isReachable() const;
-
 Q_SIGNALS:
     /// Just before either menu opens.
     void aboutToOpen();
@@ -47,7 +43,7 @@ Q_SIGNALS:
     void unreachable();
 
 private:
-    void follow();
+    void followTray();
     void show();
     void activate(QSystemTrayIcon::ActivationReason reason);
     void open(const QRect &anchor);
@@ -55,8 +51,7 @@ private:
     [[nodiscard]] bool hasClosedByThisClick() const;
     [[nodiscard]] QRect anchor() const;
 
-    TrayServicesWatch m_services;
-    EmbeddingTray m_embedding;
+    Tray m_tray;
     PopupGrab m_grab;
     QTimer m_grace;
     QPointer<QMenu> m_drawn;

@@ -112,6 +112,4 @@ bool FreedesktopSession::isPointerButtonDown()
     return false;
 }
 
-void FreedesktopSession::setListed(quint64, bool) { }
-
 } // namespace corvane::freedesktop

@@ -26,8 +26,6 @@ public:
     DesktopLook look() override;
     /// No, as Wayland compositors tell nobody.
     bool isPointerButtonDown() override;
-    /// Nothing, as Wayland compositors let no window choose.
-    void setListed(quint64 window, bool isListed) override;
 
 private:
     QDBusConnection m_bus;

@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "Displays.h"
 #include "HotKeys.h"
+#include "OwnWindows.h"
 #include "Session.h"
 #include "WindowAccess.h"
 
@@ -25,6 +26,7 @@ public:
     virtual Applications &applications() = 0;
     virtual HotKeys &hotKeys() = 0;
     virtual Session &session() = 0;
+    virtual OwnWindows &ownWindows() = 0;
     virtual Clock &clock() = 0;
 
 private:

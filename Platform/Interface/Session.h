@@ -65,10 +65,6 @@ public:
     /// desktop does not tell.
     [[nodiscard]] virtual bool isPointerButtonDown() = 0;
 
-    /// Whether task bar and switcher list this window of the program's own, by the window system's
-    /// number. Lasts until the window is closed.
-    virtual void setListed(quint64 window, bool isListed) = 0;
-
 Q_SIGNALS:
     void lookChanged(const corvane::DesktopLook &look);
 };

@@ -6,6 +6,7 @@
 #include "SimulatedDesktop.h"
 #include "SimulatedDisplays.h"
 #include "SimulatedHotKeys.h"
+#include "SimulatedOwnWindows.h"
 #include "SimulatedSession.h"
 #include "SimulatedWindows.h"
 
@@ -27,6 +28,7 @@ public:
     SimulatedApplications &applications() override { return m_applications; }
     SimulatedHotKeys &hotKeys() override { return m_hotKeys; }
     SimulatedSession &session() override { return m_session; }
+    SimulatedOwnWindows &ownWindows() override { return m_ownWindows; }
     Clock &clock() override { return *m_clock; }
 
     [[nodiscard]] SimulatedDesktop &desktop() { return m_desktop; }
@@ -44,6 +46,7 @@ private:
     SimulatedApplications m_applications{m_desktop};
     SimulatedHotKeys m_hotKeys{m_desktop.notices()};
     SimulatedSession m_session;
+    SimulatedOwnWindows m_ownWindows;
 };
 
 } // namespace corvane

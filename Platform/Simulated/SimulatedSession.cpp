@@ -63,11 +63,6 @@ bool SimulatedSession::isPointerButtonDown()
     return isButtonDown;
 }
 
-void SimulatedSession::setListed(quint64 window, bool isListed)
-{
-    listed.insert(window, isListed);
-}
-
 void SimulatedSession::changeLook(const DesktopLook &look)
 {
     m_look = look;

@@ -2,7 +2,6 @@
 
 #include "Session.h"
 
-#include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QStringList>
 
@@ -33,7 +32,6 @@ public:
     void notify(const QString &id, const QString &title, const QString &body) override;
     DesktopLook look() override;
     bool isPointerButtonDown() override;
-    void setListed(quint64 window, bool isListed) override;
 
     /// As the user would in the desktop's settings.
     void changeLook(const DesktopLook &look);
@@ -52,7 +50,6 @@ public:
     QStringList clearedRows;
     int loginItemsOpened = 0;
     QList<Notification> notifications; ///< on the screen, oldest first
-    QHash<quint64, bool> listed; ///< by window
 
 private:
     DesktopLook m_look;

@@ -5,6 +5,7 @@
 #include "X11Applications.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
+#include "X11OwnWindows.h"
 #include "X11Session.h"
 #include "X11WindowAccess.h"
 
@@ -59,6 +60,7 @@ public:
         : m_connection(std::move(connection))
         , m_obstacle(isInsideWayland(*m_connection) ? waylandSentence() : QString())
         , m_session(*m_connection)
+        , m_ownWindows(*m_connection)
         , m_windowManager(*m_connection)
         , m_registry(*m_connection)
         , m_applications(*m_connection, m_registry)
@@ -77,6 +79,7 @@ public:
     Applications &applications() override { return m_applications; }
     HotKeys &hotKeys() override { return m_hotKeys; }
     Session &session() override { return m_session; }
+    OwnWindows &ownWindows() override { return m_ownWindows; }
     Clock &clock() override { return m_clock; }
 
 private:
@@ -84,6 +87,7 @@ private:
     QString m_obstacle;
     SystemClock m_clock;
     X11Session m_session;
+    X11OwnWindows m_ownWindows;
     WindowManagerLink m_windowManager;
     WindowRegistry m_registry;
     // Before the windows, so that an application is announced before its first window.

@@ -7,7 +7,7 @@
 #include <QtDBus/QDBusServiceWatcher>
 #include <QtDBus/QDBusVariant>
 
-namespace corvane {
+namespace corvane::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -30,19 +30,19 @@ MenuForm menuForm(const TrayServices &services)
     return services.hasPlasma ? MenuForm::drawn : MenuForm::drawnOrExported;
 }
 
-TrayServicesWatch::TrayServicesWatch(QObject *parent) : QObject(parent)
+TrayServicesWatch::TrayServicesWatch()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     auto *owners = new QDBusServiceWatcher(
         watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayServicesWatch::look);
+    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayServicesWatch::refresh);
     // Naming the sender would make Qt wait for its owner.
     bus.connect(QString(), watcherPath, watcherService, u"StatusNotifierHostRegistered"_s, this,
-        SLOT(look()));
-    look();
+        SLOT(refresh()));
+    refresh();
 }
 
-void TrayServicesWatch::look()
+void TrayServicesWatch::refresh()
 {
     m_services.hasIndicators = false;
     for (const QString &service : indicatorServices) {
@@ -97,4 +97,4 @@ void TrayServicesWatch::report()
     Q_EMIT changed();
 }
 
-} // namespace corvane
+} // namespace corvane::freedesktop

@@ -1,38 +1,31 @@
 #pragma once
 
-#include <QtCore/QObject>
-#include <QtCore/QString>
+#include "OwnWindows.h"
 
 #include <functional>
 
-namespace corvane {
+namespace corvane::freedesktop {
 
-/// What the session bus says of the programs that show status items.
+/// What the session bus tells of the programs that show status items.
 struct TrayServices {
-    QString watcher{}; ///< who keeps the list of status items, by its unique name; empty for nobody
-    QString shell{}; ///< GNOME's, likewise
+    QString watcher{}; ///< the unique name of who has the list of status items; empty for nobody
+    QString shell{}; ///< GNOME's unique name, likewise
     bool hasHost = false; ///< somebody shows what is on the list
-    bool hasIndicators = false; ///< Unity's kind of host
+    bool hasIndicators = false; ///< Unity's kind of host runs
     bool hasPlasma = false;
 
     bool operator==(const TrayServices &) const = default;
 };
 
-/// Whose menu opens at a click on the status item.
-enum class MenuForm {
-    drawn, ///< ours with either button
-    drawnOrExported, ///< ours with the left button; with the right one the host shows only its own
-    exported, ///< one that the host draws from a description; it takes no other
-};
 [[nodiscard]] MenuForm menuForm(const TrayServices &services);
 
-/// Keeps `TrayServices` up to date without ever waiting for an answer.
+/// Follows what the bus tells of `TrayServices`, without ever waiting for an answer.
 class TrayServicesWatch final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit TrayServicesWatch(QObject *parent = nullptr);
+    TrayServicesWatch();
 
     [[nodiscard]] const TrayServices &services() const { return m_services; }
     /// False until the bus has answered for the first time.
@@ -42,7 +35,7 @@ Q_SIGNALS:
     void changed();
 
 private Q_SLOTS:
-    void look();
+    void refresh();
 
 private:
     using Answer = std::function<void(const QString &owner)>;
@@ -55,4 +48,4 @@ private:
     bool m_isKnown = false;
 };
 
-} // namespace corvane
+} // namespace corvane::freedesktop

@@ -2,19 +2,18 @@
 
 #include "QtX11.h"
 
-#include <QtGui/QGuiApplication>
+#include <QtCore/QCoreApplication>
 
-namespace corvane {
+namespace corvane::x11 {
 
-EmbeddingTray::EmbeddingTray(QObject *parent) : QObject(parent)
+EmbeddingTray::EmbeddingTray() : m_connection(QtX11::connection())
 {
-    m_connection = QtX11::connection();
     if (!m_connection)
         return;
     m_selection = QtX11::atom(m_connection, "_NET_SYSTEM_TRAY_S0");
     m_manager = QtX11::atom(m_connection, "MANAGER");
-    qGuiApp->installNativeEventFilter(this);
-    look();
+    QCoreApplication::instance()->installNativeEventFilter(this);
+    refresh();
 }
 
 bool EmbeddingTray::nativeEventFilter(const QByteArray &, void *message, qintptr *)
@@ -24,15 +23,15 @@ bool EmbeddingTray::nativeEventFilter(const QByteArray &, void *message, qintptr
     if (kind == XCB_CLIENT_MESSAGE) {
         const auto *told = reinterpret_cast<const xcb_client_message_event_t *>(event);
         if (told->type == m_manager && told->data.data32[1] == m_selection)
-            look();
-    } else if (kind == XCB_DESTROY_NOTIFY && m_window != XCB_WINDOW_NONE) {
+            refresh();
+    } else if (kind == XCB_DESTROY_NOTIFY && m_window != noWindow) {
         if (reinterpret_cast<const xcb_destroy_notify_event_t *>(event)->window == m_window)
-            look();
+            refresh();
     }
     return false;
 }
 
-void EmbeddingTray::look()
+void EmbeddingTray::refresh()
 {
     m_window = QtX11::selectionOwner(m_connection, m_selection);
     if (isThere()) {
@@ -43,4 +42,4 @@ void EmbeddingTray::look()
     Q_EMIT changed();
 }
 
-} // namespace corvane
+} // namespace corvane::x11

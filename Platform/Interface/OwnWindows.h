@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+namespace corvane {
+
+/// Whose menu opens at a click on the program's icon in the panel.
+enum class MenuForm {
+    drawn, ///< ours with either button
+    drawnOrExported, ///< ours with the left button; with the right one the panel shows only its own
+    exported, ///< one that the panel draws from a description; it takes no other
+};
+
+/// The place in the desktop's panel where programs show their icons.
+struct Tray {
+    bool isKnown = false; ///< the desktop has said by now whether there is a tray
+    bool isOnBus = false; ///< a panel shows the icons that it is told of over the session bus
+    bool takesWindows = false; ///< a panel takes the icons' windows in
+    bool isDark = false; ///< the panel is, whatever the user chose for windows
+    MenuForm menu = MenuForm::drawnOrExported; ///< of an icon that a panel is told of over the bus
+
+    [[nodiscard]] bool isThere() const { return isOnBus || takesWindows; }
+    bool operator==(const Tray &) const = default;
+};
+
+/// What only the desktop can do for the windows that this program shows itself. A window is named by
+/// the window system's number. What a desktop cannot do for them, it does not do.
+class OwnWindows : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The first call begins to follow the tray; none waits for an answer.
+    [[nodiscard]] virtual Tray tray() = 0;
+
+    /// Takes the pointer for this window, as an open menu needs it. False while another program holds
+    /// it; true where nobody can tell.
+    [[nodiscard]] virtual bool takePointer(quint64 window) = 0;
+    /// Whether the desktop blends translucent windows with what is behind them.
+    [[nodiscard]] virtual bool showsTranslucency() = 0;
+    /// Whether task bar and switcher list this window. Lasts until the window is closed.
+    virtual void setListed(quint64 window, bool isListed) = 0;
+
+Q_SIGNALS:
+    void trayChanged();
+};
+
+} // namespace corvane

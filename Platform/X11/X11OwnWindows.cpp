@@ -1,0 +1,108 @@
+#include "X11OwnWindows.h"
+
+#include "Properties.h"
+#include "QtX11.h"
+
+#include <tuple>
+
+namespace corvane::x11 {
+
+namespace {
+
+// KWin's switcher heeds only its own state.
+constexpr std::array unlistedStates{
+    Atom::stateSkipTaskbar, Atom::stateSkipPager, Atom::stateSkipSwitcher};
+
+} // namespace
+
+X11OwnWindows::X11OwnWindows(Connection &connection) : m_connection(connection)
+{
+    connect(&connection, &Connection::answersAgain, this, [this] {
+        for (const auto &[window, isListed] : std::exchange(m_missed, {}).asKeyValueRange())
+            setListed(window, isListed);
+    });
+}
+
+Tray X11OwnWindows::tray()
+{
+    if (!m_embedding) {
+        m_embedding.emplace();
+        connect(&*m_embedding, &EmbeddingTray::changed, this, &OwnWindows::trayChanged);
+    }
+    Tray tray = FreedesktopOwnWindows::tray();
+    tray.takesWindows = m_embedding->isThere();
+    return tray;
+}
+
+// Qt, which takes the pointer afterwards, takes any answer of the server for consent, a refusal too.
+bool X11OwnWindows::takePointer(quint64 window)
+{
+    xcb_connection_t *connection = QtX11::connection();
+    if (!connection)
+        return true;
+    const auto cookie = xcb_grab_pointer(connection, 0, static_cast<xcb_window_t>(window),
+        XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
+        XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    const Owned<xcb_grab_pointer_reply_t> reply(
+        xcb_grab_pointer_reply(connection, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+// A compositing manager owns the selection made for that, one per X screen.
+bool X11OwnWindows::showsTranslucency()
+{
+    xcb_connection_t *connection = QtX11::connection();
+    if (!connection)
+        return true;
+    const xcb_atom_t selection = QtX11::atom(connection, "_NET_WM_CM_S0");
+    return QtX11::selectionOwner(connection, selection) != noWindow;
+}
+
+void X11OwnWindows::setListed(quint64 number, bool isListed)
+{
+    const auto window = static_cast<xcb_window_t>(number);
+    const Answers answers(m_connection);
+    if (!isManaged(window))
+        changeProperty(window, isListed);
+    // Even so: the window manager may have read the property already, to manage the window now.
+    askWindowManager(window, isListed);
+    if (answers.complete())
+        m_missed.remove(number);
+    else
+        m_missed.insert(number, isListed);
+    xcb_flush(m_connection.xcb());
+}
+
+bool X11OwnWindows::isManaged(xcb_window_t window)
+{
+    constexpr quint32 withdrawn = 0;
+    return readList(m_connection, window, Atom::wmState).value(0, withdrawn) != withdrawn;
+}
+
+void X11OwnWindows::changeProperty(xcb_window_t window, bool isListed)
+{
+    const Answers answers(m_connection);
+    QList<quint32> states = readList(m_connection, window, Atom::netWmState);
+    if (!answers.complete())
+        return;
+    for (const Atom state : unlistedStates) {
+        states.removeAll(m_connection.atom(state));
+        if (!isListed)
+            states << m_connection.atom(state);
+    }
+    // Who shows the window does so over another connection, which may be served before this one.
+    const auto change = xcb_change_property_checked(m_connection.xcb(), XCB_PROP_MODE_REPLACE,
+        window, m_connection.atom(Atom::netWmState), XCB_ATOM_ATOM, 32, quint32(states.size()),
+        states.constData());
+    std::ignore = m_connection.checkedError({&change, 1});
+}
+
+void X11OwnWindows::askWindowManager(xcb_window_t window, bool isListed)
+{
+    const quint32 addOrRemove = isListed ? 0 : 1;
+    for (const Atom state : unlistedStates)
+        m_connection.sendToRoot(window, Atom::netWmState,
+            {addOrRemove, m_connection.atom(state), 0, fromApplication, 0});
+}
+
+} // namespace corvane::x11
