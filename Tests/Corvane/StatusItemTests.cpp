@@ -1,5 +1,7 @@
 #include "StatusItem.h"
 
+#include "TrayServices.h"
+
 #include <gmock/gmock.h>
 
 namespace corvane {
@@ -8,7 +10,7 @@ TEST(StatusItemTests, exportsAMenuWherePanelsDrawThemAndDrawsItsOwnWherePanelsAs
 {
     struct Case {
         const char *desktop;
-        TrayServices services;
+        freedesktop::TrayServices services;
         MenuForm form;
     };
     const QString one = QStringLiteral(":1.5");

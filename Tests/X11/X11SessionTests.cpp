@@ -39,14 +39,14 @@ TEST_F(X11SessionTests, aWindowIsListedOrNotBeforeItIsShownAndAfterwards)
         window, "_NET_WM_STATE", "ATOM", {connection.atom("_NET_WM_STATE_ABOVE")});
     connection.sync();
 
-    (*platform)->session().setListed(window, false);
+    (*platform)->ownWindows().setListed(window, false);
     EXPECT_TRUE(probe.hasState(window, "_KDE_NET_WM_STATE_SKIP_SWITCHER"));
     xcb_map_window(connection.raw(), window);
     EXPECT_TRUE(eventually([&] { return probe.isManaged(window); }));
     EXPECT_TRUE(probe.hasState(window, "_NET_WM_STATE_SKIP_TASKBAR"));
 
     for (const bool isListed : {true, false, true}) {
-        (*platform)->session().setListed(window, isListed);
+        (*platform)->ownWindows().setListed(window, isListed);
         for (const char *state : {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
             EXPECT_TRUE(eventually([&] { return probe.hasState(window, state) != isListed; }));
     }

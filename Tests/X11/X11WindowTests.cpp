@@ -125,7 +125,7 @@ TEST_F(X11WindowTests, aProgramIsRegularWhileTheTaskBarListsAWindowOfIt)
         &applications(), &Applications::launched, &applications(), [&] { ++launches; });
     const xcb_window_t window = client.show({});
     for (const auto &[isListed, told] : {std::pair{true, 1}, {false, 1}, {true, 2}}) {
-        (*platform)->session().setListed(window, isListed);
+        (*platform)->ownWindows().setListed(window, isListed);
         EXPECT_TRUE(eventually([&] {
             const auto application = applications().application(client.pid());
             return application && application->isRegular == isListed && launches == told;
