@@ -7,10 +7,11 @@
 #include "KeyCaps.h"
 #include "LayoutReport.h"
 #include "Notify.h"
+#include "OneLine.h"
 #include "Platform.h"
 #include "Screens.h"
+#include "TerminalText.h"
 #include "WindowWatcher.h"
-#include "Wording.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonArray>
@@ -44,7 +45,7 @@ AppDelegate::AppDelegate(Log log)
     : m_log(log)
     , m_model(SettingsStore(), LayoutStore(), ActivityLog())
     , m_mover(m_model)
-    , m_commands(m_model, m_mover)
+    , m_commands(m_model, [this](Placement placement) { return m_mover.perform(placement); })
     , m_shortcuts(m_model)
     , m_trust(m_model)
     , m_competitors(m_model)
@@ -58,7 +59,7 @@ AppDelegate::AppDelegate(Log log)
     };
     m_commands.onPopMenu = [this] { m_menus.popUp(); };
     m_commands.onRenderStatusIcon = StatusIcon::render;
-    connect(&m_menus, &MenuBoard::aboutToOpen, &m_loginItem, &LoginItemSwitch::follow);
+    connect(&m_menus, &StatusMenus::aboutToOpen, &m_loginItem, &LoginItemSwitch::follow);
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_pruning, &QTimer::timeout, this, [this] {

@@ -4,8 +4,9 @@
 #include "CompetitorWatch.h"
 #include "DockPresence.h"
 #include "LoginItemSwitch.h"
-#include "MenuBoard.h"
+#include "Mover.h"
 #include "ShortcutRegistrar.h"
+#include "StatusMenus.h"
 #include "TrustWatch.h"
 
 #include <QtCore/QTimer>
@@ -62,7 +63,7 @@ private:
     CompetitorWatch m_competitors;
     LoginItemSwitch m_loginItem;
     DockPresence m_dock;
-    MenuBoard m_menus;
+    StatusMenus m_menus;
     QList<AppModel::Notice> m_toldNotices;
     QTimer m_pruning;
 };

@@ -4,7 +4,7 @@
 #include "HotKeys.h"
 #include "KeyCaps.h"
 #include "Match.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <QtCore/QCoreApplication>
 

@@ -57,7 +57,7 @@ int runOnce(const CommandLine &line)
         return finish(FileCommands::run(line, desktop.error()));
     AppModel model{SettingsStore(), LayoutStore(), ActivityLog()};
     Mover mover(model);
-    Commands commands(model, mover);
+    Commands commands(model, [&](Placement placement) { return mover.perform(placement); });
     commands.onRenderStatusIcon = StatusIcon::render;
     CommandResult result = QCoro::waitFor(commands.run(line));
     FlightRecorder::shared().flush();

@@ -1,7 +1,7 @@
 #include "ScreenRequests.h"
 
 #include "LayoutReport.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 namespace corvane::ScreenRequests {
 

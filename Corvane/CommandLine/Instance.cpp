@@ -1,7 +1,7 @@
 #include "Instance.h"
 
 #include "Identity.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>

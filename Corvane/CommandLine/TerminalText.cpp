@@ -1,23 +1,12 @@
-#include "Wording.h"
+#include "TerminalText.h"
+
+#include "OneLine.h"
 
 #include <algorithm>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-
-QString oneLine(const QString &text, qsizetype longest)
-{
-    QString line = text.left(10 * longest).simplified();
-    // Directions for bidirectional text would turn the rest of the line round, too.
-    line.removeIf([](QChar character) {
-        return !character.isPrint() && !character.isSurrogate() && character != u' ';
-    });
-    if (line.size() <= longest)
-        return line;
-    const bool cutsPair = line.at(longest - 2).isHighSurrogate();
-    return line.left(longest - (cutsPair ? 2 : 1)) + u'…';
-}
 
 QString textTable(const QList<QStringList> &rows)
 {

@@ -2,7 +2,7 @@
 
 #include "Address.h"
 #include "FlagTable.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <QtCore/QDir>
 

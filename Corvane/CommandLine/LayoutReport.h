@@ -2,8 +2,8 @@
 
 #include "CommandResult.h"
 #include "PaneResult.h"
+#include "TerminalText.h"
 #include "WindowLayout.h"
-#include "Wording.h"
 
 /// What the layout commands say.
 namespace corvane {

@@ -1,7 +1,7 @@
 #include "StatusMenu.h"
 
 #include "MenuParts.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <algorithm>
 

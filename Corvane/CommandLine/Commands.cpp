@@ -44,9 +44,7 @@ CommandResult Commands::performAtOnce(const Command &command, bool asJson)
 {
     return match(
         command.value,
-        [&](const Command::Place &place) {
-            return m_mover.perform(place.placement).result(asJson);
-        },
+        [&](const Command::Place &place) { return m_place(place.placement).result(asJson); },
         [&](const Command::Capture &capturing) { return capture(capturing.name, asJson); },
         [](const Command::ApplyLayout &) { return CommandResult{}; },
         [&](Command::ListLayouts) {

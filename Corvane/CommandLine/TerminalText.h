@@ -9,10 +9,6 @@
 /// How values read on a terminal.
 namespace corvane {
 
-/// Text of another program, which may hold anything, as at most `longest` characters of one line
-/// that no terminal takes for a command.
-[[nodiscard]] QString oneLine(const QString &text, qsizetype longest = 60);
-
 /// Columns as wide as their widest cell, a row a line, with nothing behind the last cell.
 [[nodiscard]] QString textTable(const QList<QStringList> &rows);
 

@@ -1,5 +1,7 @@
 #include "LayoutReport.h"
 
+#include "OneLine.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

@@ -1,7 +1,7 @@
 #include "InstanceService.h"
 
 #include "Address.h"
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusError>

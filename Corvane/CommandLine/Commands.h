@@ -3,16 +3,19 @@
 #include "AppModel.h"
 #include "CommandLine.h"
 #include "CommandResult.h"
-#include "Mover.h"
+#include "OutcomeReport.h"
 
 namespace corvane {
 
 /// What command lines mean to a program that has a desktop, resident or not. Lives as long as any
-/// command that it began; the model and the mover live longer.
+/// command that it began; the model lives longer.
 class Commands final
 {
 public:
-    Commands(AppModel &model, Mover &mover) : m_model(model), m_mover(mover) { }
+    /// Places the focused window, and tells how it went.
+    using Place = std::function<OutcomeReport(Placement)>;
+
+    Commands(AppModel &model, Place place) : m_model(model), m_place(std::move(place)) { }
 
     std::function<void()> onPopMenu; ///< opens the menu of the icon in the panel
     /// Draws that icon to a file. The error is one sentence.
@@ -35,7 +38,7 @@ private:
     [[nodiscard]] CommandResult renderStatusIcon(const QString &path);
 
     AppModel &m_model;
-    Mover &m_mover;
+    Place m_place;
 };
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "OutcomeReport.h"
 
+#include "OneLine.h"
+
 #include <QtCore/QJsonDocument>
 
 namespace corvane {

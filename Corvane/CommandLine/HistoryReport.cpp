@@ -1,7 +1,8 @@
 #include "HistoryReport.h"
 
 #include "Decoding.h"
-#include "Wording.h"
+#include "OneLine.h"
+#include "TerminalText.h"
 
 #include <QtCore/QJsonDocument>
 

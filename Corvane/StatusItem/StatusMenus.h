@@ -8,12 +8,12 @@
 namespace corvane {
 
 /// The status item and its menus, which follow the model.
-class MenuBoard final : public QObject
+class StatusMenus final : public QObject
 {
     Q_OBJECT
 
 public:
-    MenuBoard(AppModel &model, const MenuTarget &target);
+    StatusMenus(AppModel &model, const MenuTarget &target);
 
     /// Shows the status item, if the settings want one.
     void start();

@@ -1,7 +1,7 @@
 #include "MenuParts.h"
 
+#include "OneLine.h"
 #include "Screens.h"
-#include "Wording.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QMenu>

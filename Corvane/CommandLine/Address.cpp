@@ -1,6 +1,6 @@
 #include "Address.h"
 
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <QtCore/QUrl>
 

@@ -2,7 +2,7 @@
 
 #include "CommandResult.h"
 #include "MoveOutcome.h"
-#include "Wording.h"
+#include "TerminalText.h"
 
 #include <QtCore/QJsonObject>
 

@@ -1,6 +1,6 @@
 #include "CommandResult.h"
 
-#include "Wording.h"
+#include "OneLine.h"
 
 #include <algorithm>
 

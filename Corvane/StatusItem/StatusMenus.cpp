@@ -1,4 +1,4 @@
-#include "MenuBoard.h"
+#include "StatusMenus.h"
 
 #include "Platform.h"
 
@@ -8,11 +8,11 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
+StatusMenus::StatusMenus(AppModel &model, const MenuTarget &target)
     : m_model(model), m_drawn(RowForm::drawn, model, target), m_plain(RowForm::plain, model, target)
 {
     m_item.setMenus(&m_drawn.menu(), &m_plain.menu());
-    connect(&m_item, &StatusItem::aboutToOpen, this, &MenuBoard::prepareToOpen);
+    connect(&m_item, &StatusItem::aboutToOpen, this, &StatusMenus::prepareToOpen);
     connect(&m_drawn.menu(), &QMenu::aboutToHide, this, [this] {
         if (m_isStale)
             rebuildMenu();
@@ -25,33 +25,33 @@ MenuBoard::MenuBoard(AppModel &model, const MenuTarget &target)
     });
 }
 
-void MenuBoard::start()
+void StatusMenus::start()
 {
-    connect(&m_model, &AppModel::settingsChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::layoutsChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::unregisteredChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::accessibilityTrustedChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::competitorsChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::updateStatusChanged, this, &MenuBoard::rebuildMenu);
-    connect(&m_model, &AppModel::lookChanged, this, &MenuBoard::rebuildMenu);
-    connect(&Platform::current().displays(), &Displays::changed, this, &MenuBoard::rebuildMenu);
+    connect(&m_model, &AppModel::settingsChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::layoutsChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::unregisteredChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::accessibilityTrustedChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::competitorsChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::updateStatusChanged, this, &StatusMenus::rebuildMenu);
+    connect(&m_model, &AppModel::lookChanged, this, &StatusMenus::rebuildMenu);
+    connect(&Platform::current().displays(), &Displays::changed, this, &StatusMenus::rebuildMenu);
     rebuildMenu();
 }
 
-void MenuBoard::rebuildMenu()
+void StatusMenus::rebuildMenu()
 {
     m_isStale = true;
     if (std::exchange(m_isFillPending, true))
         return;
-    QMetaObject::invokeMethod(this, &MenuBoard::fill, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &StatusMenus::fill, Qt::QueuedConnection);
 }
 
-void MenuBoard::popUp()
+void StatusMenus::popUp()
 {
     m_item.popUp();
 }
 
-void MenuBoard::prepareToOpen()
+void StatusMenus::prepareToOpen()
 {
     m_model.refreshTrust();
     m_model.refreshCompetitors();
@@ -60,7 +60,7 @@ void MenuBoard::prepareToOpen()
     fill();
 }
 
-void MenuBoard::fill()
+void StatusMenus::fill()
 {
     m_isFillPending = false;
     if (!m_isStale)
@@ -77,7 +77,7 @@ void MenuBoard::fill()
     m_item.setVisible(m_model.settings().showMenuBarIcon);
 }
 
-void MenuBoard::refreshStatusIcon(StatusIcon::Form form)
+void StatusMenus::refreshStatusIcon(StatusIcon::Form form)
 {
     DesktopLook panel = m_model.look;
     panel.isDark = panel.isDark || Platform::current().ownWindows().tray().isDark;
