@@ -1,10 +1,10 @@
 #include "ShortcutRegistrar.h"
 
 #include "FlightRecorder.h"
-#include "HotKeys.h"
 #include "KeyCaps.h"
 #include "Match.h"
 #include "OneLine.h"
+#include "Platform.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -26,11 +26,35 @@ QString rawName(const ShortcutOwner &owner, const AppModel &model)
         });
 }
 
+quint32 hotKeyModifiers(quint64 flags)
+{
+    quint32 modifiers = 0;
+    if (flags & KeyCombo::command)
+        modifiers |= HotKeys::cmdKey;
+    if (flags & KeyCombo::option)
+        modifiers |= HotKeys::optionKey;
+    if (flags & KeyCombo::control)
+        modifiers |= HotKeys::controlKey;
+    if (flags & KeyCombo::shift)
+        modifiers |= HotKeys::shiftKey;
+    return modifiers;
+}
+
 } // namespace
+
+ShortcutRegistrar::ShortcutRegistrar(AppModel &model) : m_model(model)
+{
+    connect(&Platform::current().hotKeys(), &HotKeys::pressed, this, &ShortcutRegistrar::press);
+}
+
+ShortcutRegistrar::~ShortcutRegistrar()
+{
+    unregisterAll();
+}
 
 QString ShortcutRegistrar::registerAll()
 {
-    m_hotKeys.clear();
+    unregisterAll();
     if (m_model.isRecording())
         return u"no hot key while a shortcut is recorded"_s;
     QList<Refusal> refusals;
@@ -48,7 +72,7 @@ QString ShortcutRegistrar::registerAll()
     }
     m_model.unregistered = refused;
     tell(refusals);
-    const qsizetype registered = qsizetype(m_hotKeys.size());
+    const qsizetype registered = m_owners.size();
     QString line = u"%1 of %2 hot keys registered"_s.arg(registered).arg(registered + names.size());
     if (!names.isEmpty())
         line += QCoreApplication::translate("Shortcuts", "; refused by macOS or another app: ")
@@ -57,15 +81,27 @@ QString ShortcutRegistrar::registerAll()
     return line;
 }
 
+void ShortcutRegistrar::unregisterAll()
+{
+    for (const quint32 id : std::exchange(m_owners, {}).keys())
+        Platform::current().hotKeys().unregisterHotKey(id);
+}
+
 void ShortcutRegistrar::registerOne(
     const KeyCombo &combo, const ShortcutOwner &owner, QList<Refusal> &refusals)
 {
-    auto hotKey =
-        std::make_unique<HotKey>(combo.keyCode, combo.modifiers, [this, owner] { press(owner); });
-    if (hotKey->isRegistered())
-        m_hotKeys.push_back(std::move(hotKey));
-    else
-        refusals << Refusal{owner, combo, hotKey->status()};
+    // No id is used twice, so that a press which is still on its way does nothing new.
+    const quint32 id = ++m_lastId;
+    const qint32 status = Platform::current().hotKeys().registerHotKey(
+        id, combo.keyCode, hotKeyModifiers(combo.modifiers));
+    if (status == HotKeys::noErr) {
+        m_owners.insert(id, owner);
+        return;
+    }
+    FlightRecorder::shared().record(u"hotkey"_s,
+        u"Corvane: could not register hotkey (code %1): OSStatus %2"_s.arg(combo.keyCode)
+            .arg(status));
+    refusals << Refusal{owner, combo, status};
 }
 
 QString ShortcutRegistrar::sentence(const Refusal &refusal) const
@@ -98,8 +134,13 @@ void ShortcutRegistrar::tell(const QList<Refusal> &refusals)
     m_told = sentences;
 }
 
-void ShortcutRegistrar::press(const ShortcutOwner &owner) const
+void ShortcutRegistrar::press(quint32 id) const
 {
+    const auto pressed = m_owners.constFind(id);
+    if (pressed == m_owners.cend())
+        return;
+    // What is called may register the whole set afresh.
+    const ShortcutOwner owner = *pressed;
     match(
         owner.value, [this](Placement placement) { onPlacement(placement); },
         [this](const QUuid &layout) { onLayout(layout); });

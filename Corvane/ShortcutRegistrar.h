@@ -1,42 +1,44 @@
 #pragma once
 
 #include "AppModel.h"
-#include "HotKey.h"
-
-#include <memory>
-#include <vector>
 
 namespace corvane {
 
-/// Keeps the model's shortcuts registered as system-wide hot keys.
-class ShortcutRegistrar final
+/// Registers the model's shortcuts as system-wide hot keys, for as long as the object lives, and calls
+/// back when one is pressed. Main thread only.
+class ShortcutRegistrar final : public QObject
 {
+    Q_OBJECT
+
 public:
-    explicit ShortcutRegistrar(AppModel &model) : m_model(model) { }
+    explicit ShortcutRegistrar(AppModel &model);
+    ~ShortcutRegistrar() override;
 
     std::function<void(Placement)> onPlacement;
     std::function<void(const QUuid &)> onLayout;
 
-    /// Registers the whole set afresh and tells the model which were refused, and the terminal why, each
-    /// time once for as long as it stays refused. None while the model records keys, which are to do
-    /// nothing else then. One line that says how it went.
+    /// Registers the whole set afresh, and returns one line that says how it went. The model is told
+    /// which shortcuts were refused, and the terminal why, once for as long as each stays refused.
+    /// While the model records keys none is registered, since they are to do nothing else then.
     QString registerAll();
 
 private:
     struct Refusal {
         ShortcutOwner owner;
         KeyCombo combo;
-        qint32 status;
+        qint32 status; ///< see `HotKeys`
     };
 
+    void unregisterAll();
     void registerOne(const KeyCombo &combo, const ShortcutOwner &owner, QList<Refusal> &refusals);
     [[nodiscard]] QString sentence(const Refusal &refusal) const;
     void tell(const QList<Refusal> &refusals);
-    void press(const ShortcutOwner &owner) const;
+    void press(quint32 id) const;
 
     AppModel &m_model;
-    std::vector<std::unique_ptr<HotKey>> m_hotKeys;
-    QStringList m_told; ///< of those that are refused now
+    QHash<quint32, ShortcutOwner> m_owners; ///< of the registered hot keys, by their ids
+    quint32 m_lastId = 0;
+    QStringList m_told; ///< the sentences about those that are refused now
 };
 
 } // namespace corvane
