@@ -385,7 +385,7 @@
     </message>
 </context>
 <context>
-    <name>MenuRows</name>
+    <name>MenuRow</name>
     <message>
         <source>%1 (%2)</source>
         <translation type="unfinished"></translation>

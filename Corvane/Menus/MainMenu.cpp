@@ -21,7 +21,7 @@ QString translated(const char *text)
     return QCoreApplication::translate("MainMenu", text);
 }
 
-/// As `KeyCombo::parts` has them.
+/// The keys as `KeyCombo::parts` has them.
 QStringList parts(QKeyCombination keys)
 {
     QStringList parts;
@@ -34,7 +34,7 @@ QStringList parts(QKeyCombination keys)
     return parts << QKeySequence(keys.key()).toString();
 }
 
-/// Text fields have no slot for it, only its key.
+/// Presses the Delete key, since text fields have no slot that deletes.
 void deleteSelection()
 {
     QWidget *focus = QApplication::focusWidget();
@@ -80,13 +80,13 @@ QMenu *Builder::addMenu(const QString &title)
     return menu;
 }
 
-// A row's shortcut is its own object: as the action's, a menu would make room for its text.
+// The shortcut is an object of its own: the menu would leave room for the text of an action's.
 void Builder::add(QMenu &menu, const char *title, std::function<void()> perform,
     std::optional<QKeyCombination> keys)
 {
-    MenuRows::Row row{.title = translated(title)};
+    MenuRow row{.title = translated(title)};
     if (keys)
-        row.trailing.value = MenuRows::Trailing::Keys{parts(*keys)};
+        row.keys = parts(*keys);
     QAction *action = m_rows.add(menu, row, std::move(perform));
     if (keys) {
         auto *shortcut = new QShortcut(QKeySequence(*keys), &m_bar);

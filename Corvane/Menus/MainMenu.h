@@ -8,10 +8,11 @@
 
 #include <memory>
 
-/// The application's menus, for the windows that it shows while task bars list it.
+/// The menu bar of the program's windows, for the time that task bars list them.
 namespace corvane::MainMenu {
 
-/// For one window, after which the rows' shortcuts work in it. `rows` outlives the bar.
+/// Makes the bar of one window. The rows' shortcuts work in the window that the bar is put into.
+/// `rows` outlives the bar.
 [[nodiscard]] std::unique_ptr<QMenuBar> build(
     MenuRows &rows, const MenuTarget &target, const AppModel &model);
 

@@ -3,6 +3,7 @@
 #include "CorvaneMark.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/QAction>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
@@ -42,6 +43,14 @@ struct Measures {
 MenuHeader MenuHeader::of(const AppModel &model)
 {
     return {AppStatus::line(model), AppStatus::tone(model)};
+}
+
+std::optional<MenuHeader> MenuHeader::of(const QAction &action)
+{
+    const QVariant data = action.data();
+    if (data.metaType() != QMetaType::fromType<MenuHeader>())
+        return std::nullopt;
+    return data.value<MenuHeader>();
 }
 
 QString MenuHeader::productName()

@@ -10,12 +10,16 @@ namespace corvane::MenuParts {
 
 using namespace Qt::StringLiterals;
 
-using Row = MenuRows::Row;
-using Trailing = MenuRows::Trailing;
-
 namespace {
 
-Row layoutRow(
+QStringList keys(
+    const AppModel &model, const ShortcutOwner &owner, const std::optional<KeyCombo> &combo)
+{
+    const bool works = combo && !model.unregistered.value().contains(owner);
+    return works ? combo->parts() : QStringList();
+}
+
+MenuRow layoutRow(
     const WindowLayout &layout, const QList<DisplayKey> &connected, const Board::Palette &palette)
 {
     if (layout.matches(connected))
@@ -23,27 +27,18 @@ Row layoutRow(
     return {.title = oneLine(layout.name),
         .symbol = u"display.trianglebadge.exclamationmark"_s,
         .symbolColors = Symbol::Colors{palette.muted, palette.attention},
-        .spokenTrailing =
-            QCoreApplication::translate("Menu", "made for displays that are not connected")};
+        .remark = QCoreApplication::translate("Menu", "made for displays that are not connected")};
 }
 
 } // namespace
 
-Trailing trailing(
-    const AppModel &model, const ShortcutOwner &owner, const std::optional<KeyCombo> &combo)
-{
-    if (!combo || model.unregistered.value().contains(owner))
-        return {};
-    return {Trailing::Keys{combo->parts()}};
-}
-
 void addPlacement(MenuRows &rows, QMenu &menu, Placement placement, const AppModel &model,
     const MenuTarget &target, Shortcuts shortcuts)
 {
-    Row row{.title = title(placement), .image = placement};
+    MenuRow row{.title = title(placement), .image = placement};
     const auto combo = model.settings().shortcuts.constFind(placement);
     if (shortcuts == Shortcuts::shown && combo != model.settings().shortcuts.cend())
-        row.trailing = trailing(model, {placement}, *combo);
+        row.keys = keys(model, {placement}, *combo);
     rows.add(menu, row, [perform = target.perform, placement] { perform(placement); });
 }
 
@@ -52,13 +47,9 @@ void addLayouts(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTa
 {
     const QList<DisplayKey> connected = Screens::signature();
     for (const WindowLayout &layout : model.layouts()) {
-        Row row = layoutRow(layout, connected, rows.palette());
+        MenuRow row = layoutRow(layout, connected, rows.palette());
         if (shortcuts == Shortcuts::shown)
-            row.trailing = trailing(model, {layout.id}, layout.shortcut);
-        if (row.spokenTrailing) {
-            if (const auto *keys = std::get_if<Trailing::Keys>(&row.trailing.value))
-                *row.spokenTrailing += u", "_s + KeyCaps::spoken(keys->parts);
-        }
+            row.keys = keys(model, {layout.id}, layout.shortcut);
         rows.add(menu, row, [apply = target.applyLayout, layout] { apply(layout); });
     }
 }

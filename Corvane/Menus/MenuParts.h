@@ -7,17 +7,16 @@
 /// Rows that the status menu and the main menu share.
 namespace corvane::MenuParts {
 
+/// Whether rows show the key caps of their shortcuts. Those of a shortcut that the system did not give
+/// us are never shown.
 enum class Shortcuts {
     shown,
     hidden,
 };
 
-/// None for a shortcut that is not set, or that the system did not give us.
-[[nodiscard]] MenuRows::Trailing trailing(
-    const AppModel &model, const ShortcutOwner &owner, const std::optional<KeyCombo> &combo);
-
 void addPlacement(MenuRows &rows, QMenu &menu, Placement placement, const AppModel &model,
     const MenuTarget &target, Shortcuts shortcuts);
+/// Adds a row for each layout.
 void addLayouts(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTarget &target,
     Shortcuts shortcuts);
 void addCapture(MenuRows &rows, QMenu &menu, const MenuTarget &target);

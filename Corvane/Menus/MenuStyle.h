@@ -2,23 +2,16 @@
 
 #include <QtWidgets/QCommonStyle>
 
-class QMenu;
-
 namespace corvane {
 
-class MenuRows;
+class RowMenu;
 
-/// Draws `RowMenu`s. Behaviour that a menu asks of a style is as on any Linux desktop.
+/// Draws every `RowMenu`. What a menu asks of its style beside drawing is as on any Linux desktop.
 class MenuStyle final : public QCommonStyle
 {
     Q_OBJECT
 
 public:
-    explicit MenuStyle(const MenuRows &rows) : m_rows(rows) { }
-
-    /// In points.
-    [[nodiscard]] static int cornerRadius();
-
     using QCommonStyle::polish;
     void polish(QWidget *widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -31,13 +24,6 @@ public:
         PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
         QStyleHintReturn *answer) const override;
-
-private:
-    void drawPanel(QPainter &painter, const QRectF &rect, const QWidget &menu) const;
-    void drawRow(const QStyleOption &option, QPainter &painter, const QWidget &widget) const;
-    void drawScroller(const QStyleOption &option, QPainter &painter) const;
-
-    const MenuRows &m_rows;
 };
 
 } // namespace corvane

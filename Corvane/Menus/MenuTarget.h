@@ -30,7 +30,7 @@ struct MenuTarget {
     std::function<void()> showAll;
     std::function<void()> quit;
 
-    std::function<void()> undo; ///< where no text field has the focus
+    std::function<void()> undo; ///< what Undo does where no text field has the focus
     std::function<void()> redo;
 };
 

@@ -9,7 +9,7 @@ namespace corvane {
 
 using namespace std::chrono_literals;
 
-PopupGrab::PopupGrab(QObject *parent) : QObject(parent)
+PopupGrab::PopupGrab()
 {
     m_retry.setSingleShot(true);
     m_retry.setInterval(15ms);

@@ -8,17 +8,17 @@ class QMenu;
 
 namespace corvane {
 
-/// Sees to it that an open menu holds the pointer and the keyboard. Another program may still have
-/// one of them when the menu opens: a panel until the mouse button is up, a window manager until the
-/// keys of its shortcut are.
+/// Has an open menu hold the pointer and the keyboard. Another program may still have one of them when
+/// the menu opens: a panel until the mouse button is up, a window manager until the keys of its
+/// shortcut are.
 class PopupGrab final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit PopupGrab(QObject *parent = nullptr);
+    PopupGrab();
 
-    /// For a menu that has just opened. One that gets nothing for three seconds closes, since
+    /// Tries, from when the menu has opened. A menu that gets nothing for three seconds closes, since
     /// neither a click elsewhere nor Escape could close it.
     void hold(QMenu &menu);
 

@@ -1,7 +1,7 @@
 #include "RowDrawing.h"
 
 #include "DevicePixels.h"
-#include "Match.h"
+#include "MenuHeader.h"
 #include "PlacementIcon.h"
 
 #include <QtGui/QFontMetricsF>
@@ -15,87 +15,95 @@ namespace corvane::RowDrawing {
 
 namespace {
 
-using Row = MenuRows::Row;
-using Style = MenuRows::Style;
-using Trailing = MenuRows::Trailing;
-
-constexpr double fieldInset = 5; // drawn lengths, as all below
+// Lengths as drawn for text of 13 pixels.
+constexpr double fieldInset = 5;
 constexpr double rowInset = 14;
 constexpr double rowHeight = 28;
+constexpr double separatorHeight = 13;
 constexpr double symbolSize = 16;
 constexpr double pictureWidth = 20;
 constexpr double pictureHeight = 16;
-constexpr double trailingGap = 28; // at least, behind the title
+constexpr double trailingGap = 28; // is the least between the title and the row's end
 constexpr double longestTitle = 340;
 constexpr double chevronWidth = 5;
 constexpr double chevronHeight = 9;
-
-QFont titleFont(const Row &row, const Style &style)
-{
-    QFont font = style.titleFont;
-    if (row.bold)
-        font.setWeight(QFont::DemiBold);
-    return font;
-}
 
 double textWidth(const QFont &font, const QString &text)
 {
     return std::ceil(QFontMetricsF(font).horizontalAdvance(text));
 }
 
-QSizeF trailingSize(const Row &row, const Style &style, Kind kind)
+QFont subtitleFont()
+{
+    return Board::font(Board::Type::secondary);
+}
+
+QSizeF trailingSize(const MenuRow &row, const RowLook &look, Kind kind)
 {
     if (kind == Kind::submenu)
         return QSizeF(Board::length(chevronWidth), Board::length(chevronHeight));
-    return match(
-        row.trailing.value, [](Trailing::None) { return QSizeF(); },
-        [&](const Trailing::Keys &keys) { return keyCaps(keys.parts, style).size(); },
-        [&](const Trailing::Text &text) {
-            return QSizeF(textWidth(style.trailingFont, text.text),
-                QFontMetricsF(style.trailingFont).height());
-        });
+    return row.keys.isEmpty() ? QSizeF() : KeyCaps(row.keys, look.keyCaps).size();
 }
 
-double textColumnWidth(const Row &row, const Style &style)
+double textColumnWidth(const MenuRow &row, const RowLook &look)
 {
-    const QFont subtitle = Board::font(Board::Type::secondary);
-    const double width = std::max(textWidth(titleFont(row, style), row.title),
-        row.subtitle ? textWidth(subtitle, *row.subtitle) : 0);
+    const double width = std::max(textWidth(look.titleFont, row.title),
+        row.subtitle ? textWidth(subtitleFont(), *row.subtitle) : 0);
     return std::min<double>(width, Board::length(longestTitle));
 }
 
-/// Capitals in the middle of the rectangle, which is what the eye takes for the text's middle.
+QSizeF rowSize(const MenuRow &row, const RowLook &look, Kind kind)
+{
+    const double trailing = trailingSize(row, look, kind).width();
+    const double width = 2 * margin() + look.iconSlot + look.gap + textColumnWidth(row, look)
+        + (trailing > 0 ? Board::length(trailingGap) + trailing : 0);
+    double text = QFontMetricsF(look.titleFont).height();
+    if (row.subtitle)
+        text += QFontMetricsF(subtitleFont()).height();
+    const double content = std::max(text + Board::length(2), look.keyCaps.height);
+    return {
+        width, std::max<double>(Board::length(rowHeight), std::ceil(content) + Board::length(8))};
+}
+
+QSizeF headerSize(const MenuHeader &header)
+{
+    return header.size() + QSizeF(2 * margin(), 2.0 * Board::length(8));
+}
+
+/// Where the text stands so that its capitals, which the eye takes for its middle, are in the middle of
+/// the rectangle.
 double baseline(const QFont &font, const QRectF &rect)
 {
     return std::round(rect.center().y() + QFontMetricsF(font).capHeight() / 2);
 }
 
 void drawText(QPainter &painter, const QFont &font, const QColor &color, const QRectF &rect,
-    const QString &text, double y)
+    const QString &text)
 {
     painter.setFont(font);
     painter.setPen(color);
-    painter.drawText(QPointF(rect.left(), y),
+    painter.drawText(QPointF(rect.left(), baseline(font, rect)),
         QFontMetricsF(font).elidedText(text, Qt::ElideMiddle, rect.width() + 1));
 }
 
+/// The colours of one row's parts.
 struct Inks {
     QColor title;
     QColor subtitle;
     Symbol::Colors symbol;
     PlacementIcon::Colors picture;
-    QColor trailing;
+    QColor chevron;
     KeyCaps::Form caps = KeyCaps::Form::plain;
 };
 
-Inks inks(const Row &row, const Board::Palette &palette, State state)
+Inks inks(const MenuRow &row, const Board::Palette &palette, bool isEnabled, State state)
 {
     using Form = PlacementIcon::Form;
-    if (!state.isEnabled) {
+    if (!isEnabled) {
         return {palette.faint, palette.faint, {palette.faint},
             PlacementIcon::colors(palette, Form::dimmed), palette.faint, KeyCaps::Form::dimmed};
     }
-    if (state.isLit) {
+    if (state == State::lit) {
         return {palette.onAccent, palette.onAccent, {palette.onAccent},
             PlacementIcon::colors(palette, Form::lit), palette.onAccent, KeyCaps::Form::lit};
     }
@@ -106,7 +114,7 @@ Inks inks(const Row &row, const Board::Palette &palette, State state)
         palette.muted, KeyCaps::Form::plain};
 }
 
-void paintIcon(QPainter &painter, const QRectF &slot, const Row &row, const Inks &ink)
+void paintIcon(QPainter &painter, const QRectF &slot, const MenuRow &row, const Inks &ink)
 {
     const auto within = [&](double width, double height) {
         const QSizeF size(Board::length(width), Board::length(height));
@@ -130,22 +138,6 @@ void paintChevron(QPainter &painter, const QRectF &rect, const QColor &color)
     painter.restore();
 }
 
-void paintTrailing(QPainter &painter, const QRectF &rect, const Row &row, const Style &style,
-    const Board::Palette &palette, const Inks &ink, Kind kind)
-{
-    if (kind == Kind::submenu)
-        return paintChevron(painter, rect, ink.trailing);
-    match(
-        row.trailing.value, [](Trailing::None) {},
-        [&](const Trailing::Keys &keys) {
-            keyCaps(keys.parts, style).paint(painter, rect.topLeft(), palette, ink.caps);
-        },
-        [&](const Trailing::Text &text) {
-            drawText(painter, style.trailingFont, ink.trailing, rect, text.text,
-                baseline(style.trailingFont, rect));
-        });
-}
-
 void paintField(QPainter &painter, const QRectF &field, const Board::Palette &palette)
 {
     const double radius = Board::length(6);
@@ -163,6 +155,38 @@ QRectF fieldOf(const QRectF &rect)
     return rect.adjusted(inset, 0, -inset, 0);
 }
 
+void paintRow(
+    QPainter &painter, const QRectF &rect, const QAction &action, const RowLook &look, State state)
+{
+    const MenuRow row = MenuRow::of(action).value_or(MenuRow{});
+    const Kind kind = kindOf(action);
+    const Places at = places(rect, row, look, kind);
+    const Inks ink = inks(row, look.palette, action.isEnabled(), state);
+    if (state == State::lit && action.isEnabled())
+        paintField(painter, at.field, look.palette);
+    paintIcon(painter, at.icon, row, ink);
+    drawText(painter, look.titleFont, ink.title, at.title, row.title);
+    if (row.subtitle)
+        drawText(painter, subtitleFont(), ink.subtitle, at.subtitle, *row.subtitle);
+    if (kind == Kind::submenu)
+        paintChevron(painter, at.trailing, ink.chevron);
+    else if (!row.keys.isEmpty())
+        KeyCaps(row.keys, look.keyCaps)
+            .paint(painter, at.trailing.topLeft(), look.palette, ink.caps);
+}
+
+void paintHeader(QPainter &painter, const QRectF &rect, const MenuHeader &header,
+    const Board::Palette &palette, State state)
+{
+    Board::Palette shown = palette;
+    if (state == State::lit) {
+        paintField(painter, fieldOf(rect), palette);
+        shown.fore = shown.ready = shown.attention = palette.onAccent;
+        std::swap(shown.accent, shown.onAccent);
+    }
+    header.paint(painter, rect.adjusted(margin(), 0, -margin(), 0), shown);
+}
+
 } // namespace
 
 Kind kindOf(const QAction &action)
@@ -170,64 +194,25 @@ Kind kindOf(const QAction &action)
     return action.menu<QMenu *>() ? Kind::submenu : Kind::action;
 }
 
-QSizeF size(const Row &row, const Style &style, Kind kind)
-{
-    const double trailing = trailingSize(row, style, kind).width();
-    const double width = 2 * margin() + style.iconSlot + style.gap + textColumnWidth(row, style)
-        + (trailing > 0 ? Board::length(trailingGap) + trailing : 0);
-    double text = QFontMetricsF(style.titleFont).height();
-    if (row.subtitle)
-        text += QFontMetricsF(Board::font(Board::Type::secondary)).height();
-    const double content = std::max(text + Board::length(2), style.capHeight);
-    return {
-        width, std::max<double>(Board::length(rowHeight), std::ceil(content) + Board::length(8))};
-}
-
-QSizeF headerSize(const MenuHeader &header)
-{
-    return header.size() + QSizeF(2 * margin(), 2.0 * Board::length(8));
-}
-
-double separatorHeight()
-{
-    return Board::length(13);
-}
-
-double margin()
-{
-    return Board::length(rowInset);
-}
-
-KeyCaps keyCaps(const QStringList &parts, const Style &style)
-{
-    KeyCapStyle caps = KeyCapStyle::ofHeight(20);
-    caps.height = style.capHeight;
-    caps.gap = style.capGap;
-    caps.cornerRadius = style.capCornerRadius;
-    caps.glyphFont = style.glyphFont;
-    caps.nameFont = style.nameFont;
-    return {parts, caps};
-}
-
-Places places(const QRectF &rect, const Row &row, const Style &style, Kind kind)
+Places places(const QRectF &rect, const MenuRow &row, const RowLook &look, Kind kind)
 {
     Places places;
     places.field = fieldOf(rect);
     const double left = rect.left() + margin();
     const double right = rect.right() - margin();
-    places.icon = QRectF(left, rect.top(), style.iconSlot, rect.height());
-    const QSizeF trailing = trailingSize(row, style, kind);
+    places.icon = QRectF(left, rect.top(), look.iconSlot, rect.height());
+    const QSizeF trailing = trailingSize(row, look, kind);
     double textRight = right;
     if (!trailing.isEmpty()) {
         const double top = std::round(rect.center().y() - trailing.height() / 2);
         places.trailing = QRectF(QPointF(right - trailing.width(), top), trailing);
         textRight = places.trailing.left() - Board::length(trailingGap);
     }
-    const double textLeft = places.icon.right() + style.gap;
-    const double titleHeight = QFontMetricsF(style.titleFont).height();
+    const double textLeft = places.icon.right() + look.gap;
+    const double titleHeight = QFontMetricsF(look.titleFont).height();
     places.title = QRectF(textLeft, rect.top(), textRight - textLeft, rect.height());
     if (row.subtitle) {
-        const double height = QFontMetricsF(Board::font(Board::Type::secondary)).height();
+        const double height = QFontMetricsF(subtitleFont()).height();
         const double top = rect.center().y() - (titleHeight + height) / 2;
         places.title = QRectF(textLeft, top, textRight - textLeft, titleHeight);
         places.subtitle = places.title.translated(0, titleHeight);
@@ -236,39 +221,34 @@ Places places(const QRectF &rect, const Row &row, const Style &style, Kind kind)
     return places;
 }
 
-void paint(QPainter &painter, const QRectF &rect, const Row &row, const Style &style,
-    const Board::Palette &palette, State state)
+QSizeF size(const QAction &action, const RowLook &look)
 {
-    const Places at = places(rect, row, style, state.kind);
-    const Inks ink = inks(row, palette, state);
-    if (state.isLit && state.isEnabled)
-        paintField(painter, at.field, palette);
-    paintIcon(painter, at.icon, row, ink);
-    const QFont title = titleFont(row, style);
-    drawText(painter, title, ink.title, at.title, row.title, baseline(title, at.title));
-    if (row.subtitle) {
-        const QFont subtitle = Board::font(Board::Type::secondary);
-        drawText(painter, subtitle, ink.subtitle, at.subtitle, *row.subtitle,
-            baseline(subtitle, at.subtitle));
-    }
-    paintTrailing(painter, at.trailing, row, style, palette, ink, state.kind);
+    if (action.isSeparator())
+        return {0.0, double(Board::length(separatorHeight))};
+    if (const auto header = MenuHeader::of(action))
+        return headerSize(*header);
+    return rowSize(MenuRow::of(action).value_or(MenuRow{}), look, kindOf(action));
 }
 
-void paintHeader(QPainter &painter, const QRectF &rect, const MenuHeader &header,
-    const Board::Palette &palette, bool isLit)
+double margin()
 {
-    Board::Palette shown = palette;
-    if (isLit) {
-        paintField(painter, fieldOf(rect), palette);
-        shown.fore = shown.ready = shown.attention = palette.onAccent;
-        std::swap(shown.accent, shown.onAccent);
-    }
-    header.paint(painter, rect.adjusted(margin(), 0, -margin(), 0), shown);
+    return Board::length(rowInset);
 }
 
-void paintSeparator(QPainter &painter, const QRectF &rect, const Board::Palette &palette)
+int cornerRadius()
 {
-    drawRule(painter, rect.adjusted(margin(), 0, -margin(), 0), palette.hairline);
+    return Board::length(10);
+}
+
+void paint(
+    QPainter &painter, const QRectF &rect, const QAction &action, const RowLook &look, State state)
+{
+    if (action.isSeparator())
+        drawRule(painter, rect.adjusted(margin(), 0, -margin(), 0), look.palette.hairline);
+    else if (const auto header = MenuHeader::of(action))
+        paintHeader(painter, rect, *header, look.palette, state);
+    else
+        paintRow(painter, rect, action, look, state);
 }
 
 } // namespace corvane::RowDrawing

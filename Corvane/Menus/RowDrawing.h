@@ -1,10 +1,15 @@
 #pragma once
 
-#include "MenuRows.h"
+#include "MenuRow.h"
+#include "RowLook.h"
 
-/// One row of a menu: where its parts stand and how they look.
+class QPainter;
+
+/// How large a row of a menu is, where its parts stand, and how it is painted. A row is an action that
+/// holds a `MenuRow` or the `MenuHeader`, or a separator.
 namespace corvane::RowDrawing {
 
+/// What stands at the row's end: its key caps, or a submenu's arrow.
 enum class Kind {
     action,
     submenu,
@@ -12,36 +17,30 @@ enum class Kind {
 
 [[nodiscard]] Kind kindOf(const QAction &action);
 
-struct State {
-    Kind kind = Kind::action;
-    bool isLit = false;
-    bool isEnabled = true;
-};
-
-/// Rectangles of a row's parts, null for those that it has not.
+/// The rectangles of a row's parts. That of a part which the row lacks is null.
 struct Places {
-    QRectF field; ///< filled while the row is lit
+    QRectF field; ///< is filled while the row is lit
     QRectF icon;
     QRectF title;
     QRectF subtitle;
     QRectF trailing;
 };
 
-/// Of a row that shows everything, margins included.
-[[nodiscard]] QSizeF size(const MenuRows::Row &row, const MenuRows::Style &style, Kind kind);
-[[nodiscard]] QSizeF headerSize(const MenuHeader &header);
-[[nodiscard]] double separatorHeight();
-/// From the menu's edge to the trailing column.
+[[nodiscard]] Places places(const QRectF &rect, const MenuRow &row, const RowLook &look, Kind kind);
+
+/// The row's size where nothing of it is cut off, margins included. The width of a separator is 0.
+[[nodiscard]] QSizeF size(const QAction &action, const RowLook &look);
+/// From the menu's edge to the trailing column, in points.
 [[nodiscard]] double margin();
+/// Of the menu itself, in points.
+[[nodiscard]] int cornerRadius();
 
-[[nodiscard]] Places places(
-    const QRectF &rect, const MenuRows::Row &row, const MenuRows::Style &style, Kind kind);
-[[nodiscard]] KeyCaps keyCaps(const QStringList &parts, const MenuRows::Style &style);
+enum class State {
+    idle,
+    lit, ///< is the one that would be chosen
+};
 
-void paint(QPainter &painter, const QRectF &rect, const MenuRows::Row &row,
-    const MenuRows::Style &style, const Board::Palette &palette, State state);
-void paintHeader(QPainter &painter, const QRectF &rect, const MenuHeader &header,
-    const Board::Palette &palette, bool isLit);
-void paintSeparator(QPainter &painter, const QRectF &rect, const Board::Palette &palette);
+void paint(
+    QPainter &painter, const QRectF &rect, const QAction &action, const RowLook &look, State state);
 
 } // namespace corvane::RowDrawing

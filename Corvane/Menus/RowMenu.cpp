@@ -1,7 +1,8 @@
 #include "RowMenu.h"
 
-#include "MenuRows.h"
+#include "MenuRow.h"
 #include "Platform.h"
+#include "RowDrawing.h"
 
 #include <QtGui/QBitmap>
 #include <QtGui/QKeyEvent>
@@ -9,12 +10,13 @@
 #include <QtWidgets/QStyleOptionMenuItem>
 
 #include <algorithm>
+#include <cmath>
 
 namespace corvane {
 
 namespace {
 
-constexpr int typingPause = 1000; // milliseconds; then the next letter begins a new word
+constexpr int typingPause = 1000; // milliseconds, after which a letter begins a new word
 
 bool begins(const QString &title, const QString &typed)
 {
@@ -23,16 +25,32 @@ bool begins(const QString &title, const QString &typed)
 
 } // namespace
 
-RowMenu::RowMenu(MenuRows &rows, QWidget *parent) : QMenu(parent), m_rows(rows)
+RowMenu::RowMenu(const RowLook &look, QWidget *parent) : QMenu(parent), m_look(look)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
 }
 
+void RowMenu::layoutRows(const RowLook &look, double minimumWidth)
+{
+    const QList<QAction *> all = actions();
+    const bool hasIcons = std::ranges::any_of(all, [](const QAction *action) {
+        const auto row = MenuRow::of(*action);
+        return row && row->hasIcon();
+    });
+    m_look = hasIcons ? look : look.withoutIcons();
+    double width = minimumWidth;
+    for (const QAction *action : all) {
+        if (!action->isSeparator())
+            width = std::max(width, RowDrawing::size(*action, m_look).width());
+    }
+    m_columnEnd = std::ceil(width) - RowDrawing::margin();
+}
+
 void RowMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *action) const
 {
     QMenu::initStyleOption(option, action);
-    // The style finds the row by it; it changes nothing there.
+    // `MenuStyle`, which is told of no action, finds it here.
     option->styleObject = const_cast<QAction *>(action);
 }
 
@@ -49,12 +67,6 @@ void RowMenu::resizeEvent(QResizeEvent *event)
     cutCorners();
 }
 
-void RowMenu::paintEvent(QPaintEvent *event)
-{
-    m_rows.lit = activeAction();
-    QMenu::paintEvent(event);
-}
-
 void RowMenu::cutCorners()
 {
     if (m_isTranslucent)
@@ -64,12 +76,12 @@ void RowMenu::cutCorners()
     QPainter painter(&shape);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(rect(), MenuStyle::cornerRadius(), MenuStyle::cornerRadius());
+    painter.drawRoundedRect(rect(), RowDrawing::cornerRadius(), RowDrawing::cornerRadius());
     painter.end();
     setMask(shape);
 }
 
-// A space that belongs to no title chooses the row, as anywhere.
+// A space chooses the row, as in any menu, unless it goes on with a title.
 void RowMenu::keyPressEvent(QKeyEvent *event)
 {
     const QString letter = event->text();
@@ -91,8 +103,8 @@ void RowMenu::timerEvent(QTimerEvent *event)
     m_typed.clear();
 }
 
-// One letter, also when typed again and again, goes on to the next row that begins so; more letters
-// may stay where they are.
+// A letter, also when it is typed again and again, goes on to the next row that begins with it. A longer
+// text may stay on the row that it has reached.
 QAction *RowMenu::rowBeginning(const QString &typed) const
 {
     const QList<QAction *> all = actions();
@@ -102,7 +114,8 @@ QAction *RowMenu::rowBeginning(const QString &typed) const
     const qsizetype start = all.indexOf(activeAction()) + (isOneLetter ? 1 : 0);
     for (qsizetype i = 0; i < all.size(); ++i) {
         QAction *row = all[(std::max<qsizetype>(start, 0) + i) % all.size()];
-        if (row->isEnabled() && begins(m_rows.rows.value(row).title, wanted))
+        const auto shown = MenuRow::of(*row);
+        if (row->isEnabled() && shown && begins(shown->title, wanted))
             return row;
     }
     return nullptr;

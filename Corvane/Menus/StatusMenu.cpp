@@ -11,8 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double minimumWidth = 300; // drawn length
+constexpr double minimumWidth = 300; // as drawn for text of 13 pixels
 
+/// A group of placements that is a submenu, and the placement whose picture stands for it.
 struct GroupRow {
     PlacementGroup group;
     Placement picture;
@@ -54,7 +55,6 @@ void StatusMenu::fill()
 
 void StatusMenu::refreshFlags()
 {
-    const bool neededAttention = needsAttention();
     for (QAction *flag : std::as_const(m_flags))
         MenuRows::remove(*m_menu, *flag);
     m_flags.clear();
@@ -63,8 +63,6 @@ void StatusMenu::refreshFlags()
     if (needsAttention())
         m_flags << m_menu->insertSeparator(m_afterFlags);
     m_rows.layoutRows(*m_menu, Board::length(minimumWidth));
-    if (needsAttention() != neededAttention)
-        Q_EMIT needsAttentionChanged(needsAttention());
 }
 
 void StatusMenu::addFlags()
@@ -92,12 +90,12 @@ void StatusMenu::addFlags()
     }
 }
 
-void StatusMenu::addFlag(const MenuRows::Row &row, std::function<void()> perform)
+void StatusMenu::addFlag(const MenuRow &row, std::function<void()> perform)
 {
     m_flags << m_rows.add(*m_menu, row, std::move(perform), m_afterFlags);
 }
 
-// Placements in their order, then layouts in theirs.
+// The placements come in their order, then the layouts in theirs.
 QString StatusMenu::failedShortcuts() const
 {
     const QSet<ShortcutOwner> &failed = m_model.unregistered.value();

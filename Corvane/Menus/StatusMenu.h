@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// The status item's menu. Holds no state beside its rows: whoever changes the model fills it anew.
+/// The status item's menu. It has no state beside its rows: whoever changes the model fills it anew.
 class StatusMenu final : public QObject
 {
     Q_OBJECT
@@ -19,21 +19,18 @@ public:
     StatusMenu(RowForm form, const AppModel &model, MenuTarget target);
 
     [[nodiscard]] QMenu &menu() { return *m_menu; }
-    [[nodiscard]] const MenuRows &rows() const { return m_rows; }
 
+    /// Removes all rows, and adds those that the model now calls for.
     void fill();
     /// Brings the header and the rows of problems up to date. The menu does so whenever it opens.
     void refreshFlags();
     /// Whether there is a row of a problem.
     [[nodiscard]] bool needsAttention() const { return !m_flags.isEmpty(); }
 
-Q_SIGNALS:
-    void needsAttentionChanged(bool needsAttention);
-
 private:
     [[nodiscard]] QString failedShortcuts() const;
     void addFlags();
-    void addFlag(const MenuRows::Row &row, std::function<void()> perform);
+    void addFlag(const MenuRow &row, std::function<void()> perform);
     void addUpdate();
     void addSettings();
     void addLayouts();
@@ -48,7 +45,7 @@ private:
     std::unique_ptr<QMenu> m_menu;
     QAction *m_header = nullptr;
     QAction *m_afterFlags = nullptr;
-    QList<QAction *> m_flags; ///< and the separator after them
+    QList<QAction *> m_flags; ///< the rows of problems and the separator after them
 };
 
 } // namespace corvane
