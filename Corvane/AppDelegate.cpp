@@ -78,7 +78,7 @@ void AppDelegate::start()
     startWindowWatcher();
     registerHotKeys();
     m_menus.start();
-    m_dock.set(m_model.settings().showInDock);
+    m_dock.setRegular(m_model.settings().showInDock);
     recordLaunch();
     m_trust.start();
     m_competitors.start();
@@ -92,7 +92,7 @@ void AppDelegate::connectModel()
 {
     m_model.onShortcutsChanged = [this] { registerHotKeys(); };
     m_model.onMenuChanged = [this] { m_menus.rebuildMenu(); };
-    m_model.onDockVisibilityChanged = [this](bool isRegular) { m_dock.set(isRegular); };
+    m_model.onDockVisibilityChanged = [this](bool isRegular) { m_dock.setRegular(isRegular); };
     m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
     m_model.onReplayTour = [this] { show({.showTour = true}); };
     m_model.onNotify = [](const QString &title, const QString &body) {
@@ -115,12 +115,12 @@ void AppDelegate::connectModel()
             qUtf8Printable(Platform::current().windows().distrustReason()));
     m_model.onLayoutMoved = [this](const AXWindow &window, const Rect &previous) {
         m_mover.windowManager().remember(window, previous);
-        keepRecentMovesPruned();
+        schedulePruning();
     };
     m_mover.onPerformed = [this](const OutcomeReport &report) {
         if (std::holds_alternative<MoveOutcome::Moved>(report.outcome.value))
             m_model.leaveAlone(m_mover.windowManager().last()->window);
-        keepRecentMovesPruned();
+        schedulePruning();
         if (m_log == Log::verbose)
             log(report.line(Titles::hidden));
         m_model.refreshActivity();
@@ -161,13 +161,13 @@ void AppDelegate::recordLaunch()
 
 void AppDelegate::pruneHistory()
 {
-    // Off the main thread: a month of moves takes a while to read.
+    // A month of moves takes a while to read, so this thread does not.
     QThreadPool::globalInstance()->start([] { ActivityLog().prune(daysKept); });
 }
 
-void AppDelegate::keepRecentMovesPruned()
+void AppDelegate::schedulePruning()
 {
-    // Only while there is something to prune, so that an idle program never wakes up.
+    // The timer runs only while there is something to prune, so that an idle program never wakes up.
     if (!m_mover.windowManager().history().isEmpty() && !m_pruning.isActive())
         m_pruning.start();
 }
@@ -185,8 +185,8 @@ void AppDelegate::performFromMenu(Placement placement)
         notify(NotificationKind::placement, title(placement), report.sentence());
 }
 
-// The file may have changed since, and a layout that somebody wrote by hand without an id gets another
-// one each time.
+// The file may have changed since the menu was filled. A layout that somebody wrote into it without an id
+// gets another id each time that it is read, so its name is tried, too.
 void AppDelegate::applyLayout(const WindowLayout &shown)
 {
     m_model.refreshLayouts();
@@ -204,7 +204,7 @@ void AppDelegate::captureLayout()
     if (!m_model.accessibilityTrusted)
         return notify(NotificationKind::capture, tr("Nothing was captured"),
             Platform::current().windows().distrustReason());
-    // A failure is a notice.
+    // A failure is a notice already.
     if (const auto captured = m_model.captureCurrentWindows(tr("Layout")))
         notify(NotificationKind::capture, tr("Windows captured"),
             captureSentence(*captured) + u' '
@@ -243,7 +243,7 @@ void AppDelegate::show(const ScreenFlags &flags)
     std::fputs(qUtf8Printable(result.error), stderr);
     if (result.error.isEmpty())
         return;
-    // There is no window yet that could say so.
+    // A terminal is not always there, and no window is yet.
     const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
     notify(NotificationKind::window, tr("This window comes in a later version"),
         tr("Until then, settings are changed in %1, which takes effect at once; placements and "

@@ -13,8 +13,8 @@
 
 namespace corvane {
 
-/// The resident program: makes the model and the services around it, starts them in their order,
-/// and carries each wish from where it is uttered to where it is done.
+/// The program that stays. It makes the model and the services around it, starts them in their order,
+/// and connects each thing that a user can ask for with what does it.
 class AppDelegate final : public QObject
 {
     Q_OBJECT
@@ -22,15 +22,16 @@ class AppDelegate final : public QObject
 public:
     enum class Log { quiet, verbose };
 
-    /// Reads what the user's files say.
+    /// Reads the user's files.
     explicit AppDelegate(Log log);
 
-    /// No step stops the ones after it: what fails is recorded and shown.
+    /// Starts the services. A step that fails is recorded and shown, and the others are taken all the
+    /// same.
     void start();
     [[nodiscard]] Commands &commands() { return m_commands; }
 
-    // For one who does not see a terminal: what came of it, where that cannot be seen, is a
-    // notification.
+    // A choice in a menu or on the session bus has no terminal to answer to. A notification tells what
+    // came of it where the user would not see that.
     void performFromMenu(Placement placement);
     void captureLayout();
 
@@ -46,12 +47,12 @@ private:
     void openWebsite();
     void grantAccess();
     void tellWhatFailed();
-    /// Those that have come since the last time.
+    /// Tells the user of the notices that have come since the last call.
     void tellNotices();
     void show(const ScreenFlags &flags);
     void show(SettingsPane pane);
     [[nodiscard]] MenuTarget menuTarget();
-    void keepRecentMovesPruned();
+    void schedulePruning();
     void log(const QString &line) const;
 
     Log m_log;

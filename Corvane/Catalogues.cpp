@@ -8,13 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether there is a catalogue of one of the languages. The source texts are English.
+/// Loads the catalogue of the first language that has one; English needs none. Whether one was loaded.
 bool loadLanguage(QTranslator &translator, const QStringList &languages, const QString &folder)
 {
     for (QString language : languages) {
         if (language == "en"_L1 || language.startsWith("en-"_L1) || language == "C"_L1)
             return false;
-        // Falls back from corvane_de_AT to corvane_de.
+        // Without a corvane_de_AT, this finds corvane_de.
         if (translator.load(u"corvane_"_s + language.replace(u'-', u'_'), folder, u"_"_s))
             return true;
     }

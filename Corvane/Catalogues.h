@@ -5,13 +5,14 @@
 
 namespace corvane {
 
-/// The words that the user reads, while it lives: the source texts, which speak of the Mac; on Linux
-/// its catalogue above them; above both the user's language, where there is a catalogue of it.
+/// Translates what the user reads, for as long as the object lives. The texts in the code speak of the
+/// Mac. On Linux a catalogue of that desktop's words stands above them, and above both a catalogue of
+/// the user's language, where there is one.
 class Catalogues final
 {
 public:
-    /// The languages are in the order in which the user likes them, as QLocale names them. The folder
-    /// has the catalogues of languages; those that the program brings unless told.
+    /// The languages are in the order in which the user likes them, as QLocale names them. The folder is
+    /// where the languages' catalogues are; by default those that the program brings.
     explicit Catalogues(const QStringList &languages = QLocale().uiLanguages(),
         const QString &folder = QStringLiteral(":/translations"));
 

@@ -18,7 +18,8 @@ void CompetitorWatch::start()
     tell();
 }
 
-/// Once for all applications that come or go at the same time, as at login: it looks at every process.
+// At login many applications come at the same time; since a refresh reads every process, one serves
+// them all.
 void CompetitorWatch::refreshSoon()
 {
     if (std::exchange(m_isRefreshPending, true))

@@ -4,7 +4,8 @@
 
 namespace corvane {
 
-/// Keeps the model's list of competitors up to date, and tells the user when one starts.
+/// Brings the model's list of competitors up to date whenever applications come or go, and tells the
+/// user when a competitor starts.
 class CompetitorWatch final : public QObject
 {
     Q_OBJECT
@@ -12,7 +13,7 @@ class CompetitorWatch final : public QObject
 public:
     explicit CompetitorWatch(AppModel &model) : m_model(model) { }
 
-    /// Begins with those that the model knows.
+    /// Begins by telling of the competitors that the model knows.
     void start();
 
 private:
@@ -20,7 +21,7 @@ private:
     void tell();
 
     AppModel &m_model;
-    QStringList m_told; ///< of these the user knows
+    QStringList m_told; ///< the competitors that the user has been told of
     bool m_isRefreshPending = false;
 };
 

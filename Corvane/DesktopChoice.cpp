@@ -35,7 +35,7 @@ QString prepareWindows()
 {
     const QString name = backEnd();
     const bool isX11 = name == "x11"_L1;
-    // Qt ends the program when it cannot reach the desktop, so we try first.
+    // Qt would end the program where it cannot reach the desktop.
     if (const QString problem = isX11 ? x11Problem() : QString(); !problem.isEmpty())
         return problem;
     const bool isSeen = isX11 || (name == "simulated"_L1 && qEnvironmentVariableIsSet("DISPLAY"));

@@ -26,7 +26,7 @@ DockPresence::DockPresence()
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-void DockPresence::set(bool isRegular)
+void DockPresence::setRegular(bool isRegular)
 {
     m_isRegular = isRegular;
     for (const QWidget *window : QApplication::topLevelWidgets()) {
@@ -39,7 +39,7 @@ void DockPresence::set(bool isRegular)
 
 bool DockPresence::eventFilter(QObject *object, QEvent *event)
 {
-    // Before it is mapped, so that it does not flash up in the task bar.
+    // The window is not mapped yet, so it does not flash up in the task bar.
     if (event->type() == QEvent::Show && !m_isRegular && object->isWidgetType())
         list(*static_cast<const QWidget *>(object), m_isRegular);
     return false;

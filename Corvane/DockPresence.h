@@ -4,7 +4,8 @@
 
 namespace corvane {
 
-/// Whether task bar and switcher list the program's windows, those open now and those to come.
+/// Decides whether task bar and switcher list the program's windows, those that are open now and those
+/// to come.
 class DockPresence final : public QObject
 {
     Q_OBJECT
@@ -12,8 +13,8 @@ class DockPresence final : public QObject
 public:
     DockPresence();
 
-    [[nodiscard]] bool isRegular() const { return m_isRegular; }
-    void set(bool isRegular);
+    /// A regular program has its windows listed.
+    void setRegular(bool isRegular);
 
 private:
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -21,7 +21,7 @@ void copyDefaults(const QString &from)
     earlierDefaults.setFallbacksEnabled(false);
     QSettings defaults;
     for (const QString &key : earlierDefaults.allKeys()) {
-        // What has been done is said of one identity.
+        // The flags say what has been done for the earlier identity, not for this one.
         if (!UserDefaults::isFlag(key))
             defaults.setValue(key, earlierDefaults.value(key));
     }

@@ -8,7 +8,7 @@ namespace corvane::LegacyIdentity {
 /// The program's identifier before its first release.
 inline constexpr QLatin1StringView earlier{"com.orvalle.corvane"};
 
-/// Copies that identity's user defaults, and resets its permissions; each once and never again.
+/// Copies that identity's user defaults, and resets its permissions. Each is done once, and never again.
 void adopt(const QString &from);
 
 } // namespace corvane::LegacyIdentity

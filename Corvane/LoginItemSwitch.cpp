@@ -24,14 +24,14 @@ void LoginItemSwitch::set(bool opensAtLogin)
         m_model.post({noticeID, text + done.error(), std::nullopt});
     }
     m_seen = Platform::current().session().loginItem();
-    refreshNote();
+    refreshApproval();
 }
 
 void LoginItemSwitch::carryOver()
 {
-    if (!UserDefaults::testAndSet(UserDefaults::loginItemCarriedOver)
-        && m_model.settings().launchAtLogin)
-        set(true);
+    const bool opensAtLogin = m_model.settings().launchAtLogin;
+    if (!UserDefaults::testAndSet(UserDefaults::loginItemCarriedOver) && opensAtLogin)
+        set(opensAtLogin);
 }
 
 void LoginItemSwitch::start()
@@ -45,16 +45,16 @@ void LoginItemSwitch::follow()
     const LoginItem present = Platform::current().session().loginItem();
     const std::optional<LoginItem> seen = std::exchange(m_seen, present);
     Settings settings = m_model.settings();
-    // An item that was there before the start may be a settings file's that was edited meanwhile.
+    // At the start, a login item that the settings do not want may be older than an edit of their file.
     if (seen ? *seen != present : present != LoginItem::present && settings.launchAtLogin) {
         settings.launchAtLogin = present == LoginItem::present;
         const QScopedValueRollback following(m_isFollowing, true);
         m_model.setSettings(std::move(settings));
     }
-    refreshNote();
+    refreshApproval();
 }
 
-void LoginItemSwitch::refreshNote()
+void LoginItemSwitch::refreshApproval()
 {
     const bool awaits = m_model.settings().launchAtLogin
         && Platform::current().session().loginItem() == LoginItem::awaitsApproval;

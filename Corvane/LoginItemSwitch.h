@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Keeps the session's login item in step with the settings, and the settings with what the user does
-/// to the login item elsewhere.
+/// Changes the session's login item as the settings want it, and the settings when the user changes the
+/// login item elsewhere.
 class LoginItemSwitch final : public QObject
 {
     Q_OBJECT
@@ -13,18 +13,19 @@ class LoginItemSwitch final : public QObject
 public:
     explicit LoginItemSwitch(AppModel &model) : m_model(model) { }
 
-    /// A failure becomes a notice.
+    /// Adds the login item or takes it out. A failure becomes a notice.
     void set(bool opensAtLogin);
-    /// Once in this user's life: a login item that an earlier identity of the program had stays.
+    /// Gives the program the login item that an earlier identity of it had. Happens once for each user.
     void carryOver();
-    /// Looks at the login item now and whenever the settings are looked at.
+    /// Reads the login item now, and whenever the settings are shown.
     void start();
-    /// Looks at the login item. Without a change since the last look, the settings stand.
+    /// Reads the login item. Where it has changed since it was last read, the settings are changed to
+    /// match.
     void follow();
 
 private:
-    /// Tells the model when the user has to allow the login item.
-    void refreshNote();
+    /// Tells the model whether the user has to allow the login item.
+    void refreshApproval();
 
     AppModel &m_model;
     std::optional<LoginItem> m_seen;

@@ -25,7 +25,7 @@ WindowManager::Options optionsOf(const Settings &settings)
     return {settings.gap, settings.cycling, settings.sizeStep};
 }
 
-/// The outcome with what the desktop knows beside it.
+/// The report of an outcome, for which the desktop is asked what else the user should be told.
 OutcomeReport report(Placement placement, MoveOutcome outcome)
 {
     OutcomeReport report{placement, std::move(outcome), {}, {}};

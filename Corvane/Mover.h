@@ -8,14 +8,14 @@
 
 namespace corvane {
 
-/// Performs placements as the settings want them, and writes down what became of each. The model lives
-/// longer.
+/// Performs placements as the settings want them, and writes what became of each to the history and
+/// the diagnostics. The model lives longer.
 class Mover final
 {
 public:
     explicit Mover(AppModel &model);
 
-    /// Told of each placement, once it is written down.
+    /// Called with each placement, once it is written down.
     std::function<void(const OutcomeReport &)> onPerformed;
 
     void follow(const Settings &settings);

@@ -4,19 +4,19 @@
 
 namespace corvane {
 
-/// What a notification is about. A newer one takes the place of the last of its kind.
+/// What a notification is about. A notification takes the place of the last one of its kind.
 enum class NotificationKind {
     placement,
     capture,
     layout,
     rivals,
     link,
-    window, ///< one that does not exist yet
+    window, ///< a window that the program does not have yet
     general,
 };
 
 void notify(NotificationKind kind, const QString &title, const QString &body);
-/// Each problem, by the id of its notice, is a kind of its own.
+/// Notifies of a problem. Each problem, by its notice's id, is a kind of its own.
 void notifyProblem(const QString &noticeId, const QString &text);
 
 } // namespace corvane

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Keeps the model's trust true to the desktop's. It costs nothing while there is trust: desktops
-/// tell when they take it away, and only while it is missing does a timer look for it.
+/// Tells the model whether the desktop trusts the program to move windows. It costs nothing while there
+/// is trust: desktops tell when they take it away, and a timer asks for it only while it is missing.
 class TrustWatch final : public QObject
 {
     Q_OBJECT

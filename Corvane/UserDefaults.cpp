@@ -10,6 +10,7 @@
 #include <QtCore/QSettings>
 
 #include <fcntl.h>
+#include <tuple>
 
 namespace corvane::UserDefaults {
 
@@ -19,10 +20,11 @@ void prepare()
 {
     QCoreApplication::setOrganizationName(u"Corvane"_s);
     QCoreApplication::setApplicationName(u"Corvane"_s);
-    // Qt would make them open to others, but keeps what it finds. Where this fails, so do its writes.
+    // Qt would make a file that others can read, but does not change one that is there. Where this fails,
+    // Qt's own writing fails, too.
     const QString path = QSettings().fileName();
     if (PrivateFile::makeFolder(QFileInfo(path).path()))
-        static_cast<void>(FileDescriptor::open(QFile::encodeName(path), O_WRONLY | O_CREAT));
+        std::ignore = FileDescriptor::open(QFile::encodeName(path), O_WRONLY | O_CREAT);
 }
 
 bool isFlag(const QString &key)

@@ -3,8 +3,8 @@
 #include <QtCore/QLatin1StringView>
 #include <QtCore/QString>
 
-/// What the program remembers beside the settings: booleans in QSettings(), each set once and never
-/// cleared.
+/// What the program remembers beside the settings: flags in QSettings(), each of which is set once and
+/// never cleared.
 namespace corvane::UserDefaults {
 
 /// The earlier identity's defaults have been copied.
@@ -14,12 +14,12 @@ inline constexpr QLatin1StringView clearedLegacyPermissions{"clearedLegacyPermis
 /// The login item has been set again under the current identity.
 inline constexpr QLatin1StringView loginItemCarriedOver{"loginItemCarriedOver"};
 
-/// Names the program, so that QSettings() is a file of its own, private to the user. Before the first
-/// use.
+/// Names the program, so that QSettings() is a file of its own, private to the user. To be called before
+/// the first use.
 void prepare();
 [[nodiscard]] bool isFlag(const QString &key);
-/// Whether it was set before; it is set now. Where the file cannot be written it stays unset, and the
-/// diagnostics say so.
+/// Sets the flag. Whether it was set before. Where the file cannot be written the flag stays unset, and
+/// the diagnostics say so.
 [[nodiscard]] bool testAndSet(QLatin1StringView key);
 
 } // namespace corvane::UserDefaults

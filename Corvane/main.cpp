@@ -30,7 +30,7 @@ int finish(const CommandResult &result)
     return result.status;
 }
 
-/// What a command line means to the running program.
+/// Runs the command line of a second start.
 QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments, QString activation)
 {
     auto line = CommandLine::parse(arguments);
@@ -41,13 +41,14 @@ QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments, QStrin
     co_return result;
 }
 
-/// What the first start was asked, besides staying.
+/// Runs the command line of the start itself, for a program that stays.
 QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
 {
     const CommandResult result = co_await commands.run(line);
     finish(result);
 }
 
+/// Runs the command line without staying.
 int runOnce(const CommandLine &line)
 {
     if (std::ranges::none_of(line.commands, FileCommands::needsDesktop))
@@ -61,7 +62,7 @@ int runOnce(const CommandLine &line)
     commands.onRenderStatusIcon = StatusIcon::render;
     CommandResult result = QCoro::waitFor(commands.run(line));
     FlightRecorder::shared().flush();
-    // What the recorder has to say comes from its thread.
+    // The recorder's thread posts its problems to the model.
     QCoreApplication::sendPostedEvents(&model);
     for (const AppModel::Notice &notice : model.notices()) {
         if (!result.error.contains(notice.text))
@@ -70,9 +71,10 @@ int runOnce(const CommandLine &line)
     return finish(result);
 }
 
+/// Runs until the user quits the program.
 int stay(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
 {
-    // What desktops bring along for the looks of widgets is four times as large as the whole program.
+    // The plug-in with which a desktop draws widgets is four times as large as the whole program.
     QApplication::setDesktopSettingsAware(false);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -100,11 +102,11 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
     LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
     if (line.isCommand() || line.asksForScreens())
-        runAtStart(delegate.commands(), line);
+        std::ignore = runAtStart(delegate.commands(), line);
     return QCoreApplication::exec();
 }
 
-/// What is done without staying. Nothing when the program is to stay.
+/// Does what needs no program that stays, and returns the exit status. Nothing when this one is to stay.
 std::optional<int> finishEarly(
     int argc, char **argv, const QStringList &arguments, const CommandLine &line)
 {
@@ -114,7 +116,7 @@ std::optional<int> finishEarly(
         return finish({CommandResult::done,
             line.help ? CommandLine::helpText() : CommandLine::versionText(), {}});
     const bool isOneOff = line.isCommand() && !line.asksForScreens();
-    if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isKeptInFiles))
+    if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isAnsweredByFiles))
         return finish(FileCommands::run(line, {}));
     if (const auto result = Instance::handOver(arguments, line.activation))
         return finish(*result);
@@ -122,7 +124,7 @@ std::optional<int> finishEarly(
         return runOnce(line);
     if (const QString problem = prepareWindows(); !problem.isEmpty())
         return finish(failure(CommandResult::refused, problem));
-    // Qt lets calls from the bus in only once this event has come, and it would end with this object.
+    // Calls from the bus are let in by an event that is posted to this object, which ends now.
     QCoreApplication::sendPostedEvents();
     return std::nullopt;
 }
@@ -131,10 +133,10 @@ std::optional<int> finishEarly(
 
 int main(int argc, char **argv)
 {
-    // GLib's loop would add its own bookkeeping to every key press.
+    // GLib's event loop would add its own work to every key press.
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB"))
         qputenv("QT_NO_GLIB", "1");
-    // What is made first goes last: the bus has a thread of its own, which needs its types to its end.
+    // What is made first is destroyed last, and the bus has a thread that needs its types to the end.
     std::ignore = QDBusMetaType::signatureToMetaType("s");
     QStringList arguments;
     for (int i = 1; i < argc; ++i)

@@ -36,7 +36,7 @@ bool isOurs(const QString &text)
 expected<SettingsPane, QString> pane(const QString &text)
 {
     const QUrl url(text, QUrl::StrictMode);
-    // What is left without its path is only the scheme and the host.
+    // Nothing but scheme, host and path may be there.
     const bool isSettings = url.adjusted(QUrl::RemovePath).toString() == settingsAddress;
     const auto pane = isSettings ? paneOfPath(url.path()) : std::nullopt;
     if (pane)

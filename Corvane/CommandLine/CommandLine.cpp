@@ -23,7 +23,7 @@ unexpected<QString> noSuchFlag(const QString &argument)
         oneLine(argument), names.join(u", "_s)));
 }
 
-/// Takes back the last command where it is one that a number may still follow, as in
+/// Takes back the last command where that is --history, which a number may still follow, as in
 /// "--history --json 50".
 bool takeHistory(CommandLine &line)
 {
@@ -34,7 +34,7 @@ bool takeHistory(CommandLine &line)
     return isHistory;
 }
 
-/// What no flag has taken.
+/// Reads an argument that is neither a flag nor a flag's value.
 expected<void, QString> readBare(CommandLine &line, const QString &argument)
 {
     if (Address::isOurs(argument))

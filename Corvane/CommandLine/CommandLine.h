@@ -2,6 +2,7 @@
 
 #include "Appearance.h"
 #include "AXError.h"
+#include "CommandResult.h"
 #include "Placement.h"
 #include "SettingsPane.h"
 
@@ -12,20 +13,20 @@
 
 namespace corvane {
 
-/// What the running program is to show.
+/// The flags that have the running program show something.
 struct ScreenFlags {
     std::optional<SettingsPane> pane{};
     std::optional<Appearance> appearance{};
-    std::optional<QString> layout{}; ///< its name or id
-    std::optional<int> selectPane{}; ///< of that layout, from 0
+    std::optional<QString> layout{}; ///< the layout's name or id
+    std::optional<int> selectPane{}; ///< a pane of that layout, counted from 0
     bool openAppPicker = false;
     bool previewLayoutEdit = false;
     bool previewSteal = false;
-    std::optional<QString> previewUpdateAvailable{}; ///< a version, as the next two
-    std::optional<QString> previewNewer{};
-    std::optional<QString> previewUpdateWindow{};
+    std::optional<QString> previewUpdateAvailable{}; ///< a version
+    std::optional<QString> previewNewer{}; ///< a version
+    std::optional<QString> previewUpdateWindow{}; ///< a version
     std::optional<QString> previewNotes{}; ///< a file
-    std::optional<int> tourPage{}; ///< from 1
+    std::optional<int> tourPage{}; ///< counted from 1
     bool popMenu = false;
     bool checkForUpdates = false;
     bool openSettings = false;
@@ -41,7 +42,7 @@ struct Command {
         bool operator==(const Place &) const = default;
     };
     struct Capture {
-        QString name; ///< of the new layout
+        QString name; ///< the new layout's
         bool operator==(const Capture &) const = default;
     };
     struct ApplyLayout {
@@ -52,7 +53,7 @@ struct Command {
         bool operator==(const ListLayouts &) const = default;
     };
     struct ShowHistory {
-        int count = 20; ///< of the newest moves
+        int count = 20; ///< how many of the newest moves
         bool operator==(const ShowHistory &) const = default;
     };
     struct PrintSettings {
@@ -62,7 +63,7 @@ struct Command {
         bool operator==(const QuitCompetitors &) const = default;
     };
     struct RenderStatusIcon {
-        QString file; ///< to draw to
+        QString file; ///< what the icon is drawn to
         bool operator==(const RenderStatusIcon &) const = default;
     };
 
@@ -73,7 +74,7 @@ struct Command {
     bool operator==(const Command &) const = default;
 };
 
-/// What the user asked for on the command line.
+/// What the user asks for on the command line.
 struct CommandLine {
     QList<Command> commands{}; ///< in the order in which they were given
     ScreenFlags screens{};
@@ -81,17 +82,19 @@ struct CommandLine {
     bool verbose = false;
     bool help = false;
     bool version = false;
-    /// Came with the flags: by this a window may come to the front (see `AppModel`).
+    /// The permission for a window to come to the front that came along with the flags; see
+    /// `AppModel::pendingActivation`.
     QString activation{};
 
     bool operator==(const CommandLine &) const = default;
 
+    [[nodiscard]] ReportForm form() const { return json ? ReportForm::json : ReportForm::text; }
     [[nodiscard]] bool isCommand() const { return !commands.isEmpty(); }
     [[nodiscard]] bool asksForScreens() const { return screens != ScreenFlags{}; }
 
-    /// The error is one sentence that names what exists.
+    /// The error is one sentence that names the flags or values there are.
     [[nodiscard]] static expected<CommandLine, QString> parse(const QStringList &arguments);
-    /// The same for a program that works in another folder.
+    /// The same arguments for a program whose working folder is another.
     [[nodiscard]] static QStringList withAbsolutePaths(QStringList arguments);
     [[nodiscard]] static QString helpText();
     [[nodiscard]] static QString versionText();

@@ -17,7 +17,7 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
     m_model.refreshFiles();
     CommandResult result;
     for (const Command &command : std::as_const(line.commands)) {
-        const CommandResult next = co_await perform(command, line.json);
+        const CommandResult next = co_await perform(command, line.form());
         result += next;
     }
     if (!line.isCommand() && !line.asksForScreens()) {
@@ -31,33 +31,33 @@ QCoro::Task<CommandResult> Commands::run(CommandLine line)
     co_return result;
 }
 
-QCoro::Task<CommandResult> Commands::perform(Command command, bool asJson)
+QCoro::Task<CommandResult> Commands::perform(Command command, ReportForm form)
 {
     if (const auto *layout = std::get_if<Command::ApplyLayout>(&command.value)) {
-        const CommandResult result = co_await apply(layout->nameOrID, asJson);
+        const CommandResult result = co_await apply(layout->nameOrID, form);
         co_return result;
     }
-    co_return performAtOnce(command, asJson);
+    co_return performAtOnce(command, form);
 }
 
-CommandResult Commands::performAtOnce(const Command &command, bool asJson)
+CommandResult Commands::performAtOnce(const Command &command, ReportForm form)
 {
     return match(
         command.value,
-        [&](const Command::Place &place) { return m_place(place.placement).result(asJson); },
-        [&](const Command::Capture &capturing) { return capture(capturing.name, asJson); },
+        [&](const Command::Place &place) { return m_place(place.placement).result(form); },
+        [&](const Command::Capture &capturing) { return capture(capturing.name, form); },
         [](const Command::ApplyLayout &) { return CommandResult{}; },
         [&](Command::ListLayouts) {
-            return CommandResult{CommandResult::done,
-                layoutList(m_model.layouts(), Screens::signature(), asJson), {}};
+            return CommandResult{
+                CommandResult::done, layoutList(m_model.layouts(), Screens::signature(), form), {}};
         },
-        [&](Command::ShowHistory history) { return FileCommands::showHistory(history, asJson); },
+        [&](Command::ShowHistory history) { return FileCommands::showHistory(history, form); },
         [&](Command::PrintSettings) { return printSettings(); },
         [&](Command::QuitCompetitors) { return quitCompetitors(); },
         [&](const Command::RenderStatusIcon &icon) { return renderStatusIcon(icon.file); });
 }
 
-CommandResult Commands::capture(const QString &name, bool asJson)
+CommandResult Commands::capture(const QString &name, ReportForm form)
 {
     WindowAccess &windows = Platform::current().windows();
     if (!windows.isTrusted())
@@ -65,16 +65,16 @@ CommandResult Commands::capture(const QString &name, bool asJson)
     const auto layout = m_model.captureCurrentWindows(name);
     if (!layout)
         return failure(CommandResult::refused, layout.error());
-    return {CommandResult::done, captureText(*layout, asJson), {}};
+    return {CommandResult::done, captureText(*layout, form), {}};
 }
 
-QCoro::Task<CommandResult> Commands::apply(QString nameOrID, bool asJson)
+QCoro::Task<CommandResult> Commands::apply(QString nameOrID, ReportForm form)
 {
     const auto layout = m_model.layout(nameOrID);
     if (!layout)
         co_return failure(CommandResult::misused, noSuchLayout(nameOrID, m_model.layouts()));
     const QList<PaneResult> results = co_await m_model.apply(*layout);
-    co_return applyResult(*layout, results, asJson);
+    co_return applyResult(*layout, results, form);
 }
 
 CommandResult Commands::printSettings() const

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// What command lines mean to a program that has a desktop, resident or not. Lives as long as any
-/// command that it began; the model lives longer.
+/// Carries out command lines, with a desktop, in the program that stays or in one that does not. It
+/// lives as long as any command that it began; the model lives longer.
 class Commands final
 {
 public:
@@ -21,18 +21,19 @@ public:
     /// Draws that icon to a file. The error is one sentence.
     std::function<expected<void, QString>(const QString &path)> onRenderStatusIcon;
 
-    /// Every command, in order, then what is to be shown. One that asks for nothing opens the settings.
+    /// Carries out every command, in order, and then shows what is to be shown. A line that asks for
+    /// nothing opens the settings.
     [[nodiscard]] QCoro::Task<CommandResult> run(CommandLine line);
     [[nodiscard]] CommandResult show(const ScreenFlags &flags);
 
 private:
-    [[nodiscard]] QCoro::Task<CommandResult> perform(Command command, bool asJson);
-    /// Of any command but the one that waits for applications.
-    [[nodiscard]] CommandResult performAtOnce(const Command &command, bool asJson);
-    [[nodiscard]] CommandResult capture(const QString &name, bool asJson);
-    [[nodiscard]] QCoro::Task<CommandResult> apply(QString nameOrID, bool asJson);
+    [[nodiscard]] QCoro::Task<CommandResult> perform(Command command, ReportForm form);
+    /// Carries out any command but the one that waits for applications.
+    [[nodiscard]] CommandResult performAtOnce(const Command &command, ReportForm form);
+    [[nodiscard]] CommandResult capture(const QString &name, ReportForm form);
+    [[nodiscard]] QCoro::Task<CommandResult> apply(QString nameOrID, ReportForm form);
 
-    /// Those in force.
+    /// Prints the settings in force, which are not those of a file that cannot be read.
     [[nodiscard]] CommandResult printSettings() const;
     [[nodiscard]] CommandResult quitCompetitors();
     [[nodiscard]] CommandResult renderStatusIcon(const QString &path);

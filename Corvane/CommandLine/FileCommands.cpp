@@ -23,21 +23,22 @@ CommandResult printStoredSettings()
 
 } // namespace
 
-bool isKeptInFiles(const Command &command)
+bool isAnsweredByFiles(const Command &command)
 {
     return std::holds_alternative<Command::ShowHistory>(command.value);
 }
 
 bool needsDesktop(const Command &command)
 {
-    return !isKeptInFiles(command)
+    return !isAnsweredByFiles(command)
         && !std::holds_alternative<Command::PrintSettings>(command.value);
 }
 
-CommandResult showHistory(const Command::ShowHistory &history, bool asJson)
+CommandResult showHistory(const Command::ShowHistory &history, ReportForm form)
 {
     const QList<ActivityEntry> entries = ActivityLog().recent(history.count);
-    return {CommandResult::done, asJson ? historyJson(entries) : historyTable(entries), {}};
+    return {CommandResult::done,
+        form == ReportForm::json ? historyJson(entries) : historyTable(entries), {}};
 }
 
 CommandResult printSettings(const Settings &settings)
@@ -46,14 +47,14 @@ CommandResult printSettings(const Settings &settings)
     return {CommandResult::done, QString::fromUtf8(document.toJson()), {}};
 }
 
-CommandResult run(const CommandLine &line, const QString &withoutDesktop)
+CommandResult run(const CommandLine &line, const QString &whyNoDesktop)
 {
     CommandResult result;
     for (const Command &command : line.commands) {
         if (needsDesktop(command))
-            result += failure(CommandResult::refused, withoutDesktop);
+            result += failure(CommandResult::refused, whyNoDesktop);
         else if (const auto *history = std::get_if<Command::ShowHistory>(&command.value))
-            result += showHistory(*history, line.json);
+            result += showHistory(*history, line.form());
         else
             result += printStoredSettings();
     }

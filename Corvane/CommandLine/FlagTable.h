@@ -6,19 +6,22 @@
 
 namespace corvane {
 
+/// One flag of the command line. A new flag is a row of the table in the .cpp.
 struct FlagRow {
     QLatin1StringView name;
-    QLatin1StringView value; ///< as the help shows it, in brackets where it may be left out
+    QLatin1StringView value; ///< what the help calls it, in brackets where it may be left out
     QLatin1StringView help;
-    /// False when there is no such value; an empty one when none was given.
+    /// Writes what the flag asks for into the command line. The value is empty where none was given.
+    /// False when there is no such value.
     bool (*set)(CommandLine &line, const QString &value);
-    QString (*offer)() = nullptr; ///< the values that exist
+    QString (*offer)() = nullptr; ///< says which values there are
 };
 
-/// Flags that are answered at once, or that say how.
+/// The flags that are answered at once, and those that say how.
 [[nodiscard]] std::span<const FlagRow> commandFlags();
-/// Flags that have the running program show something.
+/// The flags that have the running program show something.
 [[nodiscard]] std::span<const FlagRow> screenFlags();
+/// Null where there is no such flag.
 [[nodiscard]] const FlagRow *flagNamed(const QString &name);
 
 } // namespace corvane

@@ -4,9 +4,9 @@
 
 namespace corvane {
 
-/// The entries as a table with a heading, a line each, in the order given. One sentence for none.
+/// The entries as a table with a heading, in the order given. Without entries, one sentence.
 [[nodiscard]] QString historyTable(const QList<ActivityEntry> &entries);
-/// As one JSON array, in one line.
+/// The entries as one JSON array, in one line.
 [[nodiscard]] QString historyJson(const QList<ActivityEntry> &entries);
 
 } // namespace corvane

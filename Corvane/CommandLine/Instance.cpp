@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr auto objectPath = "/app/corvane/Corvane"_L1;
 constexpr auto instanceInterface = "app.corvane.Corvane.Instance"_L1;
-// In milliseconds. A placement takes a second at most; a layout waits half a minute for its apps.
+// Milliseconds. A placement takes a second at most; a layout waits half a minute for its apps.
 constexpr int answerTimeout = 5000;
 constexpr int layoutTimeout = 60000;
 
@@ -54,7 +54,7 @@ std::optional<CommandResult> Instance::handOver(
     const int timeout = patience(arguments);
     const QVariantMap platformData{{u"activation-token"_s, activation}};
     QDBusMessage answer = callRunning(u"RunWith"_s, {arguments, platformData}, timeout);
-    // The one that runs may be of an earlier version, until the next login.
+    // The program that runs may be an earlier version, until the next login.
     if (answer.errorName() == "org.freedesktop.DBus.Error.UnknownMethod"_L1)
         answer = callRunning(u"Run"_s, {arguments}, timeout);
     const QVariantList values = answer.arguments();

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The one program per session, by its name on the session bus.
+/// Sees to it that one program runs per session, which has the program's name on the session bus.
 class Instance final : public QObject
 {
     Q_OBJECT
@@ -14,16 +14,17 @@ class Instance final : public QObject
 public:
     enum class Claim {
         granted,
-        taken, ///< another program of ours runs
+        taken, ///< the program runs already
         unavailable, ///< there is no session bus, so nobody can tell
     };
 
-    /// What whoever started this program gave it to bring a window to the front; no program that is
-    /// started from here gets it, too. Empty when there was nothing.
+    /// Takes from the environment the permission to bring a window to the front, so that no program
+    /// which this one starts inherits it. Empty when there is none.
     [[nodiscard]] static QString takeActivation();
-    /// Hands a command line to the running program. Nothing when none runs.
+    /// Hands a command line to the program that runs, and waits for its answer. Nothing when none runs.
     [[nodiscard]] static std::optional<CommandResult> handOver(
         const QStringList &arguments, const QString &activation);
+    /// Takes the name, and answers from then on to what comes over the bus.
     [[nodiscard]] Claim claim(InstanceService::Runner run, ApplicationService::Actions actions);
 };
 

@@ -6,6 +6,8 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusError>
 
+#include <tuple>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -41,7 +43,7 @@ int InstanceService::RunWith(const QStringList &arguments, const QVariantMap &pl
     const QDBusMessage &call, QString &, QString &)
 {
     call.setDelayedReply(true);
-    answer(arguments, activation(platformData), call);
+    std::ignore = answer(arguments, activation(platformData), call);
     return CommandResult::done;
 }
 
@@ -60,7 +62,7 @@ ApplicationService::ApplicationService(
 
 void ApplicationService::Activate(const QVariantMap &platformData)
 {
-    m_run({}, activation(platformData));
+    std::ignore = m_run({}, activation(platformData));
 }
 
 void ApplicationService::Open(
@@ -70,7 +72,7 @@ void ApplicationService::Open(
         // Nothing but an address may come this way: a flag would be a command.
         if (const auto pane = Address::pane(uri); !pane)
             return refuse(call, pane.error());
-        m_run({uri}, activation(platformData));
+        std::ignore = m_run({uri}, activation(platformData));
     }
 }
 

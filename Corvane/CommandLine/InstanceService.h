@@ -13,25 +13,25 @@
 
 namespace corvane {
 
-/// The running program on the session bus: runs what a second start was asked to do.
+/// Answers a second start on the session bus: it runs what that start was asked to do.
 class InstanceService final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "app.corvane.Corvane.Instance")
 
 public:
-    /// Runs a command line; see `CommandLine` for the activation.
+    /// Runs a command line; see `CommandLine::activation`.
     using Runner = std::function<QCoro::Task<CommandResult>(
         const QStringList &arguments, const QString &activation)>;
 
     InstanceService(QObject *parent, Runner run);
 
 public Q_SLOTS:
-    /// Takes a command line without the program's name; returns the exit status and what to print,
-    /// once it is done.
+    /// Runs a command line, which comes without the program's name. Returns the exit status and what
+    /// is to be printed once all is done.
     int Run(
         const QStringList &arguments, const QDBusMessage &call, QString &output, QString &error);
-    /// The same with what desktops hand to a program that they start: "activation-token" or
+    /// The same, with what desktops hand to a program that they start: "activation-token" or
     /// "desktop-startup-id".
     int RunWith(const QStringList &arguments, const QVariantMap &platformData,
         const QDBusMessage &call, QString &output, QString &error);
@@ -59,7 +59,7 @@ public:
 
 public Q_SLOTS:
     void Activate(const QVariantMap &platformData);
-    /// Shows what the first addresses ask for, up to one that does not exist.
+    /// Shows what each address asks for, as far as the first one that does not exist.
     void Open(const QStringList &uris, const QVariantMap &platformData, const QDBusMessage &call);
     /// The actions are "capture", every placement's name, and "place", which takes such a name.
     void ActivateAction(const QString &action, const QVariantList &parameter,

@@ -54,9 +54,9 @@ QJsonObject paneJson(const PaneResult &result)
 } // namespace
 
 QString layoutList(
-    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, bool asJson)
+    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, ReportForm form)
 {
-    if (asJson) {
+    if (form == ReportForm::json) {
         QJsonArray array;
         for (const WindowLayout &layout : layouts) {
             QJsonObject object = layout.toJson();
@@ -86,9 +86,9 @@ QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts
     return u"There is no layout \"%1\"; %2."_s.arg(oneLine(nameOrID), known);
 }
 
-QString captureText(const WindowLayout &layout, bool asJson)
+QString captureText(const WindowLayout &layout, ReportForm form)
 {
-    if (asJson)
+    if (form == ReportForm::json)
         return inOneLine(QJsonDocument(layout.toJson()));
     return u"Captured %1 on %2 as \"%3\".\n"_s.arg(counted(layout.panes.size(), u"window"_s),
         counted(layout.displays.size(), u"display"_s), oneLine(layout.name));
@@ -125,11 +125,12 @@ QString failureLines(const QList<PaneResult> &results)
     return lines.join(u'\n');
 }
 
-CommandResult applyResult(const WindowLayout &layout, const QList<PaneResult> &results, bool asJson)
+CommandResult applyResult(
+    const WindowLayout &layout, const QList<PaneResult> &results, ReportForm form)
 {
     const bool isWhole = std::ranges::all_of(results, needsNothing);
     const int status = isWhole ? CommandResult::done : CommandResult::refused;
-    if (asJson) {
+    if (form == ReportForm::json) {
         QJsonArray panes;
         for (const PaneResult &result : results)
             panes.append(paneJson(result));

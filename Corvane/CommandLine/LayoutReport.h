@@ -8,21 +8,22 @@
 /// What the layout commands say.
 namespace corvane {
 
-/// A table, those whose displays are the connected ones marked, or one JSON array.
+/// The layouts as a table, in which those for the connected displays are marked, or as one JSON array.
 [[nodiscard]] QString layoutList(
-    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, bool asJson);
-/// One sentence that names those that exist.
+    const QList<WindowLayout> &layouts, const QList<DisplayKey> &connected, ReportForm form);
+/// The sentence about a layout that does not exist. It names those that do.
 [[nodiscard]] QString noSuchLayout(const QString &nameOrID, const QList<WindowLayout> &layouts);
-/// One sentence, or the layout as one JSON object.
-[[nodiscard]] QString captureText(const WindowLayout &layout, bool asJson);
-/// The same for the user.
+/// What a capture tells a terminal: one sentence, or the layout as one JSON object.
+[[nodiscard]] QString captureText(const WindowLayout &layout, ReportForm form);
+/// What a capture tells a user who sees no terminal.
 [[nodiscard]] QString captureSentence(const WindowLayout &layout);
-/// A line per pane.
+/// What became of each pane, a line each.
 [[nodiscard]] QString applyLines(const QList<PaneResult> &results, Titles titles = Titles::shown);
-/// Of the panes whose app is not in its place.
+/// The lines of the panes whose app is not in its place.
 [[nodiscard]] QString failureLines(const QList<PaneResult> &results);
-/// The lines, or one JSON object. Done when every pane with an app was placed.
+/// What applying a layout tells a terminal: the lines, or one JSON object. It is done when every pane
+/// with an app was placed.
 [[nodiscard]] CommandResult applyResult(
-    const WindowLayout &layout, const QList<PaneResult> &results, bool asJson);
+    const WindowLayout &layout, const QList<PaneResult> &results, ReportForm form);
 
 } // namespace corvane

@@ -52,11 +52,11 @@ QJsonObject OutcomeReport::json() const
     return object;
 }
 
-CommandResult OutcomeReport::result(bool asJson) const
+CommandResult OutcomeReport::result(ReportForm form) const
 {
     const bool moved = std::holds_alternative<MoveOutcome::Moved>(outcome.value);
     return {moved ? CommandResult::done : CommandResult::refused,
-        asJson ? inOneLine(QJsonDocument(json())) : line() + u'\n', {}};
+        form == ReportForm::json ? inOneLine(QJsonDocument(json())) : line() + u'\n', {}};
 }
 
 } // namespace corvane

@@ -8,20 +8,21 @@
 
 namespace corvane {
 
-/// How one placement went, with what the desktop knows beside it.
+/// How one placement went, and what the desktop knows besides that the user should be told.
 struct OutcomeReport {
-    Placement pressed;
+    Placement pressed; ///< what was asked for; a repeated press may have done the next of its cycle
     MoveOutcome outcome;
-    std::optional<QString> frontmostName;
+    std::optional<QString> frontmostName; ///< the application's that was to be moved
     QString distrustReason; ///< one sentence, while windows cannot be moved
 
-    /// One line, without a line break.
+    /// The report as one line, without a line break.
     [[nodiscard]] QString line(Titles titles = Titles::shown) const;
     /// Why nothing moved, for the user.
     [[nodiscard]] QString sentence() const;
-    /// Rectangles as [x, y, width, height] in accessibility coordinates, dates in ISO 8601.
+    /// The report with rectangles as [x, y, width, height] in accessibility coordinates, and dates in
+    /// ISO 8601.
     [[nodiscard]] QJsonObject json() const;
-    [[nodiscard]] CommandResult result(bool asJson) const;
+    [[nodiscard]] CommandResult result(ReportForm form) const;
 };
 
 } // namespace corvane

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The pane that the flags need, where they need one.
+/// The pane of the settings on which stands what the flags ask for.
 std::optional<SettingsPane> settingsPane(const ScreenFlags &flags)
 {
     if (flags.pane)

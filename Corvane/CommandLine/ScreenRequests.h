@@ -4,10 +4,11 @@
 #include "CommandLine.h"
 #include "CommandResult.h"
 
-/// Has the windows of the program show what a command line asks for.
+/// Has the program's windows show what a command line asks for.
 namespace corvane::ScreenRequests {
 
-/// By the model's requests. Says which windows there are not yet.
+/// Raises the model's requests, which the windows answer. The result names the windows that the
+/// program does not have yet.
 [[nodiscard]] CommandResult show(const ScreenFlags &flags, AppModel &model);
 
 } // namespace corvane::ScreenRequests

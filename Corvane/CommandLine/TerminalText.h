@@ -9,17 +9,18 @@
 /// How values read on a terminal.
 namespace corvane {
 
-/// Columns as wide as their widest cell, a row a line, with nothing behind the last cell.
+/// A table with a line for each row. Each column is as wide as its widest cell.
 [[nodiscard]] QString textTable(const QList<QStringList> &rows);
 
-/// With its line break.
+/// The document on one line, with its line break.
 [[nodiscard]] QString inOneLine(const QJsonDocument &document);
 
-/// What a window is called is private: of the files that the program keeps by itself, the move history
-/// alone has it.
+/// Whether a text names windows. What a window is called is private: of the files that the program
+/// writes by itself, only the move history says it.
 enum class Titles { shown, hidden };
 
-/// The window's title as it stands behind the name of its application, or nothing.
+/// The window's title in quotes, to stand behind the name of its application; empty when titles are
+/// hidden.
 [[nodiscard]] QString titleBehind(const QString &title, Titles titles);
 
 /// "x,y width×height"

@@ -7,7 +7,7 @@
 
 class QPainter;
 
-/// The status item's picture: the mark as one shape of one ink, as panels want it.
+/// The status item's picture: the mark as one shape in one colour, as panels want it.
 namespace corvane::StatusIcon {
 
 enum class Form {
@@ -18,18 +18,18 @@ enum class Form {
 struct Colors {
     QColor ink;
     QColor badge;
-    QColor rim =
-        Qt::transparent; ///< of the panel's tone, for a panel that is not as it was said to be
+    /// In the panel's tone, so that the ink is seen on a panel of another tone than was thought, too.
+    QColor rim = Qt::transparent;
 };
 
-/// For a panel that is light or dark.
+/// The colours for a panel of this look.
 [[nodiscard]] Colors colors(const DesktopLook &panel);
 void paint(QPainter &painter, const QRectF &rect, Form form, const Colors &colors);
 [[nodiscard]] QIcon icon(Form form, const Colors &colors);
-/// As assistive technology reads it.
+/// The picture in words, for assistive technology.
 [[nodiscard]] QString description(Form form);
 
-/// Writes the ordinary form as a PNG. The error is one sentence.
+/// Writes the ordinary form to a PNG file. The error is one sentence.
 [[nodiscard]] expected<void, QString> render(const QString &path);
 
 } // namespace corvane::StatusIcon

@@ -11,7 +11,7 @@ namespace corvane {
 using namespace std::chrono_literals;
 
 namespace {
-/// At login panels may start after us.
+/// How long to wait for a tray: at login, panels may start after this program.
 constexpr auto grace = 8s;
 /// How long a press on the icon lasts at most.
 constexpr auto longestPress = 400ms;
@@ -28,8 +28,7 @@ QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen)
         std::max(screen.y(), std::min(fitsBelow ? below : above, furthest.y()))};
 }
 
-StatusItem::StatusItem(QObject *parent)
-    : QObject(parent), m_tray(Platform::current().ownWindows().tray())
+StatusItem::StatusItem() : m_tray(Platform::current().ownWindows().tray())
 {
     m_grace.setSingleShot(true);
     m_grace.setInterval(grace);
@@ -54,7 +53,7 @@ void StatusItem::setMenus(QMenu *drawn, QMenu *plain)
     m_drawn = drawn;
     m_plain = plain;
     m_drawn->setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
-    connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::noteClosing);
+    connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::rememberClosing);
     connect(m_plain, &QMenu::aboutToShow, this, &StatusItem::aboutToOpen);
     followTray();
 }
@@ -92,7 +91,7 @@ void StatusItem::followTray()
 void StatusItem::show()
 {
     if (!m_icon) {
-        // Qt decides once, by what is there now, whether it shows icons over the bus.
+        // Now Qt decides for good, by what is there, whether it shows icons over the bus.
         m_isOnBus = m_tray.isOnBus;
         m_icon = std::make_unique<QSystemTrayIcon>();
         m_icon->setIcon(m_image);
@@ -142,7 +141,7 @@ void StatusItem::open(const QRect &anchor)
     m_grab.hold(*m_drawn);
 }
 
-void StatusItem::noteClosing()
+void StatusItem::rememberClosing()
 {
     if (QGuiApplication::mouseButtons() == Qt::NoButton)
         return m_sinceClosedByPress.invalidate();

@@ -14,23 +14,23 @@
 
 namespace corvane {
 
-/// Where a menu of this size opens beside `anchor`, wholly on `screen`: below it, above where there
-/// is no room.
+/// Where a menu of this size opens, wholly on `screen`: below `anchor`, or above it where there is no
+/// room below.
 [[nodiscard]] QPoint menuOrigin(const QRect &anchor, QSize menu, const QRect &screen);
 
-/// The program's icon in the panel's tray, whenever there is a tray. Main thread only.
+/// The program's icon in the panel, for as long as a panel has a tray for it. Main thread only.
 class StatusItem final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit StatusItem(QObject *parent = nullptr);
+    StatusItem();
     ~StatusItem() override;
 
-    /// `drawn` opens at a click; `plain` stands in where the panel insists on drawing the menu
-    /// itself. Neither is owned.
+    /// `drawn` opens at a click; `plain` is for panels that insist on drawing the menu themselves.
+    /// Neither is owned.
     void setMenus(QMenu *drawn, QMenu *plain);
-    /// The description is read out and shown as tool tip.
+    /// The description is read out, and shown as the icon's tool tip.
     void setIcon(const QIcon &icon, const QString &description);
     void setVisible(bool visible);
     /// Opens the drawn menu without a click.
@@ -47,7 +47,7 @@ private:
     void show();
     void activate(QSystemTrayIcon::ActivationReason reason);
     void open(const QRect &anchor);
-    void noteClosing();
+    void rememberClosing();
     [[nodiscard]] bool hasClosedByThisClick() const;
     [[nodiscard]] QRect anchor() const;
 
@@ -63,7 +63,7 @@ private:
     QElapsedTimer m_sinceClosedByPress;
     QPoint m_closingPress;
     bool m_isOnBus = false;
-    std::unique_ptr<QSystemTrayIcon> m_icon; ///< none before there has been a tray
+    std::unique_ptr<QSystemTrayIcon> m_icon; ///< null before there has been a tray
 };
 
 } // namespace corvane

@@ -65,7 +65,7 @@ void StatusMenus::fill()
     m_isFillPending = false;
     if (!m_isStale)
         return;
-    // A menu that is open keeps its rows until it has closed.
+    // The rows of an open menu stay what they are under the pointer, until it has closed.
     if (m_drawn.menu().isVisible())
         return;
     m_isStale = false;

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The status item and its menus, which follow the model.
+/// The status item and its menus, brought up to date with the model.
 class StatusMenus final : public QObject
 {
     Q_OBJECT
@@ -17,13 +17,13 @@ public:
 
     /// Shows the status item, if the settings want one.
     void start();
-    /// Soon, and once for any number of calls.
+    /// Fills the menus anew in the next turn of the event loop, once for any number of calls.
     void rebuildMenu();
     /// Opens the status menu without a click.
     void popUp();
 
 Q_SIGNALS:
-    /// The time to look at what nobody tells the model of.
+    /// A menu is about to open. What nobody tells the model of is to be asked for now.
     void aboutToOpen();
 
 private:
