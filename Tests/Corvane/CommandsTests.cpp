@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Mover.h"
 #include "SimulatedPlatform.h"
 
 #include <QtCore/QTemporaryDir>
@@ -34,7 +35,7 @@ protected:
     AppModel model{
         SettingsStore(folder.path()), LayoutStore(folder.path()), ActivityLog(folder.path())};
     Mover mover{model};
-    Commands commands{model, mover};
+    Commands commands{model, [this](Placement placement) { return mover.perform(placement); }};
 };
 
 } // namespace

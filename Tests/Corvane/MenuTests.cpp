@@ -24,13 +24,13 @@ namespace {
 
 const QString rule = u"-"_s;
 
-QStringList titles(const QMenu &menu, const MenuRows &rows)
+QStringList titles(const QMenu &menu)
 {
     QStringList titles;
     for (const QAction *action : menu.actions()) {
-        titles << (action->isSeparator()        ? rule
-                : rows.headers.contains(action) ? u"header"_s
-                                                : rows.rows.value(action).title);
+        titles << (action->isSeparator()  ? rule
+                : MenuHeader::of(*action) ? u"header"_s
+                                          : MenuRow::of(*action)->title);
     }
     return titles;
 }
@@ -120,12 +120,12 @@ TEST_F(MenuTests, rowsStandInTheirOrder)
     StatusMenu status = statusMenu();
     status.fill();
 
-    EXPECT_THAT(titles(status.menu(), status.rows()),
+    EXPECT_THAT(titles(status.menu()),
         ElementsAreArray({u"header"_s, rule, u"About Corvane"_s, rule, u"Settings"_s,
             u"Capture Current Windows"_s, u"Halves"_s, u"Quarters"_s, u"Thirds"_s, u"Sixths"_s,
             u"Screen"_s, u"Displays"_s, u"Snap Back"_s, u"Original Orientation"_s, rule,
             u"Corvane Tour"_s, u"Tremor Log"_s, u"Corvane Website"_s, rule, u"Quit Corvane"_s}));
-    EXPECT_THAT(titles(submenu(status.menu(), u"Screen"_s), status.rows()),
+    EXPECT_THAT(titles(submenu(status.menu(), u"Screen"_s)),
         ElementsAreArray(
             {u"Maximize"_s, u"Almost Maximize"_s, u"Center"_s, rule, u"Larger"_s, u"Smaller"_s}));
     EXPECT_FALSE(status.needsAttention());
@@ -137,7 +137,7 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     model.updateStatus = UpdateStatus{.availability = {}, .lastChecked = {}, .canUpdate = true};
     StatusMenu status = statusMenu();
     status.fill();
-    const QStringList before = titles(status.menu(), status.rows());
+    const QStringList before = titles(status.menu());
     model.accessibilityTrusted = false;
     model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
@@ -145,7 +145,7 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     status.refreshFlags();
 
     EXPECT_TRUE(status.needsAttention());
-    EXPECT_THAT(titles(status.menu(), status.rows()).mid(0, 8),
+    EXPECT_THAT(titles(status.menu()).mid(0, 8),
         ElementsAreArray({u"header"_s, rule, u"Accessibility Is Off: Open Accessibility Settings"_s,
             u"A Shortcut Is Not Working: Open Shortcuts"_s, u"SizeUp Is Also Running: Quit It"_s,
             rule, u"Check for Updates"_s, rule}));
@@ -160,7 +160,7 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     model.unregistered = QSet<ShortcutOwner>();
     model.competitors = QList<Competitor::Running>();
     status.refreshFlags();
-    EXPECT_EQ(titles(status.menu(), status.rows()), before);
+    EXPECT_EQ(titles(status.menu()), before);
 }
 
 TEST_F(MenuTests, layoutsTellWhetherTheirDisplaysAreConnectedAndCanAllBeChosen)
@@ -171,10 +171,10 @@ TEST_F(MenuTests, layoutsTellWhetherTheirDisplaysAreConnectedAndCanAllBeChosen)
     status.fill();
     QMenu &layouts = submenu(status.menu(), u"Layouts"_s);
     const auto symbol = [&](int index) {
-        return status.rows().rows.value(layouts.actions().at(index)).symbol;
+        return MenuRow::of(*layouts.actions().at(index))->symbol;
     };
 
-    EXPECT_THAT(titles(layouts, status.rows()),
+    EXPECT_THAT(titles(layouts),
         ElementsAreArray({u"Here & Now"_s, u"Away"_s, rule, u"Capture Current Windows"_s}));
     EXPECT_EQ(symbol(0), u"display"_s);
     EXPECT_EQ(symbol(1), u"display.trianglebadge.exclamationmark"_s);
@@ -243,7 +243,7 @@ TEST_F(MenuTests, thePlainFormHasTheSameRowsInWords)
     drawn.fill();
     plain.fill();
 
-    EXPECT_EQ(titles(plain.menu(), plain.rows()), titles(drawn.menu(), drawn.rows()));
+    EXPECT_EQ(titles(plain.menu()), titles(drawn.menu()));
     EXPECT_FALSE(plain.menu().actions().first()->isEnabled());
     for (const QAction *action : plain.menu().actions().mid(1)) {
         const QImage icon = action->icon().pixmap(16).toImage();
@@ -264,7 +264,7 @@ TEST_F(MenuTests, typingGoesToTheRowThatBeginsSo)
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
             QCoreApplication::sendEvent(&menu, &press);
         }
-        return status.rows().rows.value(menu.activeAction()).title;
+        return MenuRow::of(*menu.activeAction())->title;
     };
 
     EXPECT_EQ(type(u"c"_s), u"Capture Current Windows"_s);
@@ -279,7 +279,7 @@ TEST_F(MenuTests, theMainMenuStandsInItsOrder)
     MenuRows rows(RowForm::drawn);
     const auto bar = MainMenu::build(rows, target(), model);
     const auto rowsOf = [&](int index) {
-        return titles(*bar->actions().at(index)->menu<QMenu *>(), rows);
+        return titles(*bar->actions().at(index)->menu<QMenu *>());
     };
 
     ASSERT_EQ(bar->actions().size(), 4);

@@ -52,13 +52,13 @@ TEST(OutcomeReportTests, anythingElseSaysWhyAndExitsWithOne)
     const OutcomeReport notTrusted{
         Placement::center, {MoveOutcome::NotTrusted{}}, {}, u"This is why."_s};
 
-    EXPECT_EQ(refused.result(false),
+    EXPECT_EQ(refused.result(ReportForm::text),
         (CommandResult{1, u"maximize: Editor: window is in native full screen\n"_s, {}}));
-    EXPECT_EQ(noWindow.result(true),
+    EXPECT_EQ(noWindow.result(ReportForm::json),
         (CommandResult{
             1, u"{\"outcome\":\"noWindow\",\"reason\":\"no focused window (Files)\"}\n"_s, {}}));
-    EXPECT_EQ(
-        notTrusted.result(false).output, u"center: accessibility not granted. This is why.\n"_s);
+    EXPECT_EQ(notTrusted.result(ReportForm::text).output,
+        u"center: accessibility not granted. This is why.\n"_s);
 }
 
 } // namespace corvane

@@ -36,18 +36,17 @@ bool fits(const QFont &font, const QString &text, const QRectF &rect)
         && metrics.height() <= rect.height() + 0.5;
 }
 
-QStringList rowFailures(
-    QMenu &menu, const MenuRows &rows, const QAction &action, const MenuRows::Row &row)
+QStringList rowFailures(RowMenu &menu, const QAction &action, const MenuRow &row)
 {
     Check check(row.title);
     const QRectF rect = menu.actionGeometry(const_cast<QAction *>(&action));
     const RowDrawing::Places at =
-        RowDrawing::places(rect, row, rows.styleOf(menu), RowDrawing::kindOf(action));
+        RowDrawing::places(rect, row, menu.look(), RowDrawing::kindOf(action));
     const double tall = Board::length(row.subtitle ? 46 : 30);
 
     check.that(QRectF(menu.rect()).contains(rect), u"is within the menu"_s);
     check.that(rect.height() <= tall, u"is no taller than its text needs"_s);
-    check.that(fits(rows.style.titleFont, row.title, at.title), u"is shown whole"_s);
+    check.that(fits(menu.look().titleFont, row.title, at.title), u"is shown whole"_s);
     if (row.subtitle) {
         check.that(fits(Board::font(Board::Type::secondary), *row.subtitle, at.subtitle),
             u"its subtitle is shown whole"_s);
@@ -55,7 +54,7 @@ QStringList rowFailures(
     if (at.trailing.isNull())
         return check.failures();
     check.that(rect.contains(at.trailing), u"its key caps are within the row"_s);
-    check.that(std::abs(at.trailing.right() - rect.left() - rows.tabLocation.value(&menu)) < 0.01,
+    check.that(std::abs(at.trailing.right() - rect.left() - menu.columnEnd()) < 0.01,
         u"its trailing part ends where those of the others do"_s);
     check.that(at.trailing.left() - at.title.right() >= Board::length(20),
         u"its key caps stand clear of the title"_s);
@@ -64,12 +63,12 @@ QStringList rowFailures(
 
 } // namespace
 
-QStringList failures(QMenu &menu, const MenuRows &rows)
+QStringList failures(RowMenu &menu)
 {
     QStringList failures;
     for (const QAction *action : menu.actions()) {
-        if (const auto row = rows.rows.constFind(action); row != rows.rows.cend())
-            failures << rowFailures(menu, rows, *action, *row);
+        if (const auto row = MenuRow::of(*action))
+            failures << rowFailures(menu, *action, *row);
         if (!action->isSeparator() && action->text().isEmpty())
             failures << u"a row has no name"_s;
     }

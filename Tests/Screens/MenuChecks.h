@@ -1,12 +1,10 @@
 #pragma once
 
-#include "MenuRows.h"
-
-#include <QtWidgets/QMenu>
+#include "RowMenu.h"
 
 /// What must hold of a menu however large its text is. Each failure is one line.
 namespace corvane::MenuChecks {
 
-[[nodiscard]] QStringList failures(QMenu &menu, const MenuRows &rows);
+[[nodiscard]] QStringList failures(RowMenu &menu);
 
 } // namespace corvane::MenuChecks

@@ -60,7 +60,7 @@ private:
     /// On the ground of a window.
     [[nodiscard]] QPixmap ground(QSize size) const;
     void save(const QPixmap &picture, const QString &name);
-    void shoot(QMenu &menu, const MenuRows &rows, const QString &name, qsizetype lit = -1);
+    void shoot(QMenu &menu, const QString &name, qsizetype lit = -1);
     void shootSubmenus(StatusMenu &status);
 
     QString m_folder;
@@ -87,12 +87,12 @@ void MenuScreens::save(const QPixmap &picture, const QString &name)
         m_failures << u"%1 could not be written"_s.arg(file);
 }
 
-void MenuScreens::shoot(QMenu &menu, const MenuRows &rows, const QString &name, qsizetype lit)
+void MenuScreens::shoot(QMenu &menu, const QString &name, qsizetype lit)
 {
     menu.ensurePolished();
     menu.resize(menu.sizeHint());
     menu.setActiveAction(lit < 0 ? nullptr : menu.actions().at(lit));
-    m_failures << MenuChecks::failures(menu, rows);
+    m_failures << MenuChecks::failures(static_cast<RowMenu &>(menu));
     const QPixmap menuPicture = menu.grab();
     QPixmap picture = ground(menu.size() + QSize(2, 2) * border);
     QPainter painter(&picture);
@@ -105,8 +105,8 @@ void MenuScreens::shootSubmenus(StatusMenu &status)
 {
     for (QAction *action : status.menu().actions()) {
         if (auto *submenu = action->menu<QMenu *>()) {
-            const QString title = status.rows().rows.value(action).title;
-            shoot(*submenu, status.rows(), u"status-"_s + title.toLower(), 1);
+            const QString title = MenuRow::of(*action)->title;
+            shoot(*submenu, u"status-"_s + title.toLower(), 1);
         }
     }
 }
@@ -115,7 +115,7 @@ void MenuScreens::drawStatusMenus()
 {
     StatusMenu status(RowForm::drawn, m_model, fullTarget());
     status.fill();
-    shoot(status.menu(), status.rows(), u"status"_s, status.menu().actions().size() - 7);
+    shoot(status.menu(), u"status"_s, status.menu().actions().size() - 7);
     shootSubmenus(status);
 
     m_model.accessibilityTrusted = false;
@@ -126,7 +126,7 @@ void MenuScreens::drawStatusMenus()
         .lastChecked = {},
         .canUpdate = true};
     status.fill();
-    shoot(status.menu(), status.rows(), u"status-flags"_s);
+    shoot(status.menu(), u"status-flags"_s);
     m_model.accessibilityTrusted = true;
     m_model.unregistered = QSet<ShortcutOwner>();
     m_model.competitors = QList<Competitor::Running>();
@@ -138,7 +138,7 @@ void MenuScreens::drawMainMenu()
     MenuRows rows(RowForm::drawn);
     const auto bar = MainMenu::build(rows, fullTarget(), m_model);
     for (const QAction *action : bar->actions())
-        shoot(*action->menu<QMenu *>(), rows, u"main-"_s + action->text().toLower(), 0);
+        shoot(*action->menu<QMenu *>(), u"main-"_s + action->text().toLower(), 0);
 }
 
 void MenuScreens::drawKeyCaps()
