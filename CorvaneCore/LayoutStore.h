@@ -3,7 +3,7 @@
 #include "StoreProblem.h"
 #include "WindowLayout.h"
 
-#include "AXError.h"
+#include "Expected.h"
 
 namespace corvane {
 

@@ -3,7 +3,7 @@
 #include "Settings.h"
 #include "StoreProblem.h"
 
-#include "AXError.h"
+#include "Expected.h"
 
 namespace corvane {
 

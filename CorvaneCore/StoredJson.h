@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AXError.h"
 #include "Decoding.h"
+#include "Expected.h"
 #include "PrivateFile.h"
 
 #include <QtCore/QByteArray>

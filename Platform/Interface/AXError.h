@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tl/expected.hpp>
+#include "Expected.h"
 
 namespace corvane {
 
@@ -13,12 +13,5 @@ enum class AXError : int {
     cannotComplete = -25204, ///< nothing answered within the messaging timeout
     apiDisabled = -25211, ///< the desktop does not let us move windows
 };
-
-/// `std::expected`, once the compiler has it.
-template <typename T, typename E>
-using expected = tl::expected<T, E>;
-
-template <typename E>
-using unexpected = tl::unexpected<E>;
 
 } // namespace corvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AXError.h"
+#include "Expected.h"
 #include "Rect.h"
 #include "WindowElement.h"
 #include "WindowState.h"

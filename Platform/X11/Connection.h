@@ -2,6 +2,7 @@
 
 #include "Atoms.h"
 #include "AXError.h"
+#include "Expected.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
