@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AXError.h"
+#include "Expected.h"
 #include "Platform.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AXError.h"
+#include "Expected.h"
 #include "SettingsPane.h"
 
 /// The addresses that open Corvane: corvane://settings and corvane://settings/PANE. Any web page may

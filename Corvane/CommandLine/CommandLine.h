@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Appearance.h"
-#include "AXError.h"
 #include "CommandResult.h"
+#include "Expected.h"
 #include "Placement.h"
 #include "SettingsPane.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AXError.h"
 #include "Board.h"
+#include "Expected.h"
 
 #include <QtGui/QIcon>
 

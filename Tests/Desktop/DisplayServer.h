@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AXError.h"
 #include "ChildProcess.h"
+#include "Expected.h"
 
 #include <QtCore/QSize>
 
