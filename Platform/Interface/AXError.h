@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Expected.h"
-
 namespace corvane {
 
 /// What a request to a window can come back with. The numbers are those of the macOS accessibility
