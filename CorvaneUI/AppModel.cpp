@@ -1,11 +1,8 @@
 #include "AppModel.h"
 
 #include "Accessibility.h"
-#include "DataFolder.h"
 #include "FlightRecorder.h"
 #include "Platform.h"
-
-#include <QtCore/QFileInfo>
 
 namespace corvane {
 
@@ -17,47 +14,19 @@ namespace {
 // Most programs are gone by then.
 constexpr Clock::Duration timeToQuit = 1s;
 
-void call(const std::function<void()> &callback)
-{
-    if (callback)
-        callback();
-}
-
-void call(const std::function<void(bool)> &callback, bool value)
-{
-    if (callback)
-        callback(value);
-}
-
-QString saveFailedID()
-{
-    return u"save-failed"_s;
-}
-
 } // namespace
 
 AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog activityLog)
     : m_store(std::move(store))
-    , m_layoutStore(std::move(layoutStore))
     , m_activityLog(std::move(activityLog))
+    , m_layouts(std::move(layoutStore), m_notices)
     , m_layoutApplier([this](const QList<ActivityEntry> &entries) { writeDown(entries); })
 {
-    connect(this, &AppModel::recordingChanged, this, [this] {
-        if (recording.value())
-            recordingLayout = QUuid();
-        noteRecording();
-    });
-    connect(this, &AppModel::recordingLayoutChanged, this, [this] {
-        if (!recordingLayout.value().isNull())
-            recording = std::nullopt;
-        noteRecording();
-    });
-    connect(&FlightRecorder::shared(), &FlightRecorder::written, this, &AppModel::noteWriting);
-    FlightRecorder::shared().tellProblems();
+    connectRecording();
+    connectNotices();
     loadSettings();
-    loadLayouts();
-    m_history.setSaved(m_layouts);
     connectLayouts();
+    m_layouts.load();
     refreshTrust();
     applyAppearance();
     connect(
@@ -66,8 +35,7 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
 
 void AppModel::followFiles()
 {
-    m_fileWatch.emplace(
-        QStringList{m_store.url().toLocalFile(), m_layoutStore.url().toLocalFile()});
+    m_fileWatch.emplace(QStringList{m_store.url().toLocalFile(), m_layouts.url().toLocalFile()});
     connect(&*m_fileWatch, &FileWatch::stirred, this, &AppModel::refreshFiles);
     // What was written before anybody watched.
     refreshFiles();
@@ -79,14 +47,20 @@ void AppModel::refreshFiles()
     refreshLayouts();
 }
 
-void AppModel::note(
-    const QUrl &file, const std::optional<StoreProblem> &problem, StoreProblem::Instead instead)
+void AppModel::connectNotices()
 {
-    const QString id = u"unreadable-"_s + file.fileName();
-    if (!problem)
-        return dismissNotice(id);
-    FlightRecorder::shared().record(u"settings-unreadable"_s, detail(*problem));
-    post({id, sentence(*problem, instead), problem->kept});
+    connect(&m_notices, &Notices::changed, this, [this] {
+        Q_EMIT noticesChanged();
+        if (onMenuChanged)
+            onMenuChanged();
+    });
+    connect(&FlightRecorder::shared(), &FlightRecorder::written, &m_notices, &Notices::tellWriting);
+    FlightRecorder::shared().tellProblems();
+}
+
+std::optional<Notice> AppModel::unreadableSettings() const
+{
+    return m_notices.unreadable(m_store.url());
 }
 
 void AppModel::writeDown(const QList<ActivityEntry> &entries)
@@ -94,41 +68,14 @@ void AppModel::writeDown(const QList<ActivityEntry> &entries)
     const auto written = m_activityLog.append(entries);
     // One that waits for another process is neither.
     if (!written || *written)
-        noteWriting(m_activityLog.url().toLocalFile(), written ? QString() : written.error());
-}
-
-void AppModel::noteWriting(const QString &path, const QString &problem)
-{
-    if (m_unwritten.value(path) == problem)
-        return;
-    m_unwritten.insert(path, problem);
-    const QString id = u"unwritten-"_s + QFileInfo(path).fileName();
-    if (problem.isEmpty())
-        return dismissNotice(id);
-    post({id,
-        tr("Corvane could not write to %1: %2 Windows are moved all the same.")
-            .arg(abbreviatedPath(path), problem),
-        QUrl::fromLocalFile(path)});
-}
-
-expected<void, QString> AppModel::save(
-    const QUrl &file, const std::function<expected<void, QString>()> &operation)
-{
-    const auto saved = operation();
-    if (saved) {
-        dismissNotice(saveFailedID());
-        return {};
-    }
-    FlightRecorder::shared().record(saveFailedID(), file.fileName() + u": "_s + saved.error());
-    const QString text = tr("Corvane could not save to %1: %2 Changes work until Corvane quits.")
-                             .arg(abbreviatedPath(file.toLocalFile()), saved.error());
-    post({saveFailedID(), text, file});
-    return unexpected<QString>(text);
+        m_notices.tellWriting(
+            m_activityLog.url().toLocalFile(), written ? QString() : written.error());
 }
 
 void AppModel::replayTour()
 {
-    call(onReplayTour);
+    if (onReplayTour)
+        onReplayTour();
 }
 
 void AppModel::setAutomaticUpdateChecks(bool isOn)
@@ -136,24 +83,8 @@ void AppModel::setAutomaticUpdateChecks(bool isOn)
     if (automaticUpdateChecks.value() == isOn)
         return;
     automaticUpdateChecks = isOn;
-    call(onAutomaticUpdateChecksChanged, isOn);
-}
-
-void AppModel::post(const Notice &notice)
-{
-    m_notices.removeIf([&notice](const Notice &each) { return each.id == notice.id; });
-    m_notices.append(notice);
-    FlightRecorder::shared().record(u"notice"_s, notice.text);
-    Q_EMIT noticesChanged();
-    call(onMenuChanged);
-}
-
-void AppModel::dismissNotice(const QString &id)
-{
-    if (!m_notices.removeIf([&id](const Notice &each) { return each.id == id; }))
-        return;
-    Q_EMIT noticesChanged();
-    call(onMenuChanged);
+    if (onAutomaticUpdateChecksChanged)
+        onAutomaticUpdateChecksChanged(isOn);
 }
 
 void AppModel::applyAppearance()
@@ -186,23 +117,6 @@ void AppModel::quit(const RunningApplication &competitor)
 void AppModel::refreshActivity()
 {
     activity = m_activityLog.recent(activityShown);
-}
-
-bool AppModel::isRecording() const
-{
-    return recording.value() || !recordingLayout.value().isNull();
-}
-
-void AppModel::endRecording()
-{
-    recording = std::nullopt;
-    recordingLayout = QUuid();
-}
-
-void AppModel::noteRecording()
-{
-    if (std::exchange(m_wasRecording, isRecording()) != isRecording())
-        call(onRecordingChanged, isRecording());
 }
 
 } // namespace corvane

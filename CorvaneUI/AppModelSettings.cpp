@@ -3,27 +3,18 @@
 #include "FlightRecorder.h"
 #include "Platform.h"
 
+#include <tuple>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-template <typename... Values>
-void call(const std::function<void(Values...)> &callback, Values... values)
-{
-    if (callback)
-        callback(values...);
-}
-
-} // namespace
 
 void AppModel::loadSettings()
 {
     m_settingsStamp = FileStamp::of(m_store.url().toLocalFile());
     auto [settings, problem] = m_store.loadKeepingUnreadable();
     m_settings = std::move(settings);
-    note(m_store.url(), problem, StoreProblem::Instead::defaults);
+    m_notices.tellReading(m_store.url(), problem, StoreProblem::Instead::defaults);
 }
 
 void AppModel::refreshSettings()
@@ -34,7 +25,7 @@ void AppModel::refreshSettings()
         return;
     m_settingsStamp = stamp;
     auto [settings, problem] = m_store.loadEdit(m_settings);
-    note(m_store.url(), problem, StoreProblem::Instead::present);
+    m_notices.tellReading(m_store.url(), problem, StoreProblem::Instead::present);
     adopt(std::move(settings), Origin::file);
 }
 
@@ -54,24 +45,17 @@ void AppModel::adopt(Settings settings, Origin origin)
     if (settings == m_settings)
         return;
     refreshLayouts();
-    QList<WindowLayout> layouts = m_layouts;
+    QList<WindowLayout> layouts = m_layouts.all();
     tell(settleShortcuts(settings.shortcuts, layouts));
     const Settings old = std::exchange(m_settings, std::move(settings));
     m_layoutApplier.engine().gap = m_settings.gap;
     const bool isSaved = origin == Origin::program && saveSettings();
     Q_EMIT settingsChanged();
-    const bool layoutsLoseShortcuts = layouts != m_layouts;
-    static_cast<void>(setLayouts(std::move(layouts)));
-    if (m_settings.shortcuts != old.shortcuts && !layoutsLoseShortcuts)
-        call(onShortcutsChanged);
-    if (m_settings.launchAtLogin != old.launchAtLogin)
-        call(onLaunchAtLoginChanged, m_settings.launchAtLogin);
-    if (m_settings.showMenuBarIcon != old.showMenuBarIcon)
-        call(onMenuChanged);
-    if (m_settings.showInDock != old.showInDock)
-        call(onDockVisibilityChanged, m_settings.showInDock);
-    if (m_settings.appearance != old.appearance)
-        applyAppearance();
+    const bool layoutsLoseShortcuts = layouts != m_layouts.all();
+    std::ignore = m_layouts.replaceAll(std::move(layouts));
+    if (m_settings.shortcuts != old.shortcuts && !layoutsLoseShortcuts && onShortcutsChanged)
+        onShortcutsChanged();
+    tellChangesSince(old);
     if (isSaved)
         savedFlash = Platform::current().clock().date();
     const QString saving = isSaved ? u"changed"_s : u"changed, not saved"_s;
@@ -79,10 +63,21 @@ void AppModel::adopt(Settings settings, Origin origin)
         u"settings"_s, origin == Origin::file ? u"changed in their file"_s : saving);
 }
 
+void AppModel::tellChangesSince(const Settings &old)
+{
+    if (m_settings.launchAtLogin != old.launchAtLogin && onLaunchAtLoginChanged)
+        onLaunchAtLoginChanged(m_settings.launchAtLogin);
+    if (m_settings.showMenuBarIcon != old.showMenuBarIcon && onMenuChanged)
+        onMenuChanged();
+    if (m_settings.showInDock != old.showInDock && onDockVisibilityChanged)
+        onDockVisibilityChanged(m_settings.showInDock);
+    if (m_settings.appearance != old.appearance)
+        applyAppearance();
+}
+
 bool AppModel::saveSettings()
 {
-    const bool isSaved =
-        save(m_store.url(), [this] { return m_store.save(m_settings); }).has_value();
+    const bool isSaved = m_notices.tellSaving(m_store.url(), m_store.save(m_settings)).has_value();
     if (isSaved)
         m_settingsStamp = FileStamp::of(m_store.url().toLocalFile());
     return isSaved;

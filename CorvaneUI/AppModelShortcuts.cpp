@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 std::optional<ShortcutOwner> AppModel::owner(const KeyCombo &combo) const
 {
-    return ownerOf(combo, m_settings.shortcuts, m_layouts);
+    return ownerOf(combo, m_settings.shortcuts, layouts());
 }
 
 QString AppModel::title(const ShortcutOwner &owner) const
@@ -102,6 +102,37 @@ void AppModel::restoreCustomShortcuts()
     settings.shortcuts = *settings.customShortcuts;
     settings.preset = u"Custom"_s;
     setSettings(std::move(settings));
+}
+
+void AppModel::connectRecording()
+{
+    connect(this, &AppModel::recordingChanged, this, [this] {
+        if (recording.value())
+            recordingLayout = QUuid();
+        tellRecording();
+    });
+    connect(this, &AppModel::recordingLayoutChanged, this, [this] {
+        if (!recordingLayout.value().isNull())
+            recording = std::nullopt;
+        tellRecording();
+    });
+}
+
+bool AppModel::isRecording() const
+{
+    return recording.value() || !recordingLayout.value().isNull();
+}
+
+void AppModel::endRecording()
+{
+    recording = std::nullopt;
+    recordingLayout = QUuid();
+}
+
+void AppModel::tellRecording()
+{
+    if (std::exchange(m_wasRecording, isRecording()) != isRecording() && onRecordingChanged)
+        onRecordingChanged(isRecording());
 }
 
 void AppModel::tell(const QList<ShortcutLoss> &losses)

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "FileStamp.h"
+#include "LayoutHistory.h"
+#include "LayoutStore.h"
+#include "Notices.h"
+
+#include <QtCore/QObject>
+
+#include <functional>
+
+namespace corvane {
+
+/// The layouts in force. Every change of them is saved at once and can be undone, except as said; what
+/// somebody else has written into their file since is read before each change.
+class LayoutLibrary final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `notices`, which are told what becomes of the file, outlive the library.
+    LayoutLibrary(LayoutStore store, Notices &notices);
+
+    /// Takes from the layouts that are about to be in force the shortcuts that others hold already.
+    std::function<void(QList<WindowLayout> &layouts)> onSettleShortcuts;
+
+    [[nodiscard]] QUrl url() const { return m_store.url(); }
+    /// Reads the file at start. The layouts in it count as saved.
+    void load();
+    /// Reads the file again where it is not as it was last read or written.
+    void refresh();
+
+    [[nodiscard]] const QList<WindowLayout> &all() const { return m_layouts; }
+    /// By its id, else the first one of that name.
+    [[nodiscard]] std::optional<WindowLayout> layout(const QString &nameOrID) const;
+    [[nodiscard]] std::optional<WindowLayout> layout(const QUuid &id) const;
+
+    /// One pane for each connected display.
+    WindowLayout addEmpty();
+    /// Adds what `capture` makes, which is handed a name that no other layout has. The error is one
+    /// sentence; then the layout is there, too, but only until the program ends.
+    expected<WindowLayout, QString> addCaptured(
+        const QString &name, const std::function<WindowLayout(const QString &name)> &capture);
+    std::optional<WindowLayout> duplicate(const QUuid &id);
+    void remove(const QUuid &id);
+    void rename(const QUuid &id, const QString &name);
+    /// Replaces the layout that has the id. `undoTitle` names the action.
+    void update(const WindowLayout &layout, const QString &undoTitle);
+    /// Puts these layouts in the place of all, without a step to undo.
+    expected<void, QString> replaceAll(QList<WindowLayout> layouts);
+    /// Gives the layout's panes today's identifiers of their applications (see `mended`), without a
+    /// step to undo: nobody did anything.
+    WindowLayout mend(const WindowLayout &layout);
+
+    void undo();
+    void redo();
+    [[nodiscard]] std::optional<QString> undoTitle() const { return m_history.undoTitle(); }
+    [[nodiscard]] std::optional<QString> redoTitle() const { return m_history.redoTitle(); }
+    /// To this version `revert` goes back. Not to be undone.
+    void save(const QUuid &id);
+    void revert(const QUuid &id);
+    [[nodiscard]] std::optional<WindowLayout> savedVersion(const QUuid &id) const
+    {
+        return m_history.savedVersion(id);
+    }
+
+Q_SIGNALS:
+    void changed();
+    /// Follows `changed`.
+    void shortcutsChanged();
+
+private:
+    void read();
+    [[nodiscard]] std::optional<FileStamp> stampNow() const;
+    expected<void, QString> add(const WindowLayout &layout, const QString &undoTitle);
+    /// As an action that can be undone.
+    expected<void, QString> perform(const QString &undoTitle, QList<WindowLayout> layouts);
+
+    LayoutStore m_store;
+    Notices &m_notices;
+    QList<WindowLayout> m_layouts;
+    LayoutHistory m_history;
+    std::optional<FileStamp> m_stamp; ///< of the file that the layouts came from or went to
+};
+
+} // namespace corvane

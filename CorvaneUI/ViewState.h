@@ -1,0 +1,98 @@
+#pragma once
+
+#include "ActivityEntry.h"
+#include "Competitors.h"
+#include "PaneResult.h"
+#include "Session.h"
+#include "ShortcutOwner.h"
+#include "UpdateStatus.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QProperty>
+#include <QtCore/QSet>
+
+namespace corvane {
+
+/// What views show beside settings, layouts and notices, and what they are to show next. Each member
+/// can be set by whoever knows better, and has a signal of its name that says that it has another
+/// value. Those called pending are one-shot requests: whoever acts on one sets it back to empty.
+class ViewState : public QObject
+{
+    Q_OBJECT
+
+Q_SIGNALS:
+    void loginItemNoteChanged();
+    void unregisteredChanged();
+    void accessibilityTrustedChanged();
+    void activityChanged();
+    void competitorsChanged();
+    void savedFlashChanged();
+    void recordingChanged();
+    void recordingLayoutChanged();
+    void pendingPaneChanged();
+    void pendingLayoutChanged();
+    void pendingRenameChanged();
+    void pendingPaneIndexChanged();
+    void pendingAppPickerChanged();
+    void pendingTourPageChanged();
+    void pendingActivationChanged();
+    void lastApplyChanged();
+    void automaticUpdateChecksChanged();
+    void updateStatusChanged();
+    void pendingStealChanged();
+    void lookChanged();
+
+public:
+    struct LastApply {
+        QUuid layout;
+        QList<PaneResult> results;
+        QDateTime date;
+
+        bool operator==(const LastApply &) const = default;
+    };
+
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<QString>, loginItemNote, &ViewState::loginItemNoteChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, QSet<ShortcutOwner>, unregistered, &ViewState::unregisteredChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, bool, accessibilityTrusted, &ViewState::accessibilityTrustedChanged)
+    /// The newest entries of the move history, the newest last.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, QList<ActivityEntry>, activity, &ViewState::activityChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, QList<Competitor::Running>, competitors, &ViewState::competitorsChanged)
+    /// When the settings were saved last.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<QDateTime>, savedFlash, &ViewState::savedFlashChanged)
+    /// The placement, or the layout, whose shortcut the user is pressing now; at most one of the two.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<Placement>, recording, &ViewState::recordingChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, QUuid, recordingLayout, &ViewState::recordingLayoutChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, QString, pendingPane, &ViewState::pendingPaneChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, QUuid, pendingLayout, &ViewState::pendingLayoutChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, QUuid, pendingRename, &ViewState::pendingRenameChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<int>, pendingPaneIndex, &ViewState::pendingPaneIndexChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, bool, pendingAppPicker, &ViewState::pendingAppPickerChanged)
+    /// From 1.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<int>, pendingTourPage, &ViewState::pendingTourPageChanged)
+    /// By which the window that is shown next may come to the front: X11's startup id, Wayland's
+    /// activation token. Empty when whoever asked for the window had none.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, QString, pendingActivation, &ViewState::pendingActivationChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<LastApply>, lastApply, &ViewState::lastApplyChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, std::optional<bool>, automaticUpdateChecks,
+        &ViewState::automaticUpdateChecksChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, UpdateStatus, updateStatus, &ViewState::updateStatusChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<ShortcutSteal>, pendingSteal, &ViewState::pendingStealChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, DesktopLook, look, &ViewState::lookChanged)
+};
+
+} // namespace corvane
