@@ -80,10 +80,8 @@ QCoro::Task<CommandResult> Commands::apply(QString nameOrID, ReportForm form)
 CommandResult Commands::printSettings() const
 {
     CommandResult result = FileCommands::printSettings(m_model.settings());
-    for (const AppModel::Notice &notice : m_model.notices()) {
-        if (notice.id == "unreadable-settings.json"_L1)
-            result.error = KeyCaps::plainSentence(notice.text) + u'\n';
-    }
+    if (const auto notice = m_model.unreadableSettings())
+        result.error = KeyCaps::plainSentence(notice->text) + u'\n';
     return result;
 }
 
