@@ -40,7 +40,7 @@ protected:
 };
 
 /// What a recorder that is made and used meanwhile writes to standard error.
-std::string mirrored(const StoreFolder &folder, FlightRecorder::Mirror mirror, bool toJournal)
+std::string mirrored(const StoreFolder &folder, bool toJournal)
 {
     testing::internal::CaptureStderr();
     struct stat status {
@@ -51,7 +51,6 @@ std::string mirrored(const StoreFolder &folder, FlightRecorder::Mirror mirror, b
     qputenv("JOURNAL_STREAM", toJournal ? stream : stream + '1');
     {
         FlightRecorder recorder(folder.path());
-        recorder.setMirror(mirror);
         recorder.record(u"launch"_s, u"first\nsecond"_s);
     }
     qunsetenv("JOURNAL_STREAM");
@@ -160,13 +159,10 @@ TEST_F(FlightRecorderTests, aFolderThatCannotBeWrittenStopsNothingAndIsToldOnceF
 
 TEST_F(FlightRecorderTests, theJournalGetsOneLineWithAPriority)
 {
-    using enum FlightRecorder::Mirror;
-    const std::string line = "com.orvalle.corvane.flightrecorder launch: first second\n";
+    const std::string line = "<6>com.orvalle.corvane.flightrecorder launch: first second\n";
 
-    EXPECT_EQ(mirrored(folder, journal, true), "<6>" + line);
-    EXPECT_EQ(mirrored(folder, standardError, true), "<6>" + line);
-    EXPECT_EQ(mirrored(folder, standardError, false), line);
-    EXPECT_EQ(mirrored(folder, journal, false), "");
+    EXPECT_EQ(mirrored(folder, true), line);
+    EXPECT_EQ(mirrored(folder, false), "");
 }
 
 } // namespace corvane

@@ -35,27 +35,6 @@ TEST(KeyComboTests, theGlyphsStandInFixedOrderBeforeTheKey)
     EXPECT_EQ(KeyCombo(49, 0).parts(), QStringList{u"Space"_s});
 }
 
-TEST(KeyComboTests, theKeyEquivalentIsWhatAMenuTakes)
-{
-    struct Example {
-        quint16 code;
-        QString equivalent;
-    };
-    const Example examples[]{
-        {0, u"a"_s},
-        {42, u"\\"_s},
-        {36, u"\r"_s},
-        {49, u" "_s},
-        {76, QString(QChar(0x03))},
-        {123, QString(QChar(0xF702))},
-        {111, QString(QChar(0xF70F))},
-        {10, {}},
-    };
-
-    for (const Example &example : examples)
-        EXPECT_EQ(KeyCombo(example.code, 0).keyEquivalent(), example.equivalent) << example.code;
-}
-
 TEST(KeyComboTests, aDamagedRecordIsNone)
 {
     const char *const damaged[]{

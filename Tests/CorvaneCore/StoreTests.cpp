@@ -239,7 +239,7 @@ TEST(SettingsStoreTests, theFileIsForPeopleToRead)
     const QByteArray text = folder.read(u"new/folder/settings.json"_s).value();
     EXPECT_THAT(text.toStdString(), HasSubstr("\n    \"gap\": 0.1,\n"));
     EXPECT_LT(text.indexOf("\"appearance\""), text.indexOf("\"showInDock\""));
-    EXPECT_EQ(store.load(), changedSettings());
+    EXPECT_EQ(store.inspect().settings, changedSettings());
 }
 
 TEST(LayoutStoreTests, aDamagedLayoutCostsItselfAlone)
@@ -282,7 +282,7 @@ TEST(LayoutStoreTests, aLongFileReadsAsAShortOne)
         layouts.last().name = u"%1, ] and \" in %2"_s.arg(number).arg(layouts.last().name);
     }
     ASSERT_TRUE(store.save(layouts));
-    EXPECT_EQ(store.load(), layouts);
+    EXPECT_EQ(store.loadKeepingUnreadable().layouts, layouts);
 
     const QByteArray whole = *folder.read(file);
     ASSERT_TRUE(halves(whole));
@@ -321,10 +321,10 @@ TEST(LayoutStoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
     const LayoutStore store(folder.path());
     const WindowLayout original = deskLayout();
     ASSERT_TRUE(store.save({original, original}));
-    const WindowLayout copy = store.load().last();
+    const WindowLayout copy = store.loadKeepingUnreadable().layouts.last();
     ASSERT_TRUE(store.save({original, original, copy, original}));
 
-    const QList<WindowLayout> layouts = store.load();
+    const QList<WindowLayout> layouts = store.loadKeepingUnreadable().layouts;
 
     QSet<QUuid> ids;
     for (const WindowLayout &layout : layouts)
@@ -332,7 +332,7 @@ TEST(LayoutStoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
     EXPECT_EQ(ids.size(), 4);
     EXPECT_EQ(layouts[0], original);
     EXPECT_EQ(layouts[2], copy);
-    EXPECT_EQ(store.load(), layouts);
+    EXPECT_EQ(store.loadKeepingUnreadable().layouts, layouts);
 }
 
 TEST(LayoutStoreTests, aFailedSaveSaysWhyAndLeavesTheFile)

@@ -78,7 +78,7 @@ TEST_F(SettingsRuleTests, everyChangeIsSavedAndToldToThoseWhoDependOnIt)
     EXPECT_THAT(told,
         ElementsAre(
             u"settings"_s, u"shortcuts"_s, u"login 1"_s, u"menu"_s, u"dock 0"_s, u"look"_s));
-    EXPECT_EQ(SettingsStore(desk.folder.path()).load(), settings);
+    EXPECT_EQ(SettingsStore(desk.folder.path()).loadKeepingUnreadable().layouts, settings);
     EXPECT_EQ(model.savedFlash.value(), desk.platform.clock().date());
     EXPECT_TRUE(model.look.value().isDark);
 }
@@ -167,7 +167,8 @@ TEST_F(SettingsRuleTests, undoAndRedoWalkThroughTheLayoutsAndTheirFile)
     model.deleteLayout(layout.id);
     const auto names = [this] {
         QStringList result;
-        for (const WindowLayout &each : LayoutStore(desk.folder.path()).load())
+        for (const WindowLayout &each :
+            LayoutStore(desk.folder.path()).loadKeepingUnreadable().layouts)
             result << each.name;
         return result;
     };
@@ -250,7 +251,7 @@ TEST_F(SettingsRuleTests, aChangeOfTheProgramsOwnLostTheEditThatItHadNotRead)
     edited.cycling = false;
     edited.shortcuts.remove(Placement::rightHalf);
     EXPECT_EQ(model.settings(), edited);
-    EXPECT_EQ(SettingsStore(desk.folder.path()).load(), edited);
+    EXPECT_EQ(SettingsStore(desk.folder.path()).loadKeepingUnreadable().layouts, edited);
 }
 
 TEST_F(SettingsRuleTests, aDamagedListOfLayoutsCostsNoLayout)

@@ -200,19 +200,4 @@ TEST_F(SimulatedDesktopTests, noticesComeAtTheirTimeOnTheManualClock)
     EXPECT_THAT(times, ElementsAre(3s));
 }
 
-TEST_F(SimulatedDesktopTests, droppedHotKeysAreToldAndCanBeRegisteredAgain)
-{
-    SimulatedHotKeys &hotKeys = platform.hotKeys();
-    int losses = 0;
-    QObject::connect(&hotKeys, &HotKeys::registrationsLost, [&] { ++losses; });
-    EXPECT_EQ(hotKeys.registerHotKey(1, 0, HotKeys::cmdKey), HotKeys::noErr);
-
-    hotKeys.dropRegistrations();
-    EXPECT_FALSE(hotKeys.isRegistered(0, HotKeys::cmdKey));
-    platform.deliver();
-
-    EXPECT_EQ(losses, 1);
-    EXPECT_EQ(hotKeys.registerHotKey(1, 0, HotKeys::cmdKey), HotKeys::noErr);
-}
-
 } // namespace corvane

@@ -77,16 +77,6 @@ TEST_F(ScreensTests, steppingGoesRoundTheEndsAndKnowsNoStranger)
     EXPECT_EQ(Screens::next(stranger, Screens::Direction::next), std::nullopt);
 }
 
-TEST_F(ScreensTests, theFlipTurnsAboutThePrimaryDisplayAndIsItsOwnInverse)
-{
-    plug(u"primary"_s, {0, 0, 1440, 900});
-    plug(u"left"_s, {-1920, -500, 1920, 1080});
-    const Rect window{-100, -300, 400, 200};
-
-    EXPECT_EQ(Screens::toCocoa(window), (Rect{-100, 1000, 400, 200}));
-    EXPECT_EQ(Screens::toAX(Screens::toCocoa(window)), window);
-}
-
 TEST_F(ScreensTests, theSignatureRoundsSizesAndFollowsTheOrder)
 {
     plug(u"right"_s, {1440, 0, 1920.5, 1079.4});
