@@ -25,8 +25,6 @@ public:
     /// entries. The error is one sentence.
     expected<bool, QString> append(const QList<ActivityEntry> &entries);
     expected<bool, QString> append(const ActivityEntry &entry) { return append(QList{entry}); }
-    /// Another attempt at what is not written yet.
-    expected<bool, QString> flush() { return m_lines.flush(); }
     /// The newest `limit` entries, the newest last.
     [[nodiscard]] QList<ActivityEntry> recent(int limit) const;
     /// Drops what is older, and lines that cannot be read.

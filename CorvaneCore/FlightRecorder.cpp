@@ -165,12 +165,11 @@ void FlightRecorder::tellProblems()
 
 void FlightRecorder::mirror(const Event &event) const
 {
-    if (!m_writesToJournal && m_mirror == Mirror::journal)
+    if (!m_writesToJournal)
         return;
     // A line is an entry of its own in the journal, and only the first would have the priority.
     const QString text = QString(event.detail).replace(u'\n', u' ');
-    const QString line = u"%1%2 %3: %4\n"_s.arg(
-        m_writesToJournal ? u"<6>"_s : QString(), subsystem, event.kind, text);
+    const QString line = u"<6>%1 %2: %3\n"_s.arg(subsystem, event.kind, text);
     std::fputs(qUtf8Printable(line), stderr);
 }
 

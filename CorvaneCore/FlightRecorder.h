@@ -8,7 +8,6 @@
 #include <QtCore/QObject>
 #include <QtCore/QThreadPool>
 
-#include <atomic>
 #include <optional>
 
 namespace corvane {
@@ -33,10 +32,6 @@ public:
         bool operator==(const Event &) const = default;
     };
 
-    /// Where events also go as they happen: to the journal when that is what standard error is, as
-    /// lines with a priority; with `standardError`, to standard error whatever it is.
-    enum class Mirror { journal, standardError };
-
     static constexpr int ledgerLimit = 300;
 
     /// In the data folder.
@@ -44,8 +39,6 @@ public:
     explicit FlightRecorder(QString directory);
     /// What was recorded is on the disk afterwards.
     ~FlightRecorder() override;
-
-    void setMirror(Mirror mirror) { m_mirror = mirror; }
 
     void record(const QString &kind, const QString &detail);
     /// Drops what is older from the file, and lines that cannot be read; and the titles of windows, which
@@ -68,6 +61,7 @@ Q_SIGNALS:
 
 private:
     void write(const Event &event);
+    /// Also to the journal when that is what standard error is, as a line with a priority.
     void mirror(const Event &event) const;
     void writeSnapshot();
     void note(const QString &path, const QString &problem);
@@ -75,7 +69,6 @@ private:
     QString m_directory;
     JsonLines m_lines;
     bool m_writesToJournal; ///< standard error does
-    std::atomic<Mirror> m_mirror = Mirror::journal;
     // Touched on the queue only.
     QList<Event> m_ledger;
     QJsonObject m_snapshot; ///< that could not be written yet

@@ -42,11 +42,6 @@ QUrl LayoutStore::url() const
     return QUrl::fromLocalFile(m_path);
 }
 
-QList<WindowLayout> LayoutStore::load() const
-{
-    return toldApart(readStoredArray<WindowLayout>(m_path).value.elements);
-}
-
 LayoutStore::Loaded LayoutStore::loadKeepingUnreadable() const
 {
     const auto stored = readStoredArray<WindowLayout>(m_path);

@@ -22,8 +22,8 @@ public:
 
     [[nodiscard]] QUrl url() const;
 
-    /// Leaves a file that cannot be read whole to the other one, which keeps a copy of it.
-    [[nodiscard]] QList<WindowLayout> load() const;
+    /// Reads the file, and keeps a copy of it when it cannot be read whole, since the next save
+    /// replaces it.
     [[nodiscard]] Loaded loadKeepingUnreadable() const;
     /// The error is one sentence.
     [[nodiscard]] expected<void, QString> save(const QList<WindowLayout> &layouts) const;

@@ -20,14 +20,15 @@ public:
     SettingsStore();
     explicit SettingsStore(QString directory);
 
-    [[nodiscard]] const QString &directory() const { return m_directory; }
     [[nodiscard]] QUrl url() const;
 
-    /// These two leave a file that cannot be read whole to the third, which keeps a copy of it.
-    [[nodiscard]] Settings load() const { return inspect().settings; }
+    /// Reads the file and changes nothing. What cannot be read of it has its default.
     [[nodiscard]] Loaded inspect() const;
+    /// Reads the file, and keeps a copy of it when it cannot be read whole, since the next save
+    /// replaces it.
     [[nodiscard]] Loaded loadKeepingUnreadable() const;
-    /// The same, but what cannot be read is as it is `inForce`.
+    /// Reads the file as `loadKeepingUnreadable` does while these settings are in force: what cannot
+    /// be read stays as it is in them.
     [[nodiscard]] Loaded loadEdit(const Settings &inForce) const;
     /// The error is one sentence.
     [[nodiscard]] expected<void, QString> save(const Settings &settings) const;

@@ -5,8 +5,8 @@
 #include <QtGui/QFontInfo>
 #include <QtGui/QGuiApplication>
 
+#include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace corvane::Board {
 
@@ -58,17 +58,6 @@ Palette inHighContrast(Palette palette)
 {
     palette.hairline = palette.edge = palette.muted = palette.faint = palette.fore;
     return palette;
-}
-
-double linear(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor &color)
-{
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
-        + 0.0722 * linear(color.blueF());
 }
 
 /// The font at a share of its size; in pixels, so that every view rounds it alike.
@@ -133,21 +122,6 @@ QFont font(Type type)
 int length(double drawn)
 {
     return qRound(drawn * QFontInfo(QGuiApplication::font()).pixelSize() / drawnTextSize);
-}
-
-QColor blended(const QColor &over, const QColor &ground)
-{
-    const auto mix = [share = over.alphaF()](
-                         float above, float below) { return above * share + below * (1 - share); };
-    return QColor::fromRgbF(mix(over.redF(), ground.redF()), mix(over.greenF(), ground.greenF()),
-        mix(over.blueF(), ground.blueF()));
-}
-
-double contrast(const QColor &text, const QColor &ground)
-{
-    const double first = luminance(text) + 0.05;
-    const double second = luminance(ground) + 0.05;
-    return std::max(first, second) / std::min(first, second);
 }
 
 } // namespace corvane::Board

@@ -47,9 +47,4 @@ void useFont(const DesktopLook &look);
 /// whole points.
 [[nodiscard]] int length(double drawn);
 
-/// As a screen shows `over`, which may be translucent, on an opaque ground.
-[[nodiscard]] QColor blended(const QColor &over, const QColor &ground);
-/// By WCAG, from 1 to 21.
-[[nodiscard]] double contrast(const QColor &text, const QColor &ground);
-
 } // namespace corvane::Board

@@ -6,7 +6,7 @@
 
 namespace corvane::CorvaneMark {
 
-void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette, Field field)
+void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette)
 {
     // Drawn on a field of 32 by 32.
     const double unit = std::min(rect.width(), rect.height()) / 32;
@@ -19,11 +19,9 @@ void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette,
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    if (field == Field::filled) {
-        painter.setBrush(palette.accent);
-        pane(0, 0, 32, 32, 8);
-    }
-    QColor ink = field == Field::filled ? palette.onAccent : palette.accent;
+    painter.setBrush(palette.accent);
+    pane(0, 0, 32, 32, 8);
+    QColor ink = palette.onAccent;
     painter.setBrush(ink);
     pane(7, 7, 8, 18, 2);
     ink.setAlphaF(0.5F);

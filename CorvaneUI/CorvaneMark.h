@@ -5,15 +5,9 @@
 class QPainter;
 class QRectF;
 
-/// The product's mark: a display's panes, the left one filled.
+/// The product's mark: a display's panes, the left one filled, on a rounded field of the accent.
 namespace corvane::CorvaneMark {
 
-enum class Field {
-    filled, ///< panes on a rounded field of the accent
-    bare,
-};
-
-void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette,
-    Field field = Field::filled);
+void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette);
 
 } // namespace corvane::CorvaneMark

@@ -179,11 +179,6 @@ bool AXWindow::isFullScreen() const
     return access().isFullScreen(element).value_or(false);
 }
 
-bool AXWindow::isResizable() const
-{
-    return access().isResizable(element).value_or(false);
-}
-
 bool AXWindow::isWindow() const
 {
     return access().isWindow(element).value_or(false);
@@ -197,11 +192,6 @@ bool AXWindow::isStandard() const
 bool AXWindow::isMinimized() const
 {
     return access().isMinimized(element).value_or(false);
-}
-
-std::optional<quint32> AXWindow::windowID() const
-{
-    return access().windowID(element);
 }
 
 void AXWindow::raise() const

@@ -39,11 +39,9 @@ struct AXWindow {
     /// The application's name, or "pid " with its number.
     [[nodiscard]] QString appName() const;
     [[nodiscard]] bool isFullScreen() const;
-    [[nodiscard]] bool isResizable() const;
     [[nodiscard]] bool isWindow() const;
     [[nodiscard]] bool isStandard() const;
     [[nodiscard]] bool isMinimized() const;
-    [[nodiscard]] std::optional<quint32> windowID() const;
 
     void raise() const;
     /// Makes the window its application's main and focused one.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QHashFunctions>
 #include <QtCore/QString>
 
 #include <optional>
@@ -24,10 +23,5 @@ struct AppRef {
 
     bool operator==(const AppRef &) const = default;
 };
-
-inline size_t qHash(const AppRef &app, size_t seed = 0) noexcept
-{
-    return qHashMulti(seed, app.bundleID, app.name);
-}
 
 } // namespace corvane

@@ -15,7 +15,6 @@ namespace {
 struct KeyRow {
     quint16 code;
     QStringView name;
-    char16_t equivalent = 0; ///< where it is not the name in lower case
 };
 
 constexpr std::array keyTable{
@@ -66,29 +65,29 @@ constexpr std::array keyTable{
     KeyRow{46, u"M"},
     KeyRow{47, u"."},
     KeyRow{50, u"`"},
-    KeyRow{36, u"↩", u'\r'},
-    KeyRow{48, u"⇥", u'\t'},
-    KeyRow{49, u"Space", u' '},
-    KeyRow{51, u"⌫", u'\b'},
-    KeyRow{53, u"⎋", 0x1B},
-    KeyRow{76, u"⌤", 0x03},
-    KeyRow{117, u"⌦", 0xF728},
-    KeyRow{123, u"←", 0xF702},
-    KeyRow{124, u"→", 0xF703},
-    KeyRow{125, u"↓", 0xF701},
-    KeyRow{126, u"↑", 0xF700},
-    KeyRow{122, u"F1", 0xF704},
-    KeyRow{120, u"F2", 0xF705},
-    KeyRow{99, u"F3", 0xF706},
-    KeyRow{118, u"F4", 0xF707},
-    KeyRow{96, u"F5", 0xF708},
-    KeyRow{97, u"F6", 0xF709},
-    KeyRow{98, u"F7", 0xF70A},
-    KeyRow{100, u"F8", 0xF70B},
-    KeyRow{101, u"F9", 0xF70C},
-    KeyRow{109, u"F10", 0xF70D},
-    KeyRow{103, u"F11", 0xF70E},
-    KeyRow{111, u"F12", 0xF70F},
+    KeyRow{36, u"↩"},
+    KeyRow{48, u"⇥"},
+    KeyRow{49, u"Space"},
+    KeyRow{51, u"⌫"},
+    KeyRow{53, u"⎋"},
+    KeyRow{76, u"⌤"},
+    KeyRow{117, u"⌦"},
+    KeyRow{123, u"←"},
+    KeyRow{124, u"→"},
+    KeyRow{125, u"↓"},
+    KeyRow{126, u"↑"},
+    KeyRow{122, u"F1"},
+    KeyRow{120, u"F2"},
+    KeyRow{99, u"F3"},
+    KeyRow{118, u"F4"},
+    KeyRow{96, u"F5"},
+    KeyRow{97, u"F6"},
+    KeyRow{98, u"F7"},
+    KeyRow{100, u"F8"},
+    KeyRow{101, u"F9"},
+    KeyRow{109, u"F10"},
+    KeyRow{103, u"F11"},
+    KeyRow{111, u"F12"},
 };
 
 const KeyRow *rowOf(quint16 code)
@@ -117,16 +116,6 @@ QStringList KeyCombo::parts() const
 QString KeyCombo::display() const
 {
     return parts().join(QString());
-}
-
-QString KeyCombo::keyEquivalent() const
-{
-    const KeyRow *row = rowOf(keyCode);
-    if (!row)
-        return {};
-    if (row->equivalent)
-        return QString(QChar(row->equivalent));
-    return row->name.size() == 1 ? row->name.toString().toLower() : QString();
 }
 
 QString KeyCombo::keyName(quint16 keyCode)

@@ -34,8 +34,6 @@ struct KeyCombo {
     [[nodiscard]] QStringList parts() const;
     /// The parts in one piece, such as "⌃⌥←".
     [[nodiscard]] QString display() const;
-    /// The key as a menu item takes it; empty when it can stand in no menu.
-    [[nodiscard]] QString keyEquivalent() const;
     /// The key's name on the US layout, whatever layout is in use.
     [[nodiscard]] static QString keyName(quint16 keyCode);
 

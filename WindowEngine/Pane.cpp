@@ -41,11 +41,4 @@ std::optional<Pane> Pane::fromJson(const QJsonValue &json, DecodeProblems &probl
     });
 }
 
-size_t qHash(const Pane &pane, size_t seed) noexcept
-{
-    return qHashMulti(seed, pane.id, pane.display, pane.rect, pane.app.value_or(AppRef{}),
-        pane.titleContains.value_or(QString()), pane.launch, pane.stack.value_or(-1),
-        pane.capturedTitle.value_or(QString()));
-}
-
 } // namespace corvane

@@ -33,6 +33,4 @@ struct Pane {
     bool operator==(const Pane &) const = default;
 };
 
-size_t qHash(const Pane &pane, size_t seed = 0) noexcept;
-
 } // namespace corvane

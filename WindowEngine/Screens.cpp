@@ -54,18 +54,6 @@ std::optional<ScreenInfo> next(
     return screens[(index + static_cast<int>(direction) + count) % count];
 }
 
-Rect toAX(const Rect &rect)
-{
-    const QList<ScreenInfo> screens = Platform::current().displays().all();
-    const double primaryHeight = screens.isEmpty() ? 0 : screens.first().frame.height;
-    return {rect.x, primaryHeight - rect.maxY(), rect.width, rect.height};
-}
-
-Rect toCocoa(const Rect &rect)
-{
-    return toAX(rect);
-}
-
 DisplayKey key(const ScreenInfo &screen)
 {
     return {screen.name, static_cast<int>(std::lround(screen.frame.width)),

@@ -31,11 +31,6 @@ enum class Direction {
 [[nodiscard]] std::optional<ScreenInfo> next(
     const ScreenInfo &screen, Direction direction, const QList<ScreenInfo> &screens);
 
-/// Between accessibility coordinates and those that count upward from the bottom of the primary
-/// display; each is its own inverse.
-[[nodiscard]] Rect toAX(const Rect &rect);
-[[nodiscard]] Rect toCocoa(const Rect &rect);
-
 [[nodiscard]] DisplayKey key(const ScreenInfo &screen);
 /// One key per display, in the order of `all`.
 [[nodiscard]] QList<DisplayKey> signature();

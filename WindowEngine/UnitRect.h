@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QtCore/QHashFunctions>
-
 #include <optional>
 
 class QJsonObject;
@@ -25,10 +23,5 @@ struct UnitRect {
 
     constexpr bool operator==(const UnitRect &) const = default;
 };
-
-inline size_t qHash(const UnitRect &rect, size_t seed = 0) noexcept
-{
-    return qHashMulti(seed, rect.x, rect.y, rect.w, rect.h);
-}
 
 } // namespace corvane

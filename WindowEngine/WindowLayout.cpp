@@ -114,12 +114,6 @@ std::optional<WindowLayout> WindowLayout::fromJson(const QJsonValue &json, Decod
     };
 }
 
-size_t qHash(const WindowLayout &layout, size_t seed) noexcept
-{
-    return qHashMulti(seed, layout.id, layout.name, layout.displays, layout.panes,
-        layout.applyOnConnect, layout.shortcut.value_or(KeyCombo{}), layout.created);
-}
-
 QString uniqueName(const QString &base, const QList<WindowLayout> &layouts)
 {
     QSet<QString> taken;

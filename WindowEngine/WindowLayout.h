@@ -18,8 +18,6 @@ enum class CutLines {
 /// A saved arrangement of a whole desk: which app goes in which part of which display. Made here, it
 /// has an id of its own and was created now.
 struct WindowLayout {
-    using PaneGrid = corvane::PaneGrid;
-
     struct Edges {
         QList<double> vertical;
         QList<double> horizontal;
@@ -84,8 +82,6 @@ struct WindowLayout {
 
     bool operator==(const WindowLayout &) const = default;
 };
-
-size_t qHash(const WindowLayout &layout, size_t seed = 0) noexcept;
 
 /// `base`, or `base` with the first number from 2 on that no layout's name has yet.
 [[nodiscard]] QString uniqueName(const QString &base, const QList<WindowLayout> &layouts);

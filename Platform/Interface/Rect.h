@@ -33,7 +33,6 @@ struct Rect {
     constexpr Point origin() const { return {x, y}; }
     constexpr Size size() const { return {width, height}; }
 
-    constexpr Rect insetBy(double d) const { return {x + d, y + d, width - 2 * d, height - 2 * d}; }
     constexpr double intersectionArea(const Rect &other) const
     {
         const double w =

@@ -63,7 +63,6 @@ public:
     [[nodiscard]] virtual expected<QString, AXError> title(const WindowElement &window) = 0;
     [[nodiscard]] virtual expected<bool, AXError> isFullScreen(const WindowElement &window) = 0;
     [[nodiscard]] virtual expected<bool, AXError> isMinimized(const WindowElement &window) = 0;
-    [[nodiscard]] virtual expected<bool, AXError> isResizable(const WindowElement &window) = 0;
     /// A managed top-level window of any kind but panel and desktop.
     [[nodiscard]] virtual expected<bool, AXError> isWindow(const WindowElement &window) = 0;
     /// An application's ordinary window: no dialog, utility, splash screen or notification.
@@ -102,7 +101,6 @@ public:
     /// Brings only this window forward and focuses it. False where the desktop has no way to. Inside
     /// an operation the focus may wait for its end, and go to the last window alone.
     virtual bool bringToFrontAlone(const WindowElement &window) = 0;
-    [[nodiscard]] virtual std::optional<quint32> windowID(const WindowElement &window) = 0;
 
     /// Asks for `windowCreated` notices of this process.
     [[nodiscard]] virtual AXError observe(pid_t pid) = 0;

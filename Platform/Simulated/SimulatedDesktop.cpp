@@ -24,12 +24,6 @@ void SimulatedDesktop::unplug(quint32 displayID)
     noteDisplayChange();
 }
 
-void SimulatedDesktop::resizeDisplay(quint32 displayID, Rect frame)
-{
-    display(displayID).frame = frame;
-    noteDisplayChange();
-}
-
 void SimulatedDesktop::makePrimary(quint32 displayID)
 {
     m_displays.move(&display(displayID) - m_displays.constData(), 0);
@@ -39,12 +33,6 @@ void SimulatedDesktop::makePrimary(quint32 displayID)
 void SimulatedDesktop::addPanel(quint32 displayID, SimulatedPanel panel)
 {
     display(displayID).panels << panel;
-    noteDisplayChange();
-}
-
-void SimulatedDesktop::removePanels(quint32 displayID)
-{
-    display(displayID).panels.clear();
     noteDisplayChange();
 }
 

@@ -33,10 +33,8 @@ public:
     // Displays. The first one plugged in is the primary one; nothing else moves when they change.
     quint32 plug(SimulatedDisplay display);
     void unplug(quint32 displayID);
-    void resizeDisplay(quint32 displayID, Rect frame);
     void makePrimary(quint32 displayID);
     void addPanel(quint32 displayID, SimulatedPanel panel);
-    void removePanels(quint32 displayID);
     [[nodiscard]] QList<ScreenInfo> screens() const;
 
     // Applications

@@ -6,7 +6,7 @@ SimulatedHotKeys::SimulatedHotKeys(NoticeQueue &notices) : m_notices(notices) { 
 
 qint32 SimulatedHotKeys::registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers)
 {
-    if (m_missingKeys.contains(keyCode) || (modifiers & m_missingModifiers) != 0)
+    if (m_missingKeys.contains(keyCode))
         return hotKeyInvalid;
     const Combination combination{keyCode, modifiers};
     if (m_rivals.contains(combination) || !m_registered.emplace(combination, id).second)
@@ -51,25 +51,9 @@ void SimulatedHotKeys::takeByRival(quint16 keyCode, quint32 modifiers)
     m_rivals.insert({keyCode, modifiers});
 }
 
-void SimulatedHotKeys::releaseByRival(quint16 keyCode, quint32 modifiers)
-{
-    m_rivals.erase({keyCode, modifiers});
-}
-
 void SimulatedHotKeys::removeKey(quint16 keyCode)
 {
     m_missingKeys.insert(keyCode);
-}
-
-void SimulatedHotKeys::removeModifiers(quint32 modifiers)
-{
-    m_missingModifiers |= modifiers;
-}
-
-void SimulatedHotKeys::dropRegistrations()
-{
-    m_registered.clear();
-    m_notices.post([this] { Q_EMIT registrationsLost(); });
 }
 
 bool SimulatedHotKeys::isRegistered(quint16 keyCode, quint32 modifiers) const

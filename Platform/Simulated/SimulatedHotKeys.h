@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// The interface, and the keyboard that a test plays on.
+/// Hot keys in memory, and the keyboard that a test presses them on.
 class SimulatedHotKeys final : public HotKeys
 {
     Q_OBJECT
@@ -21,19 +21,15 @@ public:
     qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
     void unregisterHotKey(quint32 id) override;
 
-    /// Down and up again.
+    /// Presses the key and lets it go.
     void press(quint16 keyCode, quint32 modifiers);
-    /// Again while it is down: a repeat.
+    /// Presses the key and does not let it go; once more while it is down, it repeats.
     void keyDown(quint16 keyCode, quint32 modifiers);
     void keyUp(quint16 keyCode);
 
     void takeByRival(quint16 keyCode, quint32 modifiers);
-    void releaseByRival(quint16 keyCode, quint32 modifiers);
-    /// From now on this keyboard lacks the key, or these modifiers.
+    /// From now on this keyboard lacks the key.
     void removeKey(quint16 keyCode);
-    void removeModifiers(quint32 modifiers);
-    /// The desktop forgets every registration and says so.
-    void dropRegistrations();
     [[nodiscard]] bool isRegistered(quint16 keyCode, quint32 modifiers) const;
 
 private:
@@ -48,7 +44,6 @@ private:
     std::map<Combination, quint32> m_registered; ///< to their ids
     std::set<Combination> m_rivals;
     QSet<quint16> m_missingKeys;
-    quint32 m_missingModifiers = 0;
     QSet<quint16> m_keysDown;
 };
 

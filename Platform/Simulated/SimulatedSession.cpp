@@ -2,15 +2,14 @@
 
 namespace corvane {
 
-bool SimulatedSession::openAddress(const QUrl &address)
+bool SimulatedSession::openAddress(const QUrl &)
 {
-    openedAddresses << address;
     return opensAddresses;
 }
 
 QUrl SimulatedSession::trustSettingsAddress()
 {
-    return settingsAddress;
+    return QUrl(QStringLiteral("help:window-access"));
 }
 
 std::optional<int> SimulatedSession::clearTrustRow(const QString &bundleIdentifier)
@@ -21,13 +20,10 @@ std::optional<int> SimulatedSession::clearTrustRow(const QString &bundleIdentifi
 
 int SimulatedSession::systemMajorVersion()
 {
-    return majorVersion;
+    return 0;
 }
 
-void SimulatedSession::reveal(const QUrl &file)
-{
-    revealedFiles << file;
-}
+void SimulatedSession::reveal(const QUrl &) { }
 
 LoginItem SimulatedSession::loginItem()
 {
@@ -42,10 +38,7 @@ expected<void, QString> SimulatedSession::setLoginItem(bool opensAtLogin)
     return {};
 }
 
-void SimulatedSession::openLoginItems()
-{
-    ++loginItemsOpened;
-}
+void SimulatedSession::openLoginItems() { }
 
 void SimulatedSession::notify(const QString &id, const QString &title, const QString &body)
 {

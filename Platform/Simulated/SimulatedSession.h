@@ -37,18 +37,13 @@ public:
     void changeLook(const DesktopLook &look);
 
     bool opensAddresses = true;
-    QUrl settingsAddress{QStringLiteral("help:window-access")};
     std::optional<int> clearingStatus{};
-    int majorVersion = 0;
     LoginItem item = LoginItem::absent;
     LoginItem itemOnceSet = LoginItem::present;
     bool isButtonDown = false; ///< of the pointer
     QString loginItemError; ///< unless empty, the login item cannot be changed
 
-    QList<QUrl> openedAddresses;
-    QList<QUrl> revealedFiles;
     QStringList clearedRows;
-    int loginItemsOpened = 0;
     QList<Notification> notifications; ///< on the screen, oldest first
 
 private:

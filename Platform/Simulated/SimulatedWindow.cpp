@@ -31,11 +31,6 @@ bool SimulatedWindow::isListed() const
     return kind == WindowKind::standard || kind == WindowKind::dialog;
 }
 
-bool SimulatedWindow::isResizable() const
-{
-    return !fixedSize && maximum != minimum;
-}
-
 bool SimulatedWindow::canHaveFocus() const
 {
     return isOrdinary() && kind != WindowKind::splash && !minimised && !onOtherWorkspace;

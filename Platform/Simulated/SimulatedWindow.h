@@ -57,7 +57,6 @@ struct SimulatedWindow : WindowSpec {
 
     [[nodiscard]] bool isOrdinary() const; ///< neither panel nor desktop
     [[nodiscard]] bool isListed() const; ///< the task bar shows it
-    [[nodiscard]] bool isResizable() const;
     /// Without a person's clicking it: on show, and of a kind that asks for it.
     [[nodiscard]] bool canHaveFocus() const;
     /// The size it takes when it is given `size`.

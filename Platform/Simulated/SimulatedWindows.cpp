@@ -97,11 +97,6 @@ expected<bool, AXError> SimulatedWindows::isMinimized(const WindowElement &windo
     return look(window).map([](const SimulatedWindow *seen) { return seen->minimised; });
 }
 
-expected<bool, AXError> SimulatedWindows::isResizable(const WindowElement &window)
-{
-    return look(window).map([](const SimulatedWindow *seen) { return seen->isResizable(); });
-}
-
 expected<bool, AXError> SimulatedWindows::isWindow(const WindowElement &window)
 {
     return look(window).map([](const SimulatedWindow *seen) { return seen->isOrdinary(); });
@@ -200,11 +195,6 @@ bool SimulatedWindows::bringToFrontAlone(const WindowElement &window)
     m_desktop.raise(window);
     m_desktop.focus(window);
     return true;
-}
-
-std::optional<quint32> SimulatedWindows::windowID(const WindowElement &window)
-{
-    return look(window) ? std::optional(quint32(window.number)) : std::nullopt;
 }
 
 AXError SimulatedWindows::observe(pid_t pid)

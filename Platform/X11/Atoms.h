@@ -58,7 +58,6 @@ enum class Atom {
     wmState,
     i3FloatingWindow,
     edid,
-    utf8String,
     count,
 };
 
@@ -112,7 +111,6 @@ inline constexpr std::array<const char *, static_cast<std::size_t>(Atom::count)>
     "WM_STATE",
     "I3_FLOATING_WINDOW",
     "EDID",
-    "UTF8_STRING",
 };
 
 } // namespace corvane::x11

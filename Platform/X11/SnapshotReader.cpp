@@ -39,7 +39,6 @@ void readState(
     window.maximizedVertically = has(Atom::stateMaximizedVert);
     window.fullScreen = has(Atom::stateFullscreen);
     window.hidden = has(Atom::stateHidden);
-    window.skipsTaskbar = has(Atom::stateSkipTaskbar);
 }
 
 } // namespace

@@ -19,7 +19,6 @@ struct WindowHints {
     Size leastAspect; ///< width : height; zero when the client set none
     Size mostAspect;
 
-    bool isResizable() const { return minimum != maximum; }
     /// The size nearest to `asked`, and no larger where the client can be so small.
     [[nodiscard]] Size constrained(Size asked) const;
 

@@ -38,7 +38,6 @@ struct WindowSnapshot {
     bool fullScreen = false;
     bool hidden = false;
     bool viewable = true;
-    bool skipsTaskbar = false;
     bool tiled = false; ///< by a window manager that lets tiled windows be neither moved nor sized
     WindowKind kind = WindowKind::standard;
     quint32 desktop = 0;

@@ -171,12 +171,6 @@ expected<bool, AXError> X11WindowAccess::isMinimized(const WindowElement &window
     return read<bool>(window, [](const WindowSnapshot &snapshot) { return snapshot.hidden; });
 }
 
-expected<bool, AXError> X11WindowAccess::isResizable(const WindowElement &window)
-{
-    return read<bool>(
-        window, [](const WindowSnapshot &snapshot) { return snapshot.hints.isResizable(); });
-}
-
 expected<bool, AXError> X11WindowAccess::isWindow(const WindowElement &window)
 {
     return read<bool>(window, canBePlaced);
@@ -300,12 +294,6 @@ void X11WindowAccess::sendActivate(const WindowElement &window)
     m_connection.sendToRoot(static_cast<xcb_window_t>(window.number), Atom::netActiveWindow,
         {fromPager, XCB_CURRENT_TIME, noWindow, 0, 0});
     Q_EMIT m_registry.activating(static_cast<xcb_window_t>(window.number));
-}
-
-std::optional<quint32> X11WindowAccess::windowID(const WindowElement &window)
-{
-    return m_registry.find(window) ? std::optional(static_cast<quint32>(window.number))
-                                   : std::nullopt;
 }
 
 AXError X11WindowAccess::observe(pid_t pid)

@@ -31,7 +31,6 @@ public:
     expected<QString, AXError> title(const WindowElement &window) override;
     expected<bool, AXError> isFullScreen(const WindowElement &window) override;
     expected<bool, AXError> isMinimized(const WindowElement &window) override;
-    expected<bool, AXError> isResizable(const WindowElement &window) override;
     expected<bool, AXError> isWindow(const WindowElement &window) override;
     expected<bool, AXError> isStandard(const WindowElement &window) override;
 
@@ -47,7 +46,6 @@ public:
     void makeMain(const WindowElement &window) override;
     void bringForward(pid_t pid) override;
     bool bringToFrontAlone(const WindowElement &window) override;
-    std::optional<quint32> windowID(const WindowElement &window) override;
 
     AXError observe(pid_t pid) override;
     void stopObserving(pid_t pid) override;
