@@ -1,52 +1,44 @@
 #include "Appearance.h"
 
+#include "EnumTable.h"
+
 #include <QtCore/QCoreApplication>
 
-#include <algorithm>
-
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 struct AppearanceRow {
-    Appearance appearance;
+    Appearance value;
     QLatin1StringView name;
     const char *title;
 };
 
-constexpr std::array appearanceTable{
-    AppearanceRow{Appearance::matchMac, QLatin1StringView("matchMac"),
-        QT_TRANSLATE_NOOP("Appearance", "Match Mac")},
-    AppearanceRow{
-        Appearance::light, QLatin1StringView("light"), QT_TRANSLATE_NOOP("Appearance", "Light")},
-    AppearanceRow{
-        Appearance::dark, QLatin1StringView("dark"), QT_TRANSLATE_NOOP("Appearance", "Dark")},
-};
-
-const AppearanceRow &rowOf(Appearance appearance)
-{
-    return appearanceTable[static_cast<std::size_t>(appearance)];
-}
+constexpr EnumTable<Appearance::dark, AppearanceRow> appearanceTable{{{
+    {Appearance::matchMac, "matchMac"_L1, QT_TRANSLATE_NOOP("Appearance", "Match Mac")},
+    {Appearance::light, "light"_L1, QT_TRANSLATE_NOOP("Appearance", "Light")},
+    {Appearance::dark, "dark"_L1, QT_TRANSLATE_NOOP("Appearance", "Dark")},
+}}};
+static_assert(appearanceTable.cases() == appearances);
 
 } // namespace
 
 QString rawValue(Appearance appearance)
 {
-    return rowOf(appearance).name;
+    return appearanceTable[appearance].name;
 }
 
 QString title(Appearance appearance)
 {
-    return QCoreApplication::translate("Appearance", rowOf(appearance).title);
+    return QCoreApplication::translate("Appearance", appearanceTable[appearance].title);
 }
 
 template <>
 std::optional<Appearance> decode(const QJsonValue &json, DecodeProblems &)
 {
-    const QString name = json.toString();
-    const auto *const row = std::ranges::find_if(
-        appearanceTable, [&name](const AppearanceRow &each) { return name == each.name; });
-    return row == appearanceTable.end() ? std::nullopt : std::optional(row->appearance);
+    return appearanceTable.named(json.toString());
 }
 
 } // namespace corvane

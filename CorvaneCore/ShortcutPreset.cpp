@@ -1,9 +1,12 @@
 #include "ShortcutPreset.h"
 
-#include <algorithm>
+#include "EnumTable.h"
+
 #include <span>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,7 +18,7 @@ struct ShortcutRow {
 };
 
 struct PresetRow {
-    ShortcutPreset preset;
+    ShortcutPreset value;
     QLatin1StringView name;
     std::span<const ShortcutRow> shortcuts;
 };
@@ -98,39 +101,33 @@ constexpr std::array rectangleShortcuts{
     ShortcutRow{original, {Key::o, plain}},
 };
 
-constexpr std::array presetTable{
-    PresetRow{ShortcutPreset::sizeUp, QLatin1StringView("SizeUp"), sizeUpShortcuts},
-    PresetRow{ShortcutPreset::rectangle, QLatin1StringView("Rectangle"), rectangleShortcuts},
-};
-
-const PresetRow &rowOf(ShortcutPreset preset)
-{
-    return presetTable[static_cast<std::size_t>(preset)];
-}
+constexpr EnumTable<ShortcutPreset::rectangle, PresetRow> presetTable{{{
+    {ShortcutPreset::sizeUp, "SizeUp"_L1, sizeUpShortcuts},
+    {ShortcutPreset::rectangle, "Rectangle"_L1, rectangleShortcuts},
+}}};
+static_assert(presetTable.cases() == shortcutPresets);
 
 } // namespace
 
 QString rawValue(ShortcutPreset preset)
 {
-    return rowOf(preset).name;
+    return presetTable[preset].name;
 }
 
 QString title(ShortcutPreset preset)
 {
-    return rowOf(preset).name;
+    return presetTable[preset].name;
 }
 
 std::optional<ShortcutPreset> shortcutPresetNamed(QStringView name)
 {
-    const auto row = std::ranges::find_if(
-        presetTable, [name](const PresetRow &candidate) { return name == candidate.name; });
-    return row == presetTable.end() ? std::nullopt : std::optional(row->preset);
+    return presetTable.named(name);
 }
 
 ShortcutMap map(ShortcutPreset preset)
 {
     ShortcutMap shortcuts;
-    for (const ShortcutRow &row : rowOf(preset).shortcuts)
+    for (const ShortcutRow &row : presetTable[preset].shortcuts)
         shortcuts.insert(row.placement, row.combo);
     return shortcuts;
 }

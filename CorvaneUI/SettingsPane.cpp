@@ -1,27 +1,32 @@
 #include "SettingsPane.h"
 
-#include <algorithm>
+#include "EnumTable.h"
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::array identifiers{
-    "general"_L1, "shortcuts"_L1, "layouts"_L1, "tremorLog"_L1, "about"_L1};
-static_assert(identifiers.size() == settingsPanes.size());
+
+constexpr EnumTable<SettingsPane::about, NamedCase<SettingsPane>> paneTable{{{
+    {SettingsPane::general, "general"_L1},
+    {SettingsPane::shortcuts, "shortcuts"_L1},
+    {SettingsPane::layouts, "layouts"_L1},
+    {SettingsPane::tremorLog, "tremorLog"_L1},
+    {SettingsPane::about, "about"_L1},
+}}};
+static_assert(paneTable.cases() == settingsPanes);
+
 } // namespace
 
 QString rawValue(SettingsPane pane)
 {
-    return identifiers[static_cast<std::size_t>(pane)];
+    return paneTable[pane].name;
 }
 
 std::optional<SettingsPane> settingsPaneNamed(const QString &identifier)
 {
-    const auto *const pane = std::ranges::find(
-        settingsPanes, identifier, [](SettingsPane each) { return rawValue(each); });
-    return pane == settingsPanes.end() ? std::nullopt : std::optional(*pane);
+    return paneTable.named(identifier);
 }
 
 } // namespace corvane

@@ -1,16 +1,18 @@
 #include "Placement.h"
 
+#include "EnumTable.h"
+
 #include <QtCore/QCoreApplication>
 
-#include <algorithm>
-
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 struct PlacementRow {
-    Placement placement;
-    const char *rawValue;
+    Placement value;
+    QLatin1StringView name;
     PlacementGroup group;
     const char *title;
     std::optional<UnitRect> unitRect = {};
@@ -18,7 +20,7 @@ struct PlacementRow {
 };
 
 struct GroupRow {
-    PlacementGroup group;
+    PlacementGroup value;
     const char *title;
 };
 
@@ -30,71 +32,71 @@ constexpr double third = 1.0 / 3.0;
 constexpr double twoThirds = 2.0 / 3.0;
 
 // clang-format off
-constexpr std::array placementTable{
-    PlacementRow{leftHalf, "leftHalf", Group::halves,
+constexpr EnumTable<original, PlacementRow> placementTable{{{
+    PlacementRow{leftHalf, "leftHalf"_L1, Group::halves,
         QT_TRANSLATE_NOOP("Placement", "Left Half"), UnitRect{0, 0, half, 1},
         PlacementCycle{leftHalf, leftTwoThirds, leftThird}},
-    PlacementRow{rightHalf, "rightHalf", Group::halves,
+    PlacementRow{rightHalf, "rightHalf"_L1, Group::halves,
         QT_TRANSLATE_NOOP("Placement", "Right Half"), UnitRect{half, 0, half, 1},
         PlacementCycle{rightHalf, rightTwoThirds, rightThird}},
-    PlacementRow{topHalf, "topHalf", Group::halves,
+    PlacementRow{topHalf, "topHalf"_L1, Group::halves,
         QT_TRANSLATE_NOOP("Placement", "Top Half"), UnitRect{0, 0, 1, half}},
-    PlacementRow{bottomHalf, "bottomHalf", Group::halves,
+    PlacementRow{bottomHalf, "bottomHalf"_L1, Group::halves,
         QT_TRANSLATE_NOOP("Placement", "Bottom Half"), UnitRect{0, half, 1, half}},
-    PlacementRow{topLeft, "topLeft", Group::quarters,
+    PlacementRow{topLeft, "topLeft"_L1, Group::quarters,
         QT_TRANSLATE_NOOP("Placement", "Top Left Quarter"), UnitRect{0, 0, half, half}},
-    PlacementRow{topRight, "topRight", Group::quarters,
+    PlacementRow{topRight, "topRight"_L1, Group::quarters,
         QT_TRANSLATE_NOOP("Placement", "Top Right Quarter"), UnitRect{half, 0, half, half}},
-    PlacementRow{bottomLeft, "bottomLeft", Group::quarters,
+    PlacementRow{bottomLeft, "bottomLeft"_L1, Group::quarters,
         QT_TRANSLATE_NOOP("Placement", "Bottom Left Quarter"), UnitRect{0, half, half, half}},
-    PlacementRow{bottomRight, "bottomRight", Group::quarters,
+    PlacementRow{bottomRight, "bottomRight"_L1, Group::quarters,
         QT_TRANSLATE_NOOP("Placement", "Bottom Right Quarter"), UnitRect{half, half, half, half}},
-    PlacementRow{leftThird, "leftThird", Group::thirds,
+    PlacementRow{leftThird, "leftThird"_L1, Group::thirds,
         QT_TRANSLATE_NOOP("Placement", "Left Third"), UnitRect{0, 0, third, 1},
         PlacementCycle{leftThird, leftTwoThirds, leftHalf}},
-    PlacementRow{centerThird, "centerThird", Group::thirds,
+    PlacementRow{centerThird, "centerThird"_L1, Group::thirds,
         QT_TRANSLATE_NOOP("Placement", "Center Third"), UnitRect{third, 0, third, 1}},
-    PlacementRow{rightThird, "rightThird", Group::thirds,
+    PlacementRow{rightThird, "rightThird"_L1, Group::thirds,
         QT_TRANSLATE_NOOP("Placement", "Right Third"), UnitRect{twoThirds, 0, third, 1},
         PlacementCycle{rightThird, rightTwoThirds, rightHalf}},
-    PlacementRow{leftTwoThirds, "leftTwoThirds", Group::thirds,
+    PlacementRow{leftTwoThirds, "leftTwoThirds"_L1, Group::thirds,
         QT_TRANSLATE_NOOP("Placement", "Left Two Thirds"), UnitRect{0, 0, twoThirds, 1}},
-    PlacementRow{rightTwoThirds, "rightTwoThirds", Group::thirds,
+    PlacementRow{rightTwoThirds, "rightTwoThirds"_L1, Group::thirds,
         QT_TRANSLATE_NOOP("Placement", "Right Two Thirds"), UnitRect{third, 0, twoThirds, 1}},
-    PlacementRow{topLeftSixth, "topLeftSixth", Group::sixths,
+    PlacementRow{topLeftSixth, "topLeftSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Top Left Sixth"), UnitRect{0, 0, third, half}},
-    PlacementRow{topCenterSixth, "topCenterSixth", Group::sixths,
+    PlacementRow{topCenterSixth, "topCenterSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Top Center Sixth"), UnitRect{third, 0, third, half}},
-    PlacementRow{topRightSixth, "topRightSixth", Group::sixths,
+    PlacementRow{topRightSixth, "topRightSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Top Right Sixth"), UnitRect{twoThirds, 0, third, half}},
-    PlacementRow{bottomLeftSixth, "bottomLeftSixth", Group::sixths,
+    PlacementRow{bottomLeftSixth, "bottomLeftSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Bottom Left Sixth"), UnitRect{0, half, third, half}},
-    PlacementRow{bottomCenterSixth, "bottomCenterSixth", Group::sixths,
+    PlacementRow{bottomCenterSixth, "bottomCenterSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Bottom Center Sixth"), UnitRect{third, half, third, half}},
-    PlacementRow{bottomRightSixth, "bottomRightSixth", Group::sixths,
+    PlacementRow{bottomRightSixth, "bottomRightSixth"_L1, Group::sixths,
         QT_TRANSLATE_NOOP("Placement", "Bottom Right Sixth"),
         UnitRect{twoThirds, half, third, half}},
-    PlacementRow{maximize, "maximize", Group::screen,
+    PlacementRow{maximize, "maximize"_L1, Group::screen,
         QT_TRANSLATE_NOOP("Placement", "Maximize"), UnitRect{0, 0, 1, 1}},
-    PlacementRow{almostMaximize, "almostMaximize", Group::screen,
+    PlacementRow{almostMaximize, "almostMaximize"_L1, Group::screen,
         QT_TRANSLATE_NOOP("Placement", "Almost Maximize"), UnitRect{0.05, 0.05, 0.9, 0.9}},
-    PlacementRow{center, "center", Group::screen,
+    PlacementRow{center, "center"_L1, Group::screen,
         QT_TRANSLATE_NOOP("Placement", "Center")},
-    PlacementRow{larger, "larger", Group::size,
+    PlacementRow{larger, "larger"_L1, Group::size,
         QT_TRANSLATE_NOOP("Placement", "Larger")},
-    PlacementRow{smaller, "smaller", Group::size,
+    PlacementRow{smaller, "smaller"_L1, Group::size,
         QT_TRANSLATE_NOOP("Placement", "Smaller")},
-    PlacementRow{nextDisplay, "nextDisplay", Group::displays,
+    PlacementRow{nextDisplay, "nextDisplay"_L1, Group::displays,
         QT_TRANSLATE_NOOP("Placement", "Next Display")},
-    PlacementRow{previousDisplay, "previousDisplay", Group::displays,
+    PlacementRow{previousDisplay, "previousDisplay"_L1, Group::displays,
         QT_TRANSLATE_NOOP("Placement", "Previous Display")},
-    PlacementRow{snapBack, "snapBack", Group::history,
+    PlacementRow{snapBack, "snapBack"_L1, Group::history,
         QT_TRANSLATE_NOOP("Placement", "Snap Back")},
-    PlacementRow{original, "original", Group::history,
+    PlacementRow{original, "original"_L1, Group::history,
         QT_TRANSLATE_NOOP("Placement", "Original Orientation")},
-};
+}}};
 
-constexpr std::array groupTable{
+constexpr EnumTable<Group::history, GroupRow> groupTable{{{
     GroupRow{Group::halves, QT_TRANSLATE_NOOP("Placement", "Halves")},
     GroupRow{Group::quarters, QT_TRANSLATE_NOOP("Placement", "Quarters")},
     GroupRow{Group::thirds, QT_TRANSLATE_NOOP("Placement", "Thirds")},
@@ -103,40 +105,11 @@ constexpr std::array groupTable{
     GroupRow{Group::size, QT_TRANSLATE_NOOP("Placement", "Size")},
     GroupRow{Group::displays, QT_TRANSLATE_NOOP("Placement", "Displays")},
     GroupRow{Group::history, QT_TRANSLATE_NOOP("Placement", "History")},
-};
+}}};
 // clang-format on
 
-/// The first column of a table, which must be its enumeration in order, so that a case finds its
-/// row by its number.
-template <typename Enum, typename Row, std::size_t count>
-constexpr std::array<Enum, count> firstColumn(
-    const std::array<Row, count> &table, Enum Row::*const column)
-{
-    std::array<Enum, count> cases{};
-    for (std::size_t i = 0; i < count; ++i)
-        cases[i] = table[i].*column;
-    return cases;
-}
-
-template <typename Enum, std::size_t count>
-constexpr bool inOrder(const std::array<Enum, count> &cases)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        if (static_cast<std::size_t>(cases[i]) != i)
-            return false;
-    }
-    return true;
-}
-
-constexpr auto placements = firstColumn(placementTable, &PlacementRow::placement);
-constexpr auto groups = firstColumn(groupTable, &GroupRow::group);
-static_assert(inOrder(placements) && placements.size() == placementCount);
-static_assert(inOrder(groups) && groups.size() == placementGroupCount);
-
-constexpr const PlacementRow &rowOf(Placement placement)
-{
-    return placementTable[static_cast<std::size_t>(placement)];
-}
+constexpr auto placements = placementTable.cases();
+constexpr auto groups = groupTable.cases();
 
 QString translated(const char *text)
 {
@@ -147,32 +120,32 @@ QString translated(const char *text)
 
 QLatin1StringView rawValue(Placement placement)
 {
-    return QLatin1StringView(rowOf(placement).rawValue);
+    return placementTable[placement].name;
 }
 
 QString title(Placement placement)
 {
-    return translated(rowOf(placement).title);
+    return translated(placementTable[placement].title);
 }
 
 PlacementGroup group(Placement placement)
 {
-    return rowOf(placement).group;
+    return placementTable[placement].group;
 }
 
 std::optional<UnitRect> unitRect(Placement placement)
 {
-    return rowOf(placement).unitRect;
+    return placementTable[placement].unitRect;
 }
 
 std::optional<PlacementCycle> cycle(Placement placement)
 {
-    return rowOf(placement).cycle;
+    return placementTable[placement].cycle;
 }
 
 QString title(PlacementGroup group)
 {
-    return translated(groupTable[static_cast<std::size_t>(group)].title);
+    return translated(groupTable[group].title);
 }
 
 const std::array<Placement, placementCount> &allPlacements()
@@ -190,17 +163,14 @@ QList<Placement> inGroup(PlacementGroup group)
     QList<Placement> members;
     for (const PlacementRow &row : placementTable) {
         if (row.group == group)
-            members << row.placement;
+            members << row.value;
     }
     return members;
 }
 
 std::optional<Placement> placementNamed(QStringView name)
 {
-    const auto row = std::ranges::find_if(placementTable, [name](const PlacementRow &candidate) {
-        return name == QLatin1StringView(candidate.rawValue);
-    });
-    return row == placementTable.end() ? std::nullopt : std::optional(row->placement);
+    return placementTable.named(name);
 }
 
 } // namespace corvane

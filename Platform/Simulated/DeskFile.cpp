@@ -16,12 +16,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Edge = SimulatedPanel::Edge;
+using FurtherStart = InstalledApplication::FurtherStart;
+using Time = SimulatedPlatform::Time;
+
+constexpr EnumTable<Edge::right, NamedCase<Edge>> edgeTable{{{
+    {Edge::top, "top"_L1},
+    {Edge::bottom, "bottom"_L1},
+    {Edge::left, "left"_L1},
+    {Edge::right, "right"_L1},
+}}};
+
+constexpr EnumTable<WindowKind::desktop, NamedCase<WindowKind>> kindTable{{{
+    {WindowKind::standard, "standard"_L1},
+    {WindowKind::dialog, "dialog"_L1},
+    {WindowKind::utility, "utility"_L1},
+    {WindowKind::splash, "splash"_L1},
+    {WindowKind::panel, "panel"_L1},
+    {WindowKind::desktop, "desktop"_L1},
+}}};
+
+constexpr EnumTable<FurtherStart::windowIfItHasNone, NamedCase<FurtherStart>> startTable{{{
+    {FurtherStart::process, "process"_L1},
+    {FurtherStart::window, "window"_L1},
+    {FurtherStart::windowIfItHasNone, "windowIfItHasNone"_L1},
+}}};
+
+constexpr EnumTable<Time::real, NamedCase<Time>> timeTable{{{
+    {Time::manual, "manual"_L1},
+    {Time::real, "real"_L1},
+}}};
+
 SimulatedPanel panelFrom(const DeskReader &reader)
 {
-    using Edge = SimulatedPanel::Edge;
-    constexpr std::array edges{Edge::top, Edge::bottom, Edge::left, Edge::right};
-    const int edge = reader.at(u"edge"_s).oneOf({u"top"_s, u"bottom"_s, u"left"_s, u"right"_s}, 0);
-    return {edges[edge], reader.at(u"thickness"_s).number(0, 1000, 30)};
+    return {reader.at(u"edge"_s).oneOf(edgeTable, Edge::top),
+        reader.at(u"thickness"_s).number(0, 1000, 30)};
 }
 
 SimulatedDisplay displayFrom(const DeskReader &reader)
@@ -34,15 +63,6 @@ SimulatedDisplay displayFrom(const DeskReader &reader)
     if (visible.width <= 0 || visible.height <= 0)
         reader.at(u"panels"_s).reject(u"thin enough to leave room between them"_s);
     return display;
-}
-
-WindowKind kindFrom(const DeskReader &reader)
-{
-    using enum WindowKind;
-    constexpr std::array kinds{standard, dialog, utility, splash, panel, desktop};
-    const QStringList words{
-        u"standard"_s, u"dialog"_s, u"utility"_s, u"splash"_s, u"panel"_s, u"desktop"_s};
-    return kinds[reader.oneOf(words, 0)];
 }
 
 std::optional<AXError> refusalFrom(const DeskReader &reader)
@@ -62,7 +82,7 @@ WindowSpec windowFrom(const DeskReader &reader)
     WindowSpec window;
     window.title = reader.at(u"title"_s).text();
     window.frame = reader.at(u"frame"_s).rect(window.frame);
-    window.kind = kindFrom(reader.at(u"kind"_s));
+    window.kind = reader.at(u"kind"_s).oneOf(kindTable, window.kind);
     window.minimum = reader.at(u"minimum"_s).size().value_or(window.minimum);
     window.maximum = reader.at(u"maximum"_s).size();
     window.fixedSize = reader.at(u"fixedSize"_s).boolean(false);
@@ -102,11 +122,8 @@ InstalledApplication applicationFrom(const DeskReader &reader)
     }
     if (const DeskReader exits = reader.at(u"exitsAfter"_s); exits.isPresent())
         application.exitsAfter = exits.milliseconds({});
-    using enum InstalledApplication::FurtherStart;
-    constexpr std::array starts{process, window, windowIfItHasNone};
     application.furtherStart =
-        starts[reader.at(u"furtherStart"_s)
-                   .oneOf({u"process"_s, u"window"_s, u"windowIfItHasNone"_s}, 0)];
+        reader.at(u"furtherStart"_s).oneOf(startTable, application.furtherStart);
     application.opensFurtherWindows = reader.at(u"opensFurtherWindows"_s).boolean(false);
     application.hasOneWindow = reader.at(u"hasOneWindow"_s).boolean(false);
     return application;
@@ -194,9 +211,8 @@ expected<std::unique_ptr<SimulatedPlatform>, QString> loadDesk(const QString &pa
     const QJsonValue root =
         document.isObject() ? QJsonValue(document.object()) : QJsonValue(QJsonValue::Null);
     const DeskReader desk(root, {}, problem);
-    using Time = SimulatedPlatform::Time;
-    const bool isManual = desk.at(u"clock"_s).oneOf({u"real"_s, u"manual"_s}, 0) == 1;
-    auto platform = std::make_unique<SimulatedPlatform>(isManual ? Time::manual : Time::real);
+    auto platform =
+        std::make_unique<SimulatedPlatform>(desk.at(u"clock"_s).oneOf(timeTable, Time::real));
     furnish(*platform, desk);
     if (!problem.isEmpty())
         return unexpected(u"The desk file \"%1\" cannot be used: %2."_s.arg(path, problem));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clock.h"
+#include "EnumTable.h"
 #include "Rect.h"
 
 #include <QtCore/QJsonValue>
@@ -32,6 +33,15 @@ public:
     [[nodiscard]] Rect rect(Rect fallback) const;
     /// The index of the text among `words`.
     [[nodiscard]] int oneOf(const QStringList &words, int fallback) const;
+    /// The case of an enumeration that the text names.
+    template <auto last, typename Row>
+    [[nodiscard]] auto oneOf(const EnumTable<last, Row> &table, decltype(last) fallback) const
+    {
+        QStringList words;
+        for (const Row &row : table)
+            words << row.name;
+        return static_cast<decltype(last)>(oneOf(words, static_cast<int>(fallback)));
+    }
 
     void reject(const QString &expectation) const;
 
