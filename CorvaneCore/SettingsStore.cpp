@@ -11,19 +11,19 @@ using namespace Qt::StringLiterals;
 
 SettingsStore::SettingsStore() : SettingsStore(dataFolder()) { }
 
-SettingsStore::SettingsStore(QString directory) : m_directory(std::move(directory)) { }
+SettingsStore::SettingsStore(const QString &directory) : m_path(directory + u"/settings.json"_s) { }
 
 QUrl SettingsStore::url() const
 {
-    return QUrl::fromLocalFile(path());
+    return QUrl::fromLocalFile(m_path);
 }
 
 SettingsStore::Loaded SettingsStore::inspect() const
 {
-    const Stored<Settings> stored = readStored<Settings>(path());
+    const Stored<Settings> stored = readStored<Settings>(m_path);
     if (stored.damage.isEmpty())
         return {stored.value, std::nullopt};
-    return {stored.value, StoreProblem{QFileInfo(path()).fileName(), std::nullopt, stored.damage}};
+    return {stored.value, StoreProblem{QFileInfo(m_path).fileName(), std::nullopt, stored.damage}};
 }
 
 SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
@@ -37,7 +37,7 @@ SettingsStore::Loaded SettingsStore::loadKeepingUnreadable() const
 SettingsStore::Loaded SettingsStore::loadEdit(const Settings &inForce) const
 {
     DecodeProblems problems;
-    auto json = readJson(path(), problems);
+    auto json = readJson(m_path, problems);
     if (json && json->isUndefined())
         return {inForce, std::nullopt};
     if (json && json->isObject())
@@ -51,12 +51,7 @@ SettingsStore::Loaded SettingsStore::loadEdit(const Settings &inForce) const
 
 expected<void, QString> SettingsStore::save(const Settings &settings) const
 {
-    return writeJson(path(), QJsonDocument(settings.toJson()));
-}
-
-QString SettingsStore::path() const
-{
-    return m_directory + u"/settings.json"_s;
+    return writeJson(m_path, QJsonDocument(settings.toJson()));
 }
 
 } // namespace corvane

@@ -18,7 +18,7 @@ public:
 
     /// In the data folder.
     SettingsStore();
-    explicit SettingsStore(QString directory);
+    explicit SettingsStore(const QString &directory);
 
     [[nodiscard]] QUrl url() const;
 
@@ -34,9 +34,7 @@ public:
     [[nodiscard]] expected<void, QString> save(const Settings &settings) const;
 
 private:
-    [[nodiscard]] QString path() const;
-
-    QString m_directory;
+    QString m_path;
 };
 
 } // namespace corvane
