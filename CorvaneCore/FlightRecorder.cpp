@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <limits>
 #include <sys/stat.h>
+#include <tuple>
 
 namespace corvane {
 
@@ -114,7 +115,7 @@ void FlightRecorder::snapshot(const QJsonObject &values)
 
 void FlightRecorder::flush()
 {
-    static_cast<void>(ledger());
+    std::ignore = ledger();
 }
 
 QList<FlightRecorder::Event> FlightRecorder::ledger()

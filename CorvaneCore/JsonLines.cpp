@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <optional>
+#include <tuple>
 
 namespace corvane {
 
@@ -167,7 +168,7 @@ JsonLines::JsonLines(QString path) : m_path(std::move(path)) { }
 JsonLines::~JsonLines()
 {
     m_isHeld = false;
-    static_cast<void>(flush());
+    std::ignore = flush();
 }
 
 expected<void, QString> JsonLines::add(const QJsonObject &record)

@@ -3,6 +3,7 @@
 #include "ShortcutMapJson.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace corvane {
 
@@ -104,7 +105,7 @@ QJsonObject mended(QJsonObject edit, const Settings &inForce, DecodeProblems &pr
     const QJsonObject present = inForce.toJson();
     for (const QString &key : edit.keys()) {
         DecodeProblems own;
-        static_cast<void>(Settings::fromJson(QJsonObject{{key, edit[key]}}, own));
+        std::ignore = Settings::fromJson(QJsonObject{{key, edit[key]}}, own);
         if (own.count > 0)
             edit.insert(key, present[key]);
         problems.count += own.count;

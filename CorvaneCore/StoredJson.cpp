@@ -3,6 +3,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonParseError>
 
+#include <tuple>
+
 namespace corvane {
 
 namespace {
@@ -22,7 +24,7 @@ bool isValue(const QByteArray &word)
 {
     const bool startsAsNumber = word.front() == '-' || (word.front() >= '0' && word.front() <= '9');
     bool isNumber = false;
-    static_cast<void>(word.toDouble(&isNumber));
+    std::ignore = word.toDouble(&isNumber);
     return (startsAsNumber && isNumber) || word == "true" || word == "false" || word == "null";
 }
 

@@ -4,6 +4,7 @@
 #include "Platform.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace corvane {
 
@@ -63,7 +64,7 @@ void nudge(const AXWindow &window, const Rect &target)
 {
     const std::optional<Rect> reached = window.frame();
     if (reached && !isOnTarget(*reached, target))
-        (void)access().setPosition(window.element, target.origin());
+        std::ignore = access().setPosition(window.element, target.origin());
 }
 
 void settle(const AXWindow &window, const Rect &target)
@@ -75,8 +76,8 @@ void settle(const AXWindow &window, const Rect &target)
             return;
         Platform::current().clock().sleep(settlePause);
         access().readAnew(window.element);
-        (void)access().setPosition(window.element, target.origin());
-        (void)access().setSize(window.element, target.size());
+        std::ignore = access().setPosition(window.element, target.origin());
+        std::ignore = access().setSize(window.element, target.size());
     }
 }
 
@@ -88,7 +89,7 @@ void keepToEdges(const AXWindow &window, const Rect &target, const Rect &bounds,
         return;
     const Rect anchored = Geometry::anchored(target, reached->size(), bounds, slack);
     if (!Geometry::approximatelyEqual(anchored, *reached, inPlace))
-        (void)access().setPosition(window.element, anchored.origin());
+        std::ignore = access().setPosition(window.element, anchored.origin());
 }
 
 /// A standard window that is not minimized.
@@ -238,7 +239,7 @@ expected<void, MoveError> AXWindow::restore(
         return {};
     const auto moved = setFrame(frame, std::nullopt, 0);
     if (moved && this->frame() != frame)
-        (void)access().restore(element, frame, std::nullopt);
+        std::ignore = access().restore(element, frame, std::nullopt);
     return moved;
 }
 

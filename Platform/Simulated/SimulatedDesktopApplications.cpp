@@ -138,8 +138,9 @@ QList<RunningApplication> SimulatedDesktop::rivals() const
     QList<RunningApplication> rivals;
     for (const auto &[pid, application] : m_applications)
         if (application.isRival)
-            rivals << RunningApplication{
-                pid, application.bundleIdentifier, application.name, false};
+            rivals << RunningApplication{.pid = pid,
+                .bundleIdentifier = application.bundleIdentifier,
+                .localizedName = application.name};
     return rivals;
 }
 

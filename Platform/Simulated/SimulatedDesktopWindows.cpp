@@ -148,7 +148,9 @@ void SimulatedDesktop::endMaximised(SimulatedWindow &window)
     if (!std::exchange(window.maximised, false))
         return;
     window.frame = window.unmaximised;
-    window.endedState = WindowState{true, true, false, window.unmaximised};
+    window.endedState = WindowState{.maximizedHorizontally = true,
+        .maximizedVertically = true,
+        .normalFrame = window.unmaximised};
 }
 
 void SimulatedDesktop::passFocusOn()
