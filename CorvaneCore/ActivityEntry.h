@@ -30,7 +30,7 @@ struct ActivityEntry {
     [[nodiscard]] static ActivityEntry refused(Placement placement, const QString &app,
         const QString &reason, const QString &display, const QDateTime &date);
 
-    /// The same for equal entries, and for no others.
+    /// An id that is the same for equal entries, and for no others.
     [[nodiscard]] QString id() const;
     [[nodiscard]] bool isRefusal() const { return action == refusedAction; }
 

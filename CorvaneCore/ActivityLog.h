@@ -8,7 +8,7 @@
 namespace corvane {
 
 /// The move history: every window moved, every move that an application refused. Several processes
-/// may share it. A failure is for those who care; nothing stops because of it.
+/// may share it. A caller may ignore a failure: nothing stops because of it.
 class ActivityLog final
 {
 public:
@@ -21,13 +21,13 @@ public:
 
     [[nodiscard]] QUrl url() const;
 
-    /// False while another process holds the file. What is not written now is written with the next
-    /// entries. The error is one sentence.
+    /// Adds entries. False while another process holds the file; what is not written now is written
+    /// with the next entries. The error is one sentence.
     expected<bool, QString> append(const QList<ActivityEntry> &entries);
     expected<bool, QString> append(const ActivityEntry &entry) { return append(QList{entry}); }
     /// The newest `limit` entries, the newest last.
     [[nodiscard]] QList<ActivityEntry> recent(int limit) const;
-    /// Drops what is older, and lines that cannot be read.
+    /// Drops the entries that are older than so many days, and lines that cannot be read.
     expected<void, QString> prune(
         int olderThanDays, const QDateTime &now = QDateTime::currentDateTimeUtc()) const;
 

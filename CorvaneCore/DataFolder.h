@@ -4,11 +4,11 @@
 
 namespace corvane {
 
-/// Where everything that Corvane keeps lies: the folder "Corvane" in the user's generic data location.
+/// The folder of everything that Corvane keeps: "Corvane" in the user's generic data location.
 /// Worked out once; it need not exist.
 [[nodiscard]] const QString &dataFolder();
 
-/// For the user's eyes: the home folder as "~".
+/// The path as a user reads it, with the home folder as "~".
 [[nodiscard]] QString abbreviatedPath(const QString &path);
 
 } // namespace corvane

@@ -21,9 +21,9 @@ public:
     /// has been stopped, or has a disk that has.
     static constexpr std::chrono::milliseconds lockPatience{100};
 
-    /// A regular file; new ones are for this user alone. The error is the system's number, EWOULDBLOCK
-    /// when another process has kept the lock for all of `patience`. A locked file is the one that
-    /// `path` leads to, even where another process has replaced it meanwhile.
+    /// Opens a regular file; new ones are for this user alone. The error is the system's number,
+    /// EWOULDBLOCK when another process has held the lock for all of `patience`. A locked file is
+    /// the one that `path` leads to, even where another process has replaced it meanwhile.
     [[nodiscard]] static expected<FileDescriptor, int> open(const QByteArray &path, int flags,
         Lock lock = Lock::none, std::chrono::milliseconds patience = lockPatience);
 
@@ -42,8 +42,9 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
     [[nodiscard]] int number() const { return m_number; }
-    /// For this process alone, until `unlock` or the end of this object. False when another process has
-    /// kept the lock for all of `patience`: the system has no lock that waits for so long only.
+    /// Locks the file for this process alone, until `unlock` or the end of this object. False when
+    /// another process has held the lock for all of `patience`: the system has no lock that waits
+    /// for so long only.
     [[nodiscard]] bool lock(std::chrono::milliseconds patience) const;
     void unlock() const;
 
@@ -51,10 +52,10 @@ public:
     /// Whether `path` leads to this very file.
     [[nodiscard]] bool isAt(const QByteArray &path) const;
 
-    /// How much was there to fill `buffer` from `offset` on.
+    /// Fills `buffer` with what stands from `offset` on. How much that was.
     [[nodiscard]] expected<qsizetype, QString> readAt(
         qint64 offset, char *buffer, qsizetype size) const;
-    /// Everything, in as many pieces as the system wants.
+    /// Writes everything, in as many pieces as the system wants.
     [[nodiscard]] expected<void, QString> write(QByteArrayView content) const;
 
 private:

@@ -11,7 +11,7 @@ namespace corvane {
 
 /// The same as a result.
 [[nodiscard]] unexpected<QString> fileError(int number);
-/// The one of the system call that has just failed.
+/// The sentence on the system call that has just failed, as a result.
 [[nodiscard]] unexpected<QString> lastFileError();
 
 } // namespace corvane

@@ -138,15 +138,15 @@ void FlightRecorder::write(const Event &event)
     const auto added = m_lines.add(event.toJson());
     const auto flushed = m_lines.flush();
     if (!added || !flushed)
-        note(m_lines.path(), added ? flushed.error() : added.error());
+        tellWritten(m_lines.path(), added ? flushed.error() : added.error());
     else if (*flushed)
-        note(m_lines.path(), {});
+        tellWritten(m_lines.path(), {});
     if (!m_snapshot.isEmpty() && flushed)
         writeSnapshot();
     mirror(event);
 }
 
-void FlightRecorder::note(const QString &path, const QString &problem)
+void FlightRecorder::tellWritten(const QString &path, const QString &problem)
 {
     if (m_problems.value(path) == problem)
         return;
@@ -178,7 +178,7 @@ void FlightRecorder::writeSnapshot()
 {
     const QString path = m_directory + u"/snapshot.json"_s;
     const auto saved = writeJson(path, QJsonDocument(m_snapshot));
-    note(path, saved ? QString() : saved.error());
+    tellWritten(path, saved ? QString() : saved.error());
     if (saved)
         m_snapshot = {};
 }

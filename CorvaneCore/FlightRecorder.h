@@ -41,8 +41,8 @@ public:
     ~FlightRecorder() override;
 
     void record(const QString &kind, const QString &detail);
-    /// Drops what is older from the file, and lines that cannot be read; and the titles of windows, which
-    /// earlier versions wrote here.
+    /// Drops events that are older than so many days from the file, and lines that cannot be read;
+    /// and the titles of windows, which earlier versions wrote there.
     void prune(int olderThanDays, const QDateTime &now = QDateTime::currentDateTimeUtc());
     /// Writes `values` to the snapshot file, with the time and the ledger.
     void snapshot(const QJsonObject &values);
@@ -51,7 +51,7 @@ public:
     void flush();
     /// The newest events, the newest last. Waits as `flush` does.
     [[nodiscard]] QList<Event> ledger();
-    /// Has the files that cannot be written now told once more.
+    /// Emits `written` once more for each file that cannot be written now.
     void tellProblems();
 
 Q_SIGNALS:
@@ -64,7 +64,7 @@ private:
     /// Also to the journal when that is what standard error is, as a line with a priority.
     void mirror(const Event &event) const;
     void writeSnapshot();
-    void note(const QString &path, const QString &problem);
+    void tellWritten(const QString &path, const QString &problem);
 
     QString m_directory;
     JsonLines m_lines;

@@ -22,7 +22,8 @@ public:
     /// Of what waits; beyond it the oldest lines are given up.
     static constexpr qsizetype waitingLimit = 4 * lineLimit;
 
-    /// A line as it stands in the file, another, or nothing.
+    /// What becomes of a line: the line itself when it stays, another in its place, or nothing when
+    /// it goes.
     using Revision = std::function<std::optional<QByteArrayView>(QByteArrayView line)>;
 
     explicit JsonLines(QString path);
@@ -39,11 +40,12 @@ public:
     /// process holds the file: that costs a moment once, and then none until it lets go.
     expected<bool, QString> flush();
 
-    /// Shows every line, the newest first, until `visit` returns false. Reads no more than it shows.
+    /// Hands every line to `visit`, the newest first, until it returns false. Reads no more than
+    /// that.
     void readBackward(const std::function<bool(QByteArrayView)> &visit) const;
 
     /// Keeps the newest `limit` of the lines that the revision leaves. Holds one line in memory, whatever
-    /// the file's length, and keeps other processes waiting no longer than the exchange takes.
+    /// the file's length, and makes other processes wait no longer than the exchange takes.
     expected<void, QString> revise(const Revision &revision, qint64 limit) const;
 
 private:

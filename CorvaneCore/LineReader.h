@@ -20,7 +20,7 @@ public:
     /// Ends where the file's byte `end` is, or the file itself. `file` is borrowed.
     LineReader(const FileDescriptor &file, qint64 end, qsizetype lineLimit);
 
-    /// Good until the next call.
+    /// The next line; its text is good until the next call.
     [[nodiscard]] std::optional<Line> next();
 
 private:

@@ -10,22 +10,22 @@
 /// Files that belong to one user and survive a crash at any moment. Errors are one sentence each.
 namespace corvane::PrivateFile {
 
-/// No file that people write by hand comes near it.
+/// The largest file that is read. No file that people write by hand comes near it.
 inline constexpr qint64 sizeLimit = 16LL * 1024 * 1024;
 
-/// Nothing when there is no such file. A file above the limit is refused unread.
+/// The file's content; nothing when there is no such file. A file above the limit is refused
+/// unread.
 [[nodiscard]] expected<std::optional<QByteArray>, QString> read(const QString &path);
 
-/// The new content stands on the disk, whole, or the old content does. Makes the folder when it is
-/// missing; a link stays, and the file that it leads to is replaced.
+/// Replaces the file's content: at any moment the old or the new content stands on the disk, whole.
+/// Makes the folder when it is missing; a link stays, and the file that it leads to is replaced.
 [[nodiscard]] expected<void, QString> replace(const QString &path, const QByteArray &content);
 
-/// Whatever the size of `from`, and even where it may not be read, as long as its owner is this user.
+/// Copies a file of any size, and even one that may not be read, as long as its owner is this user.
 /// Nothing may stand at `to` yet.
 [[nodiscard]] expected<void, QString> keepCopy(const QString &from, const QString &to);
 
-/// Open to this user alone, the folders above it too where they are made. An existing one stays as it
-/// is.
+/// Makes a folder, and those above it, for this user alone. An existing one stays as it is.
 [[nodiscard]] expected<void, QString> makeFolder(const QString &path);
 
 } // namespace corvane::PrivateFile

@@ -12,7 +12,7 @@ namespace corvane {
 
 /// The raw names of every placement, in order.
 [[nodiscard]] const QStringList &placementNames();
-/// Those that a file from before there was such a list knows.
+/// The names of the placements that a settings file knows which has no list of them.
 [[nodiscard]] const QStringList &placementsBeforeOriginal();
 
 /// The user's preferences.
@@ -41,7 +41,8 @@ struct Settings {
     bool operator==(const Settings &) const = default;
 };
 
-/// The members of an edited file, each that cannot be used counted and replaced by what is `inForce`.
+/// The members of a file that the user has edited. Each that cannot be used is counted, and gives
+/// way to the one in force.
 [[nodiscard]] QJsonObject mended(
     QJsonObject edit, const Settings &inForce, DecodeProblems &problems);
 
@@ -50,7 +51,7 @@ struct Settings {
 [[nodiscard]] Settings withChanges(
     const Settings &present, const Settings &before, const Settings &after);
 
-/// The one that `settings.preset` names, else SizeUp.
+/// The preset that `settings.preset` names, else SizeUp.
 [[nodiscard]] ShortcutPreset presetOf(const Settings &settings);
 
 } // namespace corvane

@@ -13,7 +13,7 @@ void take(
     if (const auto decoded = decode<KeyCombo>(combo, problems))
         shortcuts.insert(*placement, *decoded);
     else
-        problems.note();
+        problems.add();
 }
 
 ShortcutMap fromList(const QJsonArray &list, DecodeProblems &problems)
@@ -24,7 +24,7 @@ ShortcutMap fromList(const QJsonArray &list, DecodeProblems &problems)
         if (list.at(i).isString())
             take(shortcuts, list.at(i).toString(), list.at(i + 1), problems);
         else
-            problems.note();
+            problems.add();
     }
     return shortcuts;
 }

@@ -12,7 +12,7 @@ namespace corvane {
 template <>
 std::optional<ShortcutMap> decode(const QJsonValue &json, DecodeProblems &problems);
 
-/// The list.
+/// The shortcuts in the first of the two shapes.
 [[nodiscard]] QJsonArray encode(const ShortcutMap &shortcuts);
 
 } // namespace corvane

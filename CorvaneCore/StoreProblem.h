@@ -17,8 +17,8 @@ struct StoreProblem {
     /// What counts in place of what could not be read.
     enum class Instead { defaults, present };
 
-    /// Keeps the file as it is, beside it, under its name and the time. One kept in the same second is
-    /// kept enough.
+    /// Keeps a copy of the file beside it, under its name and the time. A copy of the same second
+    /// is not made again.
     [[nodiscard]] static StoreProblem keep(const QUrl &url, const QString &reason,
         const QDateTime &now = QDateTime::currentDateTime());
 

@@ -56,7 +56,7 @@ QByteArray withoutBadWords(const QByteArray &text, DecodeProblems &problems)
                                                     : position + 1;
         const QByteArray piece = text.sliced(position, end - position);
         if (isWord && !isValue(piece)) {
-            problems.note();
+            problems.add();
             result += "{}";
         } else {
             result += piece;

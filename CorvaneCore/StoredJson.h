@@ -25,7 +25,7 @@ namespace corvane {
 [[nodiscard]] QString wrongTopLevelSentence();
 [[nodiscard]] QString problemsSentence(int count);
 
-/// What a file held, and what kept it from being read whole.
+/// What a file held, and why it could not be read whole.
 template <typename T>
 struct Stored {
     T value{};

@@ -74,7 +74,7 @@ public:
     void applyAppearance();
     void refreshTrust();
     void refreshCompetitors();
-    /// Asks it to quit, and looks a second later what runs.
+    /// Asks the competitor to quit, and refreshes `competitors` a second later.
     void quit(const RunningApplication &competitor);
     void refreshActivity();
     /// Adds to the move history. A failure is a notice until it can be written again.

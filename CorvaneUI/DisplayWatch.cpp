@@ -15,10 +15,10 @@ constexpr Clock::Duration steadyFor = 1s;
 
 DisplayWatch::DisplayWatch() : m_settled(Screens::signature())
 {
-    connect(&Platform::current().displays(), &Displays::changed, this, &DisplayWatch::note);
+    connect(&Platform::current().displays(), &Displays::changed, this, &DisplayWatch::follow);
 }
 
-void DisplayWatch::note()
+void DisplayWatch::follow()
 {
     const QList<DisplayKey> now = Screens::signature();
     m_sawOthers = m_sawOthers

@@ -7,8 +7,9 @@
 
 namespace corvane {
 
-/// Tells once, after a burst of display changes, that other displays are connected than before the
-/// burst, or that some were away in its course. Moved displays and panels are no news.
+/// Waits until the displays have not changed for a second, and then tells which ones are connected,
+/// if others were connected before or meanwhile. A display that only moves, and a panel, do not
+/// count.
 class DisplayWatch final : public QObject
 {
     Q_OBJECT
@@ -17,15 +18,15 @@ public:
     DisplayWatch();
 
 Q_SIGNALS:
-    /// These have been connected for a second without a change.
+    /// These displays have been connected for a second without a change.
     void settled(const QList<corvane::DisplayKey> &connected);
 
 private:
-    void note();
+    void follow();
     void settle(quint64 change);
 
     QList<DisplayKey> m_settled;
-    bool m_sawOthers = false; ///< in this burst
+    bool m_sawOthers = false; ///< since `settled` was sent last
     quint64 m_changes = 0;
 };
 

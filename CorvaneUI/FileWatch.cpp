@@ -22,12 +22,12 @@ QString nearestFolder(const QString &path)
 
 FileWatch::FileWatch(QStringList paths) : m_paths(std::move(paths))
 {
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatch::note);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatch::note);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatch::awaitMore);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatch::awaitMore);
     arm();
 }
 
-void FileWatch::note()
+void FileWatch::awaitMore()
 {
     if (std::exchange(m_isWaiting, true))
         return;

@@ -16,13 +16,13 @@ public:
     explicit FileWatch(QStringList paths);
 
 Q_SIGNALS:
-    /// Once for what happens within a moment, since editors write in several steps. Every change of this
-    /// program's own is told, too.
+    /// The files may have changed. Sent once for what happens within a moment, since editors write
+    /// in several steps, and for this program's own changes, too.
     void stirred();
 
 private:
     void arm();
-    void note();
+    void awaitMore();
     [[nodiscard]] QStringList places() const;
 
     QStringList m_paths;

@@ -46,20 +46,21 @@ public:
 
     KeyCaps(const QStringList &parts, KeyCapStyle style);
 
-    /// Of a lit cap, over the accent.
+    /// The fill of a lit cap, over the accent.
     [[nodiscard]] static QColor litFill() { return QColor::fromRgbF(1, 1, 1, 0.14F); }
 
-    /// Whitespace is skipped; each modifier's glyph is a part of its own, the rest is one last part.
+    /// The parts that a text of glyphs stands for: one for each modifier, and one for the rest,
+    /// without whitespace.
     [[nodiscard]] static QStringList split(QStringView glyphs);
-    /// On one line of text: "Ctrl+Alt+Super+Left".
+    /// The parts as one line of text: "Ctrl+Alt+Super+Left".
     [[nodiscard]] static QString plainText(const QStringList &parts);
     /// Text with keys between "[[" and "]]", as one line of text.
     [[nodiscard]] static QString plainSentence(const QString &text);
-    /// As assistive technology reads it: "Control Alt Super Left Arrow".
+    /// The parts as assistive technology reads them: "Control Alt Super Left Arrow".
     [[nodiscard]] static QString spoken(const QStringList &parts);
 
     [[nodiscard]] QSizeF size() const;
-    /// One per part, of a row that begins at `at`.
+    /// The rectangles of the caps, one per part, in a row that begins at `at`.
     [[nodiscard]] QList<QRectF> rects(const QPointF &at) const;
     [[nodiscard]] const QStringList &labels() const { return m_labels; }
     void paint(

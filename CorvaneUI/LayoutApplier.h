@@ -13,12 +13,12 @@ public:
 
     explicit LayoutApplier(WriteDown writeDown);
 
-    /// An apply that no newer one has ended.
+    /// Told of an apply that no newer one has ended.
     std::function<void(const QUuid &layout, const QList<PaneResult> &results)> onApplied;
 
     [[nodiscard]] LayoutEngine &engine() { return m_engine; }
 
-    /// Ends an apply that is under way.
+    /// Applies the layout, and ends an apply that is under way.
     [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(
         WindowLayout layout, LayoutEngine::Follow follow);
 

@@ -13,7 +13,7 @@ namespace corvane {
 struct Notice {
     QString id;
     QString text;
-    std::optional<QUrl> reveal; ///< a file that the user may want to look at
+    std::optional<QUrl> reveal; ///< a file that the user may want to see
 
     bool operator==(const Notice &) const = default;
 };

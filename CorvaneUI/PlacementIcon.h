@@ -22,7 +22,7 @@ enum class Form {
 };
 
 [[nodiscard]] Colors colors(const Board::Palette &palette, Form form);
-/// As large as fits the middle of the rectangle.
+/// Draws the picture as large as fits the middle of the rectangle.
 void paint(QPainter &painter, const QRectF &rect, Placement placement, const Colors &colors);
 [[nodiscard]] QIcon icon(Placement placement, const Board::Palette &palette);
 

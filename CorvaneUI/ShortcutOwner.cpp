@@ -41,22 +41,22 @@ std::optional<ShortcutOwner> ownerOf(
 QList<ShortcutLoss> settleShortcuts(ShortcutMap &shortcuts, QList<WindowLayout> &layouts)
 {
     QList<ShortcutLoss> losses;
-    QHash<KeyCombo, ShortcutOwner> keepers;
-    const auto keeps = [&](const KeyCombo &combo, const ShortcutOwner &owner) {
-        const auto keeper = keepers.constFind(pressed(combo));
-        if (keeper == keepers.constEnd()) {
-            keepers.insert(pressed(combo), owner);
+    QHash<KeyCombo, ShortcutOwner> holders;
+    const auto holds = [&](const KeyCombo &combo, const ShortcutOwner &owner) {
+        const auto holder = holders.constFind(pressed(combo));
+        if (holder == holders.constEnd()) {
+            holders.insert(pressed(combo), owner);
             return true;
         }
-        losses << ShortcutLoss{combo, *keeper, owner};
+        losses << ShortcutLoss{combo, *holder, owner};
         return false;
     };
     shortcuts.removeIf([&](const std::pair<const Placement &, KeyCombo &> &entry) {
-        return !keeps(entry.second, ShortcutOwner{entry.first});
+        return !holds(entry.second, ShortcutOwner{entry.first});
     });
     for (qsizetype i = 0; i < layouts.size(); ++i) {
         const WindowLayout &layout = layouts.at(i);
-        if (layout.shortcut && !keeps(*layout.shortcut, ShortcutOwner{layout.id}))
+        if (layout.shortcut && !holds(*layout.shortcut, ShortcutOwner{layout.id}))
             layouts[i].shortcut.reset();
     }
     return losses;

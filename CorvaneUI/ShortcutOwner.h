@@ -24,7 +24,7 @@ struct ShortcutSteal {
     KeyCombo combo;
     ShortcutOwner to;
     ShortcutOwner from;
-    bool isSample = false; ///< only shows what the question looks like
+    bool isSample = false; ///< only shows what the question is like
 
     bool operator==(const ShortcutSteal &) const = default;
 };
@@ -42,7 +42,7 @@ struct ShortcutLoss {
     bool operator==(const ShortcutLoss &) const = default;
 };
 
-/// Leaves each combination to the one that `ownerOf` names.
+/// Takes each combination that several hold from all but the one that `ownerOf` names.
 [[nodiscard]] QList<ShortcutLoss> settleShortcuts(
     ShortcutMap &shortcuts, QList<WindowLayout> &layouts);
 

@@ -81,7 +81,7 @@ void settle(const AXWindow &window, const Rect &target)
     }
 }
 
-void keepToEdges(const AXWindow &window, const Rect &target, const Rect &bounds, double slack)
+void alignToEdges(const AXWindow &window, const Rect &target, const Rect &bounds, double slack)
 {
     const std::optional<Rect> reached = window.frame();
     if (!reached
@@ -224,7 +224,7 @@ expected<void, MoveError> AXWindow::setFrame(
     nudge(*this, target);
     settle(*this, target);
     if (bounds)
-        keepToEdges(*this, target, *bounds, slack);
+        alignToEdges(*this, target, *bounds, slack);
     return {};
 }
 

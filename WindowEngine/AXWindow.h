@@ -26,7 +26,7 @@ struct AXWindow {
     [[nodiscard]] static Focused focused();
     /// The application's standard windows that are not minimized, in the application's order.
     [[nodiscard]] static QList<AXWindow> windows(const RunningApplication &application);
-    /// The same of every application that the process is.
+    /// The windows of every application that the process is, likewise.
     [[nodiscard]] static QList<AXWindow> windows(pid_t pid);
     /// The same, or an error from an application that stops answering: it is then asked no further.
     [[nodiscard]] static expected<QList<AXWindow>, AXError> windowsIfAnswering(pid_t pid);

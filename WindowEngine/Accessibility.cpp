@@ -5,7 +5,7 @@
 
 #include <QtCore/QCoreApplication>
 
-namespace corvane {
+namespace corvane::Accessibility {
 
 using namespace Qt::StringLiterals;
 
@@ -22,39 +22,39 @@ QString clearingReport(std::optional<int> exitStatus)
         .arg(*exitStatus);
 }
 
-} // namespace
-
-bool Accessibility::isTrusted()
-{
-    return Platform::current().windows().isTrusted();
-}
-
-void Accessibility::setMessagingTimeout(double seconds)
-{
-    Platform::current().windows().setMessagingTimeout(seconds);
-}
-
-bool Accessibility::requestTrust(StaleRow staleRow)
-{
-    if (staleRow == StaleRow::clear)
-        clearStaleRow();
-    return isTrusted();
-}
-
-void Accessibility::clearStaleRow()
+void clearStaleRow()
 {
     const auto status = Platform::current().session().clearTrustRow(Identity::bundleIdentifier);
     if (onDiagnostic)
         onDiagnostic(clearingReport(status));
 }
 
-bool Accessibility::openSettings()
+} // namespace
+
+bool isTrusted()
+{
+    return Platform::current().windows().isTrusted();
+}
+
+void setMessagingTimeout(double seconds)
+{
+    Platform::current().windows().setMessagingTimeout(seconds);
+}
+
+bool requestTrust(StaleRow staleRow)
+{
+    if (staleRow == StaleRow::clear)
+        clearStaleRow();
+    return isTrusted();
+}
+
+bool openSettings()
 {
     Session &session = Platform::current().session();
     return session.openAddress(session.trustSettingsAddress());
 }
 
-QString Accessibility::paneName()
+QString paneName()
 {
     constexpr int lastWithAccessibilityPane = 26;
     return Platform::current().session().systemMajorVersion() > lastWithAccessibilityPane
@@ -62,4 +62,4 @@ QString Accessibility::paneName()
         : QCoreApplication::translate("Accessibility", "Accessibility");
 }
 
-} // namespace corvane
+} // namespace corvane::Accessibility

@@ -8,7 +8,7 @@ expected<void, QString> AppOpener::open(const QString &bundleID, Clock::Duration
 {
     Applications &applications = Platform::current().applications();
     // One that shows its window and quits between two applies is not coming up any more.
-    connect(&applications, &Applications::launched, this, &AppOpener::noteLaunched,
+    connect(&applications, &Applications::launched, this, &AppOpener::learnLaunched,
         Qt::UniqueConnection);
     const auto opened = applications.open(bundleID);
     if (opened)
@@ -36,15 +36,15 @@ bool AppOpener::isComingUp(const QString &bundleID) const
     return hasJustOpened(bundleID) && !m_openings[bundleID].hasShown;
 }
 
-void AppOpener::noteWindows(const QString &bundleID, qsizetype shown)
+void AppOpener::learnWindows(const QString &bundleID, qsizetype shown)
 {
     if (const auto opening = m_openings.find(bundleID); opening != m_openings.end())
         opening->hasShown |= shown > opening->shownBefore;
 }
 
-void AppOpener::noteLaunched(const RunningApplication &application)
+void AppOpener::learnLaunched(const RunningApplication &application)
 {
-    noteWindows(application.bundleIdentifier, 1);
+    learnWindows(application.bundleIdentifier, 1);
 }
 
 } // namespace corvane

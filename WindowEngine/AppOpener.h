@@ -15,17 +15,19 @@ class AppOpener final : public QObject
     Q_OBJECT
 
 public:
-    /// The application may take `patience` to show a window. The error is one sentence.
+    /// Opens the application, which may take `patience` to show a window. The error is one
+    /// sentence.
     [[nodiscard]] expected<void, QString> open(const QString &bundleID, Clock::Duration patience);
-    /// A window more from one that runs and shows so many. The error is one sentence.
+    /// Asks an application that runs, and shows so many windows, for one more. The error is one
+    /// sentence.
     [[nodiscard]] expected<void, QString> openWindow(
         const QString &bundleID, qsizetype shown, Clock::Duration patience);
-    /// Opened within its patience.
+    /// Whether the application was opened, or asked for a window, less than its patience ago.
     [[nodiscard]] bool hasJustOpened(const QString &bundleID) const;
-    /// The same, and no window more has been seen since.
+    /// Whether it was, and has shown no further window since.
     [[nodiscard]] bool isComingUp(const QString &bundleID) const;
-    /// So many it shows now.
-    void noteWindows(const QString &bundleID, qsizetype shown);
+    /// To be told how many windows the application shows now.
+    void learnWindows(const QString &bundleID, qsizetype shown);
 
 private:
     struct Opening {
@@ -34,7 +36,7 @@ private:
         bool hasShown = false;
     };
 
-    void noteLaunched(const RunningApplication &application);
+    void learnLaunched(const RunningApplication &application);
 
     QHash<QString, Opening> m_openings;
 };

@@ -20,7 +20,7 @@ namespace corvane {
 struct DecodeProblems {
     int count = 0;
 
-    void note() { ++count; }
+    void add() { ++count; }
 };
 
 /// A value of type T, or none when `json` is anything else. A record joins with a static
@@ -41,12 +41,12 @@ std::optional<bool> decode(const QJsonValue &json, DecodeProblems &problems);
 /// A whole number, however it is written, that fits.
 template <>
 std::optional<int> decode(const QJsonValue &json, DecodeProblems &problems);
-/// Finite.
+/// A finite number.
 template <>
 std::optional<double> decode(const QJsonValue &json, DecodeProblems &problems);
 template <>
 std::optional<QString> decode(const QJsonValue &json, DecodeProblems &problems);
-/// 36 characters, without braces.
+/// An id of 36 characters, without braces.
 template <>
 std::optional<QUuid> decode(const QJsonValue &json, DecodeProblems &problems);
 /// ISO 8601 with "Z" or an offset; fractions of a second down to the millisecond. The result is in
@@ -90,7 +90,7 @@ struct LossyArray {
             if (std::optional<T> decoded = decode<T>(element, problems))
                 result.elements.append(*std::move(decoded));
             else
-                problems.note();
+                problems.add();
         }
         return result;
     }
@@ -114,7 +114,7 @@ public:
             return std::nullopt;
         std::optional<T> value = decode<T>(json, m_problems);
         if (!value)
-            m_problems.note();
+            m_problems.add();
         return value;
     }
 

@@ -12,7 +12,7 @@ namespace corvane {
 
 struct DecodeProblems;
 
-/// By which a saved layout knows a display again. The size is that of the whole display, in points.
+/// What a saved layout recognises a display by. The size is that of the whole display, in points.
 struct DisplayKey {
     QString name;
     int width = 0;

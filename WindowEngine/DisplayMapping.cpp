@@ -1,8 +1,8 @@
-#include "LayoutEngine.h"
+#include "DisplayMapping.h"
 
 #include <QtCore/QSet>
 
-#include <algorithm>
+#include <functional>
 
 namespace corvane {
 
@@ -51,40 +51,15 @@ private:
     QSet<int> m_used;
 };
 
-bool isInside(double x, double y, const UnitRect &rect)
-{
-    return x >= rect.x && x <= rect.x + rect.w && y >= rect.y && y <= rect.y + rect.h;
-}
-
 } // namespace
 
-QMap<int, int> LayoutEngine::displayMapping(
-    const QList<DisplayKey> &layout, const QList<DisplayKey> &current)
+QMap<int, int> displayMapping(const QList<DisplayKey> &layout, const QList<DisplayKey> &current)
 {
     Mapping mapping(layout, current);
     mapping.pair(std::equal_to<>());
     mapping.pair([](const DisplayKey &a, const DisplayKey &b) { return a.name == b.name; });
     mapping.pairByPosition();
     return mapping.found();
-}
-
-double LayoutEngine::visibleFraction(
-    const UnitRect &rect, const QList<UnitRect> &under, int samples)
-{
-    Q_ASSERT(samples > 0);
-    if (under.isEmpty())
-        return 1;
-    int uncovered = 0;
-    for (int i = 0; i < samples; ++i) {
-        const double x = rect.x + rect.w * (i + 0.5) / samples;
-        for (int j = 0; j < samples; ++j) {
-            const double y = rect.y + rect.h * (j + 0.5) / samples;
-            const bool isCovered = std::ranges::any_of(
-                under, [x, y](const UnitRect &other) { return isInside(x, y, other); });
-            uncovered += isCovered ? 0 : 1;
-        }
-    }
-    return double(uncovered) / (double(samples) * samples);
 }
 
 } // namespace corvane

@@ -30,6 +30,11 @@ struct Span {
     double middle() const { return start + length * 0.5; }
 };
 
+bool isInside(double x, double y, const UnitRect &rect)
+{
+    return x >= rect.x && x <= rect.x + rect.w && y >= rect.y && y <= rect.y + rect.h;
+}
+
 double anchoredStart(Span target, double length, Span area, double slack)
 {
     if (target.length + overshootAllowance >= length)
@@ -123,6 +128,24 @@ bool approximatelyEqual(const Rect &a, const Rect &b, double tolerance)
 {
     return std::abs(a.x - b.x) <= tolerance && std::abs(a.y - b.y) <= tolerance
         && std::abs(a.width - b.width) <= tolerance && std::abs(a.height - b.height) <= tolerance;
+}
+
+double visibleFraction(const UnitRect &rect, const QList<UnitRect> &others, int samples)
+{
+    Q_ASSERT(samples > 0);
+    if (others.isEmpty())
+        return 1;
+    int uncovered = 0;
+    for (int i = 0; i < samples; ++i) {
+        const double x = rect.x + rect.w * (i + 0.5) / samples;
+        for (int j = 0; j < samples; ++j) {
+            const double y = rect.y + rect.h * (j + 0.5) / samples;
+            const bool isCovered = std::ranges::any_of(
+                others, [x, y](const UnitRect &other) { return isInside(x, y, other); });
+            uncovered += isCovered ? 0 : 1;
+        }
+    }
+    return double(uncovered) / (double(samples) * samples);
 }
 
 } // namespace corvane::Geometry

@@ -3,6 +3,8 @@
 #include "Rect.h"
 #include "UnitRect.h"
 
+#include <QtCore/QList>
+
 /// Rectangle arithmetic of the placements. Every rectangle is in accessibility coordinates; an area
 /// is the usable part of a display.
 namespace corvane::Geometry {
@@ -33,5 +35,9 @@ inline constexpr double slackBeyondGap = 6;
 [[nodiscard]] bool fallsShort(const Rect &actual, const Rect &target);
 /// Origin and size each within `tolerance`, inclusive.
 [[nodiscard]] bool approximatelyEqual(const Rect &a, const Rect &b, double tolerance);
+
+/// How much of `rect` none of the others covers, by as many samples on each axis.
+[[nodiscard]] double visibleFraction(
+    const UnitRect &rect, const QList<UnitRect> &others, int samples);
 
 } // namespace corvane::Geometry

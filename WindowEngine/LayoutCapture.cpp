@@ -1,3 +1,4 @@
+#include "Geometry.h"
 #include "LayoutEngine.h"
 #include "Platform.h"
 #include "Screens.h"
@@ -76,7 +77,7 @@ QList<Pane> panesOnScreen(const QList<ScreenInfo> &screens, double gap)
     QList<pid_t> pids;
     for (const RunningApplication &application : applications)
         pids << application.pid;
-    platform.windows().lookAhead(pids);
+    platform.windows().readAhead(pids);
 
     const QList<OnScreenWindow> onScreen = platform.windows().onScreenWindows();
     QList<Pane> panes;
@@ -104,7 +105,7 @@ bool isMostlyHidden(const Pane &pane, const QList<Pane> &all)
             && touches(other.rect, pane.rect))
             inFront << other.rect;
     }
-    return LayoutEngine::visibleFraction(pane.rect, inFront, samples) < leastVisible;
+    return Geometry::visibleFraction(pane.rect, inFront, samples) < leastVisible;
 }
 
 bool standsBefore(const Pane &a, const Pane &b)

@@ -65,7 +65,7 @@ public:
                 room.high = std::min(room.high, spanOf(rect, m_cut).end() - minimum);
         }
         for (const UnitRect &rect : m_still)
-            keepClear(room, rect);
+            stopAt(room, rect);
         return room;
     }
 
@@ -91,7 +91,7 @@ private:
 
     /// Where no pane gives way, across a gap, the growing one stops at the pane behind. A pane that
     /// lies over a moving one already stops nothing: the user sees that they overlap.
-    void keepClear(Room &room, const UnitRect &obstacle) const
+    void stopAt(Room &room, const UnitRect &obstacle) const
     {
         const auto overlapsObstacle = [&](const UnitRect &rect) { return overlap(rect, obstacle); };
         if (std::ranges::any_of(m_moving, overlapsObstacle))

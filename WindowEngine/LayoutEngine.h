@@ -5,8 +5,6 @@
 #include "PaneResult.h"
 #include "WindowLayout.h"
 
-#include <QtCore/QMap>
-
 #include <functional>
 #include <qcorotask.h>
 
@@ -31,28 +29,20 @@ public:
     /// A window was placed, or put back; before, it had the frame `previous`.
     std::function<void(const AXWindow &, const Rect &previous)> onPlaced;
     std::function<void(const QString &)> onDiagnostic;
-    /// What was placed, or put back, at one time.
+    /// Told of the panes whose windows were placed, or put back, at one time.
     std::function<void(const QList<PaneResult> &)> onPassed;
 
     /// The windows on screen as they stand now; those mostly hidden by others are left out.
     [[nodiscard]] WindowLayout capture(const QString &name) const;
     /// Moves the windows that are there into their panes at once, and opens the apps that are not
-    /// running, which have `launchWait` to show a window. Panes that still find no window keep
-    /// looking for `retryFor`; their windows join in their place of the stack, without the focus. One
-    /// result per pane, in the layout's order, once every window has stayed in its place for a while.
-    /// A newer apply ends one that is under way: its panes without a window stay so.
+    /// running, which have `launchWait` to show a window. Panes that still have no window then wait
+    /// for one for as long as `retryFor`; it joins in its place of the stack, without the focus.
+    /// One result per pane, in the layout's order, once every window has stayed in its place for a
+    /// while. A newer apply ends one that is under way: its panes without a window stay so.
     [[nodiscard]] QCoro::Task<QList<PaneResult>> apply(WindowLayout layout,
         Clock::Duration launchWait, Clock::Duration retryFor, Follow follow = Follow::opened);
     /// The user has placed this window, which an apply under way is not to put back.
     void leaveAlone(const AXWindow &window);
-
-    /// Which of the connected displays stands for which of the layout's; both by index. A display
-    /// of the layout that is absent from it is not connected.
-    [[nodiscard]] static QMap<int, int> displayMapping(
-        const QList<DisplayKey> &layout, const QList<DisplayKey> &current);
-    /// How much of `rect` none of the others covers, by as many samples on each axis.
-    [[nodiscard]] static double visibleFraction(
-        const UnitRect &rect, const QList<UnitRect> &under, int samples);
 
 private:
     AppOpener m_opener;

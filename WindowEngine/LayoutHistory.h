@@ -16,16 +16,16 @@ public:
     /// The oldest undo points beyond this many are forgotten.
     static constexpr int depth = 100;
 
-    /// Before an action, named by `title`. What was undone can no longer be redone.
+    /// To be called before an action, which `title` names. What was undone can no longer be redone.
     void record(const QString &title, const Layouts &present);
-    /// Absent when there is nothing to undo.
+    /// The layouts as they were before the latest action. Absent when there is nothing to undo.
     [[nodiscard]] std::optional<Layouts> undo(const Layouts &present);
     [[nodiscard]] std::optional<Layouts> redo(const Layouts &present);
     /// The action that `undo` takes back.
     [[nodiscard]] std::optional<QString> undoTitle() const;
     [[nodiscard]] std::optional<QString> redoTitle() const;
 
-    /// To these versions `revert` goes back.
+    /// Makes these the versions that `revert` goes back to.
     void setSaved(const WindowLayout &layout);
     void setSaved(const Layouts &layouts);
     [[nodiscard]] std::optional<WindowLayout> savedVersion(const QUuid &id) const;

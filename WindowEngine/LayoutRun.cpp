@@ -1,5 +1,6 @@
 #include "LayoutRun.h"
 
+#include "DisplayMapping.h"
 #include "Geometry.h"
 #include "PaneChoice.h"
 #include "Screens.h"
@@ -44,7 +45,7 @@ LayoutRun::LayoutRun(
     for (const Pane &pane : layout.panes)
         m_results << PaneResult{pane, {Status::Empty{}}};
     const QList<ScreenInfo> screens = Screens::all();
-    const auto mapping = LayoutEngine::displayMapping(layout.displays, Screens::signature(screens));
+    const auto mapping = displayMapping(layout.displays, Screens::signature(screens));
     for (const auto &[saved, current] : mapping.asKeyValueRange())
         m_screens.insert(saved, screens[current]);
 }
@@ -75,7 +76,7 @@ void LayoutRun::begin()
     m_launchDeadline = now() + m_terms.launchWait;
     pass();
     if (m_stack.isEmpty() && isWaiting())
-        m_stack.noteFocus();
+        m_stack.rememberFocus();
 }
 
 bool LayoutRun::isUnderWay() const
@@ -93,7 +94,7 @@ Clock::Duration LayoutRun::pause() const
 
 void LayoutRun::goOn()
 {
-    lookAtFollowed();
+    reviewFollowed();
     if (!m_waiting.isEmpty() && now() >= m_nextPass)
         pass();
 }
@@ -123,7 +124,7 @@ void LayoutRun::pass()
     // Where the application has ended, no other window comes.
     m_waiting.removeIf([this](qsizetype index) {
         return std::holds_alternative<Status::Placed>(m_results[index].status.value)
-            && !WindowFinder::running().contains(pane(index).app->bundleID);
+            && !runningIdentifiers().contains(pane(index).app->bundleID);
     });
     m_waiting = place(m_waiting);
     m_stack.arrange(m_finder.unanswering());
@@ -147,7 +148,7 @@ bool LayoutRun::isComingUp()
     if (m_comingUp.isEmpty())
         return false;
     m_comingUp.removeIf([&](const QString &bundleID) {
-        m_opener.noteWindows(bundleID, m_finder.shown(bundleID));
+        m_opener.learnWindows(bundleID, m_finder.shown(bundleID));
         return !m_opener.isComingUp(bundleID);
     });
     return !m_comingUp.isEmpty();
@@ -164,7 +165,7 @@ void LayoutRun::askForMissing()
         missing[bundleID] += isAskedFor && m_waiting.contains(index) ? 1 : 0;
     }
     for (const auto &[bundleID, count] : missing.asKeyValueRange())
-        m_missing.look(bundleID, m_finder.shown(bundleID), count);
+        m_missing.update(bundleID, m_finder.shown(bundleID), count);
 }
 
 LayoutRun::Panes LayoutRun::place(const Panes &panes)
@@ -278,7 +279,7 @@ std::optional<PaneResult::Status> LayoutRun::settled(const Assignment &assignmen
 expected<void, MoveError> LayoutRun::move(const Assignment &assignment)
 {
     const AXWindow &window = *assignment.window;
-    // One look more: an application that hangs by now would time out on every single write.
+    // Read once more: an application that hangs by now would time out on every single write.
     const auto current = assignment.previous ? m_finder.frame(window) : assignment.previous;
     if (!current)
         return unexpected<MoveError>({MoveError::Position{current.error()}});
@@ -286,7 +287,7 @@ expected<void, MoveError> LayoutRun::move(const Assignment &assignment)
         window.setFrame(assignment.target, m_screens[pane(assignment.pane).display].visibleFrame,
             m_engine.gap + Geometry::slackBeyondGap);
     if (!moved && moved.error().code() == AXError::cannotComplete)
-        m_finder.noteUnanswering(window.pid);
+        m_finder.stopAsking(window.pid);
     return moved;
 }
 
@@ -319,7 +320,7 @@ void LayoutRun::follow(const Assignment &assignment, const Rect &reached)
     m_followed.push_back({assignment, StrayWatch(assignment.target, reached, now(), atLeast)});
 }
 
-void LayoutRun::lookAtFollowed()
+void LayoutRun::reviewFollowed()
 {
     if (m_followed.isEmpty())
         return;
@@ -332,16 +333,16 @@ void LayoutRun::lookAtFollowed()
         if (!m_finder.unanswering().contains(pid) && !pids.contains(pid))
             pids << pid;
     }
-    platform.windows().lookAhead(pids);
-    m_stack.keepFocus(isButtonDown);
+    platform.windows().readAhead(pids);
+    m_stack.returnFocus(isButtonDown);
     for (qsizetype i = m_followed.size() - 1; i >= 0; --i) {
-        if (!look(m_followed[i], isButtonDown))
+        if (!review(m_followed[i], isButtonDown))
             m_followed.removeAt(i);
     }
     tellPassed();
 }
 
-bool LayoutRun::look(Followed &followed, bool isButtonDown)
+bool LayoutRun::review(Followed &followed, bool isButtonDown)
 {
     const Assignment &assignment = followed.assignment;
     const auto frame = m_finder.frame(*assignment.window);
@@ -350,7 +351,7 @@ bool LayoutRun::look(Followed &followed, bool isButtonDown)
             awaitAnother(assignment.pane);
         return false;
     }
-    const auto finding = followed.watch.look(*frame, isButtonDown, now());
+    const auto finding = followed.watch.judge(*frame, isButtonDown, now());
     if (finding == StrayWatch::Finding::strayed)
         return putBack(followed, *frame);
     // It may have been on its way when it was placed.

@@ -33,7 +33,7 @@ public:
     /// How long to wait before `goOn`.
     [[nodiscard]] Clock::Duration pause() const;
     void goOn();
-    /// Gives up the panes without a window.
+    /// Gives up the panes that have no window.
     void end(End end);
 
     void leaveAlone(const AXWindow &window);
@@ -76,9 +76,9 @@ private:
     void tellPassed();
 
     void follow(const Assignment &assignment, const Rect &reached);
-    void lookAtFollowed();
+    void reviewFollowed();
     /// Whether to follow it further.
-    [[nodiscard]] bool look(Followed &followed, bool isButtonDown);
+    [[nodiscard]] bool review(Followed &followed, bool isButtonDown);
     void awaitAnother(qsizetype index);
     [[nodiscard]] bool putBack(Followed &followed, const Rect &strayed);
 
@@ -87,7 +87,7 @@ private:
     const Terms m_terms;
     QList<PaneResult> m_results;
     QMap<int, ScreenInfo> m_screens; ///< by the layout's display
-    QSet<QString> m_running = WindowFinder::running(); ///< when the run began
+    QSet<QString> m_running = runningIdentifiers(); ///< when the run began
     QHash<QString, expected<void, QString>> m_opened;
     QSet<QString> m_comingUp; ///< opened, and without a window so far
     Panes m_order; ///< in which windows are placed

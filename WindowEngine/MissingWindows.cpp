@@ -20,10 +20,10 @@ Clock::Duration now()
 
 } // namespace
 
-void MissingWindows::look(const QString &bundleID, qsizetype shown, qsizetype missing)
+void MissingWindows::update(const QString &bundleID, qsizetype shown, qsizetype missing)
 {
     Account &account = m_accounts[bundleID];
-    note(account, bundleID, shown);
+    learnShown(account, bundleID, shown);
     account.isMissing = missing > 0;
     if (account.isAwaiting && now() >= account.deadline) {
         account.isAwaiting = false;
@@ -34,7 +34,7 @@ void MissingWindows::look(const QString &bundleID, qsizetype shown, qsizetype mi
         ask(account, bundleID);
 }
 
-void MissingWindows::note(Account &account, const QString &bundleID, qsizetype shown)
+void MissingWindows::learnShown(Account &account, const QString &bundleID, qsizetype shown)
 {
     if (shown == account.shown)
         return;
@@ -44,7 +44,7 @@ void MissingWindows::note(Account &account, const QString &bundleID, qsizetype s
     if (shown > account.shown)
         account.isAwaiting = false;
     account.shown = shown;
-    m_opener.noteWindows(bundleID, shown);
+    m_opener.learnWindows(bundleID, shown);
 }
 
 void MissingWindows::ask(Account &account, const QString &bundleID)

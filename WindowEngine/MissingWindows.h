@@ -15,10 +15,11 @@ public:
     {
     }
 
-    /// To be called at each look: the application shows so many windows by now, and so many panes wait.
-    void look(const QString &bundleID, qsizetype shown, qsizetype missing);
+    /// To be called whenever windows were counted: the application shows so many by now, and so
+    /// many of its panes wait for one.
+    void update(const QString &bundleID, qsizetype shown, qsizetype missing);
 
-    /// Whether this one was asked for a window, and did not refuse.
+    /// Whether the application was asked for a window, and did not refuse.
     [[nodiscard]] bool hasAsked(const QString &bundleID) const;
     /// Whether a window may come soon, or be asked for.
     [[nodiscard]] bool isUnderWay() const;
@@ -34,7 +35,7 @@ private:
         bool isMissing = false;
     };
 
-    void note(Account &account, const QString &bundleID, qsizetype shown);
+    void learnShown(Account &account, const QString &bundleID, qsizetype shown);
     void ask(Account &account, const QString &bundleID);
 
     AppOpener &m_opener;

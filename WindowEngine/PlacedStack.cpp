@@ -15,7 +15,7 @@ constexpr Clock::Duration focusesWithin = 500ms;
 
 } // namespace
 
-void PlacedStack::noteFocus()
+void PlacedStack::rememberFocus()
 {
     m_focusBefore = AXWindow::focused().window;
 }
@@ -31,7 +31,7 @@ void PlacedStack::remove(qsizetype rank)
     m_windows.remove(rank);
     m_late.removeAll(rank);
     if (m_windows.isEmpty())
-        noteFocus();
+        rememberFocus();
 }
 
 void PlacedStack::arrange(const QSet<pid_t> &unanswering)
@@ -55,7 +55,7 @@ void PlacedStack::arrange(const QSet<pid_t> &unanswering)
     m_focusBefore.reset();
 }
 
-void PlacedStack::keepFocus(bool isButtonDown)
+void PlacedStack::returnFocus(bool isButtonDown)
 {
     if (m_late.isEmpty())
         return;

@@ -13,11 +13,11 @@ class PlacedStack final
 {
 public:
     [[nodiscard]] bool isEmpty() const { return m_windows.isEmpty(); }
-    /// Remembers where the user is, who has to wait for the first window.
-    void noteFocus();
+    /// Remembers which window has the focus, while the user waits for the first window.
+    void rememberFocus();
     /// A higher rank lies nearer to the front.
     void add(qsizetype rank, const AXWindow &window);
-    /// It has closed, and another one may come in its stead.
+    /// The window of this rank has closed, and another one may come in its stead.
     void remove(qsizetype rank);
     /// Puts the windows added since the last time where they belong. The first ones come forward, and
     /// the front one gets the focus, unless the user has gone elsewhere meanwhile; later ones join
@@ -25,7 +25,7 @@ public:
     void arrange(const QSet<pid_t> &unanswering);
     /// To be called for a while after that: a window that has just come may take the focus by itself,
     /// and the front one gets it back. A button of the pointer that is down is the user's choice.
-    void keepFocus(bool isButtonDown);
+    void returnFocus(bool isButtonDown);
 
 private:
     [[nodiscard]] bool isElsewhere(const std::optional<AXWindow> &focused) const;

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// The connected displays. Each call without a list asks the desktop afresh; the same calls with a
-/// list take one look at the displays and answer several questions about it.
+/// The connected displays. Each call without a list asks the desktop afresh; the same call with a
+/// list answers from it, so that several questions are about the same displays.
 namespace corvane::Screens {
 
 enum class Direction {

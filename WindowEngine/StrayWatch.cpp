@@ -27,7 +27,7 @@ StrayWatch::StrayWatch(
 {
 }
 
-StrayWatch::Finding StrayWatch::look(const Rect &frame, bool isButtonDown, Clock::Duration now)
+StrayWatch::Finding StrayWatch::judge(const Rect &frame, bool isButtonDown, Clock::Duration now)
 {
     if (isButtonDown)
         m_buttonDown = now;

@@ -8,8 +8,8 @@
 namespace corvane {
 
 /// Tells whether a window that was placed a moment ago leaves its place by itself: a program that
-/// restores a size of its own, a window manager that tidies up after a display came. It looks at the
-/// frame again and again, until nothing has changed for half a second.
+/// restores a size of its own, a window manager that tidies up after a display came. It is shown
+/// the frame again and again, until nothing has changed for half a second.
 ///
 /// The user's hand is known by the pointer: a frame that changes while a button is down, or within
 /// half a second after, is the user's. Window managers and programs move windows without one.
@@ -26,8 +26,8 @@ public:
     /// its way. Watched for no less than `atLeast`.
     StrayWatch(const Rect &target, const Rect &place, Clock::Duration now, Clock::Duration atLeast);
 
-    [[nodiscard]] Finding look(const Rect &frame, bool isButtonDown, Clock::Duration now);
-    /// It was put back, and took this frame.
+    [[nodiscard]] Finding judge(const Rect &frame, bool isButtonDown, Clock::Duration now);
+    /// To be told that the window was put back, and took this frame.
     void settle(const Rect &place, Clock::Duration now);
     [[nodiscard]] bool isInPlace(const Rect &frame) const;
 

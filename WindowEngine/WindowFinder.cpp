@@ -23,6 +23,12 @@ ProcessesByID runningProcesses()
 
 } // namespace
 
+QSet<QString> runningIdentifiers()
+{
+    const QStringList running = runningProcesses().keys();
+    return {running.begin(), running.end()};
+}
+
 QList<std::optional<WindowFinder::Found>> WindowFinder::claim(const QList<PaneWish> &wishes)
 {
     QList<std::optional<Found>> claims(wishes.size());
@@ -61,12 +67,6 @@ QString WindowFinder::title(const AXWindow &window)
     }).value_or(QString());
 }
 
-QSet<QString> WindowFinder::running()
-{
-    const QStringList running = runningProcesses().keys();
-    return {running.begin(), running.end()};
-}
-
 /// A call to an application, unless one has timed out before.
 template <typename Question>
 std::invoke_result_t<Question> WindowFinder::ask(pid_t pid, Question question)
@@ -99,7 +99,7 @@ QHash<QString, QList<WindowFinder::Candidate>> WindowFinder::candidates(
             pids << wanted.insert(bundleID, processes.value(bundleID)).value();
     }
     pids.removeIf([this](pid_t pid) { return m_unanswering.contains(pid); });
-    Platform::current().windows().lookAhead(pids);
+    Platform::current().windows().readAhead(pids);
 
     QHash<QString, QList<Candidate>> candidates;
     QSet<AXWindow> seen = m_claimed;

@@ -8,6 +8,9 @@
 
 namespace corvane {
 
+/// The identifiers of the applications that run now.
+[[nodiscard]] QSet<QString> runningIdentifiers();
+
 /// Finds the windows that the panes of a layout get, and asks their applications, except those that
 /// have let a request time out: they are asked nothing more.
 class WindowFinder final
@@ -18,19 +21,18 @@ public:
         expected<Rect, AXError> frame;
     };
 
-    /// One look at the applications of these panes, which are in the order of their placing. Each pane
-    /// gets a window that no pane has got before, or none. Only inside an operation.
+    /// Asks the applications of these panes, which are in the order of their placing, for their
+    /// windows. Each pane gets a window that no pane has got before, or none. Only inside an
+    /// operation.
     [[nodiscard]] QList<std::optional<Found>> claim(const QList<PaneWish> &wishes);
-    /// How many windows it had at the latest look, in panes or not.
+    /// How many windows the application had when it was asked last, in panes or not.
     [[nodiscard]] qsizetype shown(const QString &bundleID) const { return m_shown.value(bundleID); }
 
     [[nodiscard]] expected<Rect, AXError> frame(const AXWindow &window);
     [[nodiscard]] QString title(const AXWindow &window);
 
-    void noteUnanswering(pid_t pid) { m_unanswering.insert(pid); }
+    void stopAsking(pid_t pid) { m_unanswering.insert(pid); }
     [[nodiscard]] const QSet<pid_t> &unanswering() const { return m_unanswering; }
-    /// Identifiers of the applications that run now.
-    [[nodiscard]] static QSet<QString> running();
 
 private:
     struct Candidate {

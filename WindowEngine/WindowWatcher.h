@@ -24,7 +24,7 @@ class WindowWatcher final : public QObject
 public:
     /// How long an application may take to place a new window.
     static constexpr Clock::Duration settle{400};
-    /// The most frames kept.
+    /// The most frames that are remembered.
     static constexpr int limit = 4000;
 
     static WindowWatcher &shared();

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] QString path() const { return m_path; }
     /// An entry that the user switched off in the desktop's settings awaits approval.
     [[nodiscard]] LoginItem state() const;
-    /// Leaves an entry that is switched off as it is. The error is one sentence.
+    /// Writes the entry; one that is switched off stays as it is. The error is one sentence.
     [[nodiscard]] expected<void, QString> add() const;
     [[nodiscard]] expected<void, QString> remove() const;
 

@@ -7,7 +7,8 @@
 
 namespace corvane::freedesktop {
 
-/// As long as a bus itself waits for a service that it starts, in milliseconds.
+/// How long a call may take that starts a service, in milliseconds: as long as the bus itself
+/// waits.
 inline constexpr int startPatience = 120'000;
 
 /// Calls a method and returns at once. The answer, perhaps an error, arrives later unless `context`
@@ -15,7 +16,8 @@ inline constexpr int startPatience = 120'000;
 bool callLater(const QDBusConnection &bus, const QDBusMessage &call, int timeout, QObject *context,
     std::function<void(const QDBusMessage &answer)> onAnswer);
 
-/// Whether what was asked for may still be done, slowly: who asks elsewhere, too, gets it twice.
+/// Whether the service may still do, slowly, what it was asked for. Whoever asks another one then
+/// may get it twice.
 [[nodiscard]] bool mayStillCome(const QDBusMessage &answer);
 
 } // namespace corvane::freedesktop

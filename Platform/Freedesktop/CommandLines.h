@@ -6,8 +6,8 @@
 
 namespace corvane::freedesktop {
 
-/// The program and its arguments, with the field codes filled in for no file at all. Empty when the
-/// line is malformed.
+/// The command that opens the application without any file: the program and its arguments. Empty
+/// when the entry's line is malformed.
 [[nodiscard]] QByteArrayList commandLine(const DesktopEntry &entry);
 /// The command inside a terminal window. Empty when there is no terminal.
 [[nodiscard]] QByteArrayList terminalCommandLine(const QByteArrayList &command);

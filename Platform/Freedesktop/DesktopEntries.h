@@ -11,13 +11,15 @@ namespace corvane::freedesktop {
 class DesktopEntries final
 {
 public:
-    /// As its file is now. Nothing where no file has this id, or it says that it is deleted.
+    /// The application of this id, as its file is now. Nothing where there is no such file, or it
+    /// says that it is deleted.
     [[nodiscard]] std::optional<DesktopEntry> entry(const QString &id);
-    /// Those that are not deleted, by id.
+    /// Every application whose file does not say that it is deleted, by id.
     [[nodiscard]] const QList<DesktopEntry> &all();
-    /// Those whose own program this is: its name, or its absolute path without symbolic links.
+    /// The applications whose own program this is, given by its name, or by its absolute path
+    /// without symbolic links.
     [[nodiscard]] QList<DesktopEntry> withProgram(const QString &program);
-    /// Another number once anything above may be another one.
+    /// A number that changes whenever an answer of the calls above may have changed.
     [[nodiscard]] quint64 revision();
 
 private:

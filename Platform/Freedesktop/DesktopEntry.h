@@ -8,7 +8,7 @@ namespace corvane::freedesktop {
 
 /// An application, as one file describes it to the system (Desktop Entry Specification 1.5).
 struct DesktopEntry {
-    /// Why it cannot be opened.
+    /// Why an application cannot be opened.
     enum class Fault {
         none,
         unreadable,
@@ -44,9 +44,11 @@ struct DesktopAction {
 };
 
 [[nodiscard]] DesktopEntry readDesktopEntry(const QString &path, const QString &id);
-/// The one that opens a further window, by the names that are usual for it.
+/// The action that opens a further window of the application, found by the names that are usual for
+/// it.
 [[nodiscard]] std::optional<DesktopAction> newWindowAction(const DesktopEntry &entry);
-/// As things are now: a program may come and go while the entry stays the same.
+/// Why the application cannot be opened now: its program may come and go while the entry stays the
+/// same.
 [[nodiscard]] DesktopEntry::Fault fault(const DesktopEntry &entry);
 [[nodiscard]] Installation installation(const DesktopEntry &entry);
 

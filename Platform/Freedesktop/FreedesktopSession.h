@@ -14,7 +14,7 @@ public:
     explicit FreedesktopSession(const QDBusConnection &bus = QDBusConnection::sessionBus());
 
     bool openAddress(const QUrl &address) override;
-    /// A local help page: no desktop has a settings pane for this.
+    /// The address of a local help page: no desktop has a settings pane for this.
     QUrl trustSettingsAddress() override;
     std::optional<int> clearTrustRow(const QString &bundleIdentifier) override;
     int systemMajorVersion() override;
@@ -24,7 +24,7 @@ public:
     void openLoginItems() override;
     void notify(const QString &id, const QString &title, const QString &body) override;
     DesktopLook look() override;
-    /// No, as Wayland compositors tell nobody.
+    /// Always false: Wayland compositors tell no program.
     bool isPointerButtonDown() override;
 
 private:

@@ -26,7 +26,7 @@ public:
     void terminate() const;
 
 Q_SIGNALS:
-    /// Told once, without looking for it all the time.
+    /// The process has ended. Sent once; nothing polls for it.
     void ended();
 
 private:

@@ -91,7 +91,7 @@ bool Rivals::hold(pid_t pid, QLatin1StringView program)
     if (!isSame)
         m_held.erase(pid);
     else
-        // Later, since whoever hears it may look again, and drop the handle that tells it.
+        // Later, since whoever hears it may ask again, and drop the handle that tells it.
         connect(
             held.get(), &ProcessHandle::ended, this, [this, pid] { Q_EMIT ended(pid); },
             Qt::QueuedConnection);

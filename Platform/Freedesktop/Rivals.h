@@ -15,7 +15,8 @@ class Rivals final : public QObject
     Q_OBJECT
 
 public:
-    /// Those of this session that run, in the order of the table, each with its first process.
+    /// The programs of this kind that run in this session, in the order of the table, each with its
+    /// first process.
     [[nodiscard]] QList<RunningApplication> running();
     /// Asks one of the last ones found to end; any other process stays untouched.
     void terminate(pid_t pid);

@@ -8,8 +8,9 @@
 
 namespace corvane::freedesktop {
 
-/// What of our environment is not the session's, with what the session has in its place (nothing: the
-/// variable is to be absent): what was meant for us, and what the program has set for itself.
+/// The variables of our environment that are not as the session has them, each with the session's
+/// value (nothing: the session has none). Some were meant for us, some the program has set for
+/// itself.
 [[nodiscard]] QMap<QByteArray, std::optional<QByteArray>> variablesToRestore();
 
 /// Starts a program in a session of its own, with nothing of ours: no descriptors, no blocked or

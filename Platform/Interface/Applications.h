@@ -39,20 +39,21 @@ struct Installation {
     bool operator==(const Installation &) const = default;
 };
 
+/// The applications of this desktop, by the windows that they show, and how to open and quit them.
 class Applications : public QObject
 {
     Q_OBJECT
 
 public:
-    /// One for each process and bundle identifier.
+    /// The applications that have shown a window, one for each process and bundle identifier.
     [[nodiscard]] virtual QList<RunningApplication> running() = 0;
-    /// What the process is, or is first of all.
+    /// The application that the process is; the first one where it is several.
     [[nodiscard]] virtual std::optional<RunningApplication> application(pid_t pid) = 0;
     /// The application that the window belongs to, by what the window says of itself now.
     [[nodiscard]] virtual std::optional<RunningApplication> applicationOf(
         const WindowElement &window) = 0;
-    /// By what else the window's application may have gone, here or with an earlier version of ours:
-    /// the names that the window had before, and its program's.
+    /// Other identifiers that the window's application may be known by, here or to an earlier
+    /// version of this program: the names that the window had before, and its program's.
     [[nodiscard]] virtual QStringList formerIdentifiers(const WindowElement &window) = 0;
     /// The application that has the focus, if any has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
@@ -72,9 +73,10 @@ public:
     virtual void quit(pid_t pid) = 0;
 
 Q_SIGNALS:
-    /// A process became this regular application. Arrives before the notice of its first window.
+    /// A process has become this regular application. Comes before `windowCreated` of its first
+    /// window.
     void launched(const corvane::RunningApplication &application);
-    /// The process, of an application or of a rival that was told, ended.
+    /// The process of an application, or of a rival that was listed, has ended.
     void terminated(pid_t pid);
 };
 

@@ -7,6 +7,7 @@
 
 namespace corvane {
 
+/// The displays of this desktop.
 class Displays : public QObject
 {
     Q_OBJECT

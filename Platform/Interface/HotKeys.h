@@ -10,7 +10,7 @@ class HotKeys : public QObject
     Q_OBJECT
 
 public:
-    /// Modifier bits of a registration (the Carbon event manager's).
+    /// The modifiers of a hot key, as bits; the numbers are the Carbon event manager's.
     static constexpr quint32 cmdKey = 0x100;
     static constexpr quint32 shiftKey = 0x200;
     static constexpr quint32 optionKey = 0x800;

@@ -8,8 +8,8 @@ namespace corvane {
 
 /// One connected display. Both rectangles in accessibility coordinates.
 struct ScreenInfo {
-    Rect frame; ///< the whole display
-    Rect visibleFrame; ///< the display less the panels on it
+    Rect frame; ///< of the whole display
+    Rect visibleFrame; ///< of the display less the panels on it
     quint32 displayID = 0;
     QString name;
 

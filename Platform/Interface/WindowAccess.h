@@ -46,26 +46,29 @@ public:
 
     /// Whether the desktop lets us move windows now.
     [[nodiscard]] virtual bool isTrusted() = 0;
-    /// One sentence for the user on why it does not; empty while it does.
+    /// Why windows cannot be moved now, as one sentence for the user; empty while they can.
     [[nodiscard]] virtual QString distrustReason() = 0;
     virtual void setMessagingTimeout(double seconds) = 0;
 
-    /// The focused window of the frontmost application. A focused panel or desktop is no window.
+    /// The window that has the focus. None while a panel or the desktop itself has it.
     [[nodiscard]] virtual Focused focusedWindow() = 0;
     /// The application's windows on this workspace, front to back, of every kind. None without trust;
     /// an error only from an application that does not answer.
     [[nodiscard]] virtual expected<QList<WindowElement>, AXError> windows(pid_t pid) = 0;
-    /// Every application's, of every kind but desktops, front to back.
+    /// The windows of every application that can be seen now, of every kind but desktops, front to
+    /// back.
     [[nodiscard]] virtual QList<OnScreenWindow> onScreenWindows() = 0;
 
-    /// What a person sees of the window: decorations included, client-side shadows excluded.
+    /// The rectangle that a person sees of the window: with its decoration, without a shadow that
+    /// the application draws.
     [[nodiscard]] virtual expected<Rect, AXError> frame(const WindowElement &window) = 0;
     [[nodiscard]] virtual expected<QString, AXError> title(const WindowElement &window) = 0;
     [[nodiscard]] virtual expected<bool, AXError> isFullScreen(const WindowElement &window) = 0;
     [[nodiscard]] virtual expected<bool, AXError> isMinimized(const WindowElement &window) = 0;
-    /// A managed top-level window of any kind but panel and desktop.
+    /// Whether it is a managed top-level window of any kind but panel and desktop.
     [[nodiscard]] virtual expected<bool, AXError> isWindow(const WindowElement &window) = 0;
-    /// An application's ordinary window: no dialog, utility, splash screen or notification.
+    /// Whether it is an application's ordinary window: no dialog, utility, splash screen or
+    /// notification.
     [[nodiscard]] virtual expected<bool, AXError> isStandard(const WindowElement &window) = 0;
 
     /// Moves or resizes the visible frame. Inside an operation a size may be held back until the
@@ -73,14 +76,14 @@ public:
     /// given, and may do so later than the call: read the frame to know what it took.
     [[nodiscard]] virtual AXError setPosition(const WindowElement &window, Point origin) = 0;
     [[nodiscard]] virtual AXError setSize(const WindowElement &window, Size size) = 0;
-    /// Whether the window, as it now is, comes no closer to this size because its own limits explain
-    /// what it is. False while it may yet follow, and where the desktop cannot tell.
+    /// Whether the window's own limits explain why it is not of this size, so that waiting brings
+    /// it no closer. False while it may still follow, and where the desktop cannot tell.
     [[nodiscard]] virtual bool isFinal(const WindowElement &, Size) { return false; }
     /// Why the desktop refused the last write to this window, where it can tell; else empty.
     [[nodiscard]] virtual QString refusalDetail(const WindowElement &window) = 0;
 
-    /// What the window was in before the running operation wrote to it. None for a plain window, and
-    /// on a desktop that cannot tell.
+    /// The state that the window was in before the running operation wrote to it. None for a plain
+    /// window, and on a desktop that cannot tell.
     [[nodiscard]] virtual std::optional<WindowState> endedState(const WindowElement &) const
     {
         return std::nullopt;
@@ -106,14 +109,15 @@ public:
     [[nodiscard]] virtual AXError observe(pid_t pid) = 0;
     virtual void stopObserving(pid_t pid) = 0;
 
-    /// Between the two, reads may share one look at a window and writes may be merged. They nest.
+    /// Begins and ends an operation, inside which reads of a window may share one answer and writes
+    /// may be merged. Operations nest.
     virtual void beginOperation() { }
     virtual void endOperation() { }
-    /// Only inside an operation: the next read of the window looks at it once more.
+    /// Only inside an operation: has the next read of the window ask the desktop again.
     virtual void readAnew(const WindowElement &) { }
     /// Only inside an operation: reads all there is to know of these applications' windows, titles
-    /// included, in one go; what asks for it one by one until the operation ends need not wait.
-    virtual void lookAhead(const QList<pid_t> &) { }
+    /// included, in one go, so that no read of them has to wait until the operation ends.
+    virtual void readAhead(const QList<pid_t> &) { }
     /// Only inside an operation: sends the windows on their way all together, those apart that take
     /// more than a move (full screen, maximised, tiled). A hint that settles nothing: each is written
     /// to afterwards, which is quick where it has arrived.

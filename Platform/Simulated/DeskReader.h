@@ -12,8 +12,8 @@
 
 namespace corvane {
 
-/// One value of a desk file and the way to it. An absent value reads as the fallback; one that
-/// cannot be used does too, and is noted as the file's problem unless there is one already.
+/// One value of a desk file and the path that leads to it. An absent value reads as the fallback.
+/// One that cannot be used does so too, and becomes the file's problem unless there is one already.
 class DeskReader
 {
 public:

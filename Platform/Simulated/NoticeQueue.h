@@ -9,14 +9,14 @@
 
 namespace corvane {
 
-/// Keeps what the desktop has to tell until no call to it is under way, in order.
+/// Signals of the desktop that wait until no call to it is under way; they are told in their order.
 class NoticeQueue final : public QObject
 {
 public:
     explicit NoticeQueue(Clock &clock);
 
     void post(std::function<void()> notice);
-    /// Tells everything, what is posted meanwhile included.
+    /// Tells everything that waits, and what is posted meanwhile.
     void deliver();
     /// Forgets what was not told yet.
     void clear();

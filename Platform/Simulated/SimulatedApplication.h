@@ -17,7 +17,8 @@ struct SimulatedApplication {
     QList<RunningApplication> roles{}; ///< the applications that its windows made of it
     std::optional<WindowElement> mainWindow{};
 
-    /// As its windows tell: an unlisted one does not name it for good.
+    /// The applications that its windows make of it. A window that the task bar does not list
+    /// counts only while there is no listed one.
     [[nodiscard]] QList<RunningApplication> records() const;
 };
 

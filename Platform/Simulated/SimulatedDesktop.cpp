@@ -14,26 +14,26 @@ quint32 SimulatedDesktop::plug(SimulatedDisplay display)
         == m_displays.end());
     m_lastDisplayID = std::max(m_lastDisplayID, display.displayID);
     m_displays << display;
-    noteDisplayChange();
+    tellDisplayChange();
     return display.displayID;
 }
 
 void SimulatedDesktop::unplug(quint32 displayID)
 {
     m_displays.removeIf([&](const SimulatedDisplay &each) { return each.displayID == displayID; });
-    noteDisplayChange();
+    tellDisplayChange();
 }
 
 void SimulatedDesktop::makePrimary(quint32 displayID)
 {
     m_displays.move(&display(displayID) - m_displays.constData(), 0);
-    noteDisplayChange();
+    tellDisplayChange();
 }
 
 void SimulatedDesktop::addPanel(quint32 displayID, SimulatedPanel panel)
 {
     display(displayID).panels << panel;
-    noteDisplayChange();
+    tellDisplayChange();
 }
 
 QList<ScreenInfo> SimulatedDesktop::screens() const
@@ -73,7 +73,7 @@ SimulatedDisplay &SimulatedDesktop::display(quint32 displayID)
     return *display;
 }
 
-void SimulatedDesktop::noteDisplayChange()
+void SimulatedDesktop::tellDisplayChange()
 {
     if (std::exchange(m_displayChangePending, true))
         return;
@@ -83,7 +83,7 @@ void SimulatedDesktop::noteDisplayChange()
     });
 }
 
-// What is late is late even while the caller sleeps and no action can run: every call looks at the
+// What is late is late even while the caller sleeps and no action can run: every call reads the
 // timeline first. The clock's action is for what nobody calls for.
 void SimulatedDesktop::schedule(Duration delay, std::function<void()> event)
 {

@@ -26,7 +26,8 @@ public:
 
     bool tiling = false; ///< standard windows refuse every write
     bool holdsSizes = false; ///< a size waits inside an operation, as the interface allows
-    bool sharesLooks = false; ///< an operation sees a frame as it first did, but for its own writes
+    bool sharesReads =
+        false; ///< an operation reads a frame once, and again only after a write of its own
     bool fitsSizesToDisplay = false; ///< a size is cut where the window would leave its display
     bool bringsOneForward = true; ///< one window can come forward without its application's others
 
@@ -48,26 +49,27 @@ public:
     [[nodiscard]] bool hasWindow(pid_t pid, const QString &bundleIdentifier);
     /// The running application opens its first window once more, as late as it opens them.
     void openFurther(pid_t pid, const InstalledApplication &application);
-    /// A process without a window yet. Its number, unless one is given, is none of this machine's.
+    /// Starts a process, which has no window yet. Its number, unless one is given, is none of this
+    /// machine's.
     pid_t start(const QString &bundleIdentifier, const QString &name, pid_t pid = 0);
     void quit(pid_t pid);
     [[nodiscard]] SimulatedApplication &application(pid_t pid);
     [[nodiscard]] SimulatedApplication *findApplication(pid_t pid);
-    /// Those that have shown a window, in the order of their start.
+    /// The applications that have shown a window, in the order of their start.
     [[nodiscard]] QList<RunningApplication> running() const;
-    /// With a window or without, in the order of their start.
+    /// The rivals that run, with a window or without, in the order of their start.
     [[nodiscard]] QList<RunningApplication> rivals() const;
     /// The application that the window belongs to.
     [[nodiscard]] RunningApplication roleOf(const SimulatedWindow &window);
 
     // Windows
-    /// In front of all others (a desktop: behind), with the focus where it takes it.
+    /// Opens a window in front of all others (a desktop: behind), with the focus where it takes it.
     WindowElement openWindow(pid_t pid, const WindowSpec &spec);
     void closeWindow(const WindowElement &element);
-    /// From now on it belongs to another application of its process.
+    /// From now on the window belongs to another application of its process.
     void renameWindow(const WindowElement &element, const QString &bundleIdentifier);
     [[nodiscard]] SimulatedWindow &window(const WindowElement &element);
-    /// Null once it is closed.
+    /// Null once the window is closed.
     [[nodiscard]] SimulatedWindow *findWindow(const WindowElement &element);
     /// Every window, front to back.
     [[nodiscard]] QList<WindowElement> stack() const;
@@ -76,14 +78,15 @@ public:
     void focus(const WindowElement &element);
     void focusNothing();
     [[nodiscard]] std::optional<WindowElement> focused() const;
-    /// Hides it in the task bar and passes the focus on.
+    /// Hides the window in the task bar and passes the focus on.
     void minimise(const WindowElement &element);
     void maximise(const WindowElement &element);
     void moveWindow(SimulatedWindow &window, Point origin);
-    /// At once, without regard to its limits; then maximised, if that is its state.
+    /// Gives the window its frame at once, without regard to its limits, and then the state, if
+    /// any.
     void restoreWindow(
         SimulatedWindow &window, const Rect &frame, const std::optional<WindowState> &state);
-    /// Within the window's limits, and as late as it does.
+    /// Resizes the window within its limits, and as late as it follows.
     void resizeWindow(SimulatedWindow &window, Size size);
 
     // Trust
@@ -95,7 +98,7 @@ public:
     // Time and notices
     [[nodiscard]] Clock &clock() { return m_clock; }
     [[nodiscard]] NoticeQueue &notices() { return m_notices; }
-    /// Lets happen what fell due since the last look: late sizes, launches, exits.
+    /// Lets happen what has fallen due by now: late sizes, launches, exits.
     void catchUp();
 
 Q_SIGNALS:
@@ -108,9 +111,9 @@ Q_SIGNALS:
 
 private:
     SimulatedDisplay &display(quint32 displayID);
-    void noteDisplayChange();
+    void tellDisplayChange();
     void schedule(Duration delay, std::function<void()> event);
-    void noteShown(SimulatedApplication &owner, const SimulatedWindow &window);
+    void tellShown(SimulatedApplication &owner, const SimulatedWindow &window);
     void endMaximised(SimulatedWindow &window);
     [[nodiscard]] ScreenInfo screenOf(const Rect &frame) const;
     void passFocusOn();

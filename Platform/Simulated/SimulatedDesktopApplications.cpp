@@ -154,7 +154,7 @@ RunningApplication SimulatedDesktop::roleOf(const SimulatedWindow &window)
         id.isEmpty() ? owner.name : foreignName, window.isListed()};
 }
 
-void SimulatedDesktop::noteShown(SimulatedApplication &owner, const SimulatedWindow &window)
+void SimulatedDesktop::tellShown(SimulatedApplication &owner, const SimulatedWindow &window)
 {
     const RunningApplication role = roleOf(window);
     const auto known = std::ranges::find(
@@ -181,7 +181,7 @@ void SimulatedDesktop::renameWindow(const WindowElement &element, const QString 
     if (std::ranges::none_of(m_windows, belongsToFormer))
         owner.roles.removeIf(
             [&before](const RunningApplication &role) { return role.bundleIdentifier == before; });
-    noteShown(owner, renamed);
+    tellShown(owner, renamed);
 }
 
 QList<RunningApplication> SimulatedApplication::records() const

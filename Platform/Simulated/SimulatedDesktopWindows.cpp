@@ -23,7 +23,7 @@ WindowElement SimulatedDesktop::openWindow(pid_t pid, const WindowSpec &spec)
         m_stack.append(window.number);
     else
         m_stack.prepend(window.number);
-    noteShown(application(pid), window);
+    tellShown(application(pid), window);
     m_notices.post([this, element = window.element, pid] { Q_EMIT windowOpened(element, pid); });
     if (window.takesFocus && window.canHaveFocus())
         focus(window.element);

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// Does nothing outside itself: it notes what it was asked, and answers with its public fields.
+/// Does nothing outside itself: it remembers what it was asked, and answers with its public fields.
 class SimulatedSession final : public Session
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     DesktopLook look() override;
     bool isPointerButtonDown() override;
 
-    /// As the user would in the desktop's settings.
+    /// Changes the look, as the user would in the desktop's settings.
     void changeLook(const DesktopLook &look);
 
     bool opensAddresses = true;

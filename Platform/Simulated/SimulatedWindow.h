@@ -15,7 +15,8 @@ namespace corvane {
 
 enum class WindowKind { standard, dialog, utility, splash, panel, desktop };
 
-/// How a window looks and behaves. A test fills in what it needs and may change it at any time.
+/// What a window is like and how it behaves. A test fills in what it needs and may change it at any
+/// time.
 struct WindowSpec {
     QString title{};
     Rect frame{0, 0, 400, 300}; ///< what a person sees of it; unmaximised, if it is maximised
@@ -57,9 +58,10 @@ struct SimulatedWindow : WindowSpec {
 
     [[nodiscard]] bool isOrdinary() const; ///< neither panel nor desktop
     [[nodiscard]] bool isListed() const; ///< the task bar shows it
-    /// Without a person's clicking it: on show, and of a kind that asks for it.
+    /// Whether the window can get the focus without a click: it is on show, and of a kind that
+    /// takes it.
     [[nodiscard]] bool canHaveFocus() const;
-    /// The size it takes when it is given `size`.
+    /// The size that the window takes when it is given `size`.
     [[nodiscard]] Size constrained(Size size) const;
 };
 

@@ -79,32 +79,33 @@ QList<OnScreenWindow> SimulatedWindows::onScreenWindows()
 
 expected<Rect, AXError> SimulatedWindows::frame(const WindowElement &window)
 {
-    return look(window).map([this](const SimulatedWindow *seen) { return seenFrame(*seen); });
+    return reachToRead(window).map(
+        [this](const SimulatedWindow *seen) { return seenFrame(*seen); });
 }
 
 expected<QString, AXError> SimulatedWindows::title(const WindowElement &window)
 {
-    return look(window).map([](const SimulatedWindow *seen) { return seen->title; });
+    return reachToRead(window).map([](const SimulatedWindow *seen) { return seen->title; });
 }
 
 expected<bool, AXError> SimulatedWindows::isFullScreen(const WindowElement &window)
 {
-    return look(window).map([](const SimulatedWindow *seen) { return seen->fullScreen; });
+    return reachToRead(window).map([](const SimulatedWindow *seen) { return seen->fullScreen; });
 }
 
 expected<bool, AXError> SimulatedWindows::isMinimized(const WindowElement &window)
 {
-    return look(window).map([](const SimulatedWindow *seen) { return seen->minimised; });
+    return reachToRead(window).map([](const SimulatedWindow *seen) { return seen->minimised; });
 }
 
 expected<bool, AXError> SimulatedWindows::isWindow(const WindowElement &window)
 {
-    return look(window).map([](const SimulatedWindow *seen) { return seen->isOrdinary(); });
+    return reachToRead(window).map([](const SimulatedWindow *seen) { return seen->isOrdinary(); });
 }
 
 expected<bool, AXError> SimulatedWindows::isStandard(const WindowElement &window)
 {
-    return look(window).map(
+    return reachToRead(window).map(
         [](const SimulatedWindow *seen) { return seen->kind == WindowKind::standard; });
 }
 
@@ -124,7 +125,7 @@ AXError SimulatedWindows::setSize(const WindowElement &window, Size size)
 
 bool SimulatedWindows::isFinal(const WindowElement &window, Size size)
 {
-    const auto seen = look(window);
+    const auto seen = reachToRead(window);
     return seen && seenFrame(**seen).size() == (*seen)->constrained(size);
 }
 
@@ -143,7 +144,7 @@ std::optional<WindowState> SimulatedWindows::endedState(const WindowElement &win
 AXError SimulatedWindows::restore(
     const WindowElement &window, const Rect &frame, const std::optional<WindowState> &state)
 {
-    const auto there = look(window);
+    const auto there = reachToRead(window);
     if (!there)
         return there.error();
     if (const auto refused = refusal(**there, (*there)->refusesPosition))
@@ -156,13 +157,13 @@ AXError SimulatedWindows::restore(
 
 void SimulatedWindows::raise(const WindowElement &window)
 {
-    if (look(window))
+    if (reachToRead(window))
         m_desktop.raise(window);
 }
 
 void SimulatedWindows::makeMain(const WindowElement &window)
 {
-    const auto seen = look(window);
+    const auto seen = reachToRead(window);
     if (!seen)
         return;
     const auto focused = m_desktop.focused();
@@ -188,7 +189,7 @@ void SimulatedWindows::bringForward(pid_t pid)
 
 bool SimulatedWindows::bringToFrontAlone(const WindowElement &window)
 {
-    const auto seen = look(window);
+    const auto seen = reachToRead(window);
     if (!seen || !m_desktop.bringsOneForward)
         return false;
     (*seen)->minimised = false;
@@ -230,7 +231,7 @@ void SimulatedWindows::endOperation()
         if (SimulatedWindow *window = m_desktop.findWindow(element))
             sendHeldSize(*window);
     m_heldSizes.clear();
-    m_looks.clear();
+    m_seenFrames.clear();
     for (const WindowElement &element : m_desktop.stack())
         m_desktop.window(element).endedState.reset();
 }
@@ -267,7 +268,7 @@ expected<SimulatedWindow *, AXError> SimulatedWindows::reach(const WindowElement
     return window;
 }
 
-expected<SimulatedWindow *, AXError> SimulatedWindows::look(const WindowElement &element)
+expected<SimulatedWindow *, AXError> SimulatedWindows::reachToRead(const WindowElement &element)
 {
     const auto window = reach(element);
     if (window)
@@ -277,11 +278,11 @@ expected<SimulatedWindow *, AXError> SimulatedWindows::look(const WindowElement 
 
 Rect SimulatedWindows::seenFrame(const SimulatedWindow &window)
 {
-    if (!m_desktop.sharesLooks || m_operationDepth == 0)
+    if (!m_desktop.sharesReads || m_operationDepth == 0)
         return window.frame;
-    if (!m_looks.contains(window.element))
-        m_looks.insert(window.element, window.frame);
-    return m_looks.value(window.element);
+    if (!m_seenFrames.contains(window.element))
+        m_seenFrames.insert(window.element, window.frame);
+    return m_seenFrames.value(window.element);
 }
 
 AXError SimulatedWindows::answer(pid_t pid)
@@ -353,7 +354,7 @@ void SimulatedWindows::move(SimulatedWindow &window, Point origin)
     const Rect before = window.frame;
     m_desktop.moveWindow(window, origin);
     if (window.frame != before)
-        m_looks.remove(window.element);
+        m_seenFrames.remove(window.element);
 }
 
 void SimulatedWindows::resize(SimulatedWindow &window, Size size)
@@ -361,7 +362,7 @@ void SimulatedWindows::resize(SimulatedWindow &window, Size size)
     const Rect before = window.frame;
     m_desktop.resizeWindow(window, size);
     if (window.frame != before)
-        m_looks.remove(window.element);
+        m_seenFrames.remove(window.element);
 }
 
 } // namespace corvane

@@ -58,25 +58,26 @@ public:
 
     void beginOperation() override;
     void endOperation() override;
-    void readAnew(const WindowElement &window) override { m_looks.remove(window); }
+    void readAnew(const WindowElement &window) override { m_seenFrames.remove(window); }
     void moveAhead(const QList<WindowMove> &moves) override;
 
     // What a test asks afterwards.
     /// Every position and size asked for since the last `clearWrites`, refused ones included.
     [[nodiscard]] const QList<WindowWrite> &writes() const { return m_writes; }
     void clearWrites() { m_writes.clear(); }
-    /// What was sent ahead, call by call.
+    /// What `moveAhead` was asked for, call by call.
     [[nodiscard]] const QList<QList<WindowMove>> &movesAhead() const { return m_movesAhead; }
     [[nodiscard]] int operationDepth() const { return m_operationDepth; }
-    /// Outermost operations that have ended.
+    /// How many outermost operations have ended.
     [[nodiscard]] int operationCount() const { return m_operationCount; }
     [[nodiscard]] bool isObserving(pid_t pid) const { return m_observed.contains(pid); }
 
 private:
-    /// The window as a call finds it: trusted, alive, answering.
+    /// The window that a call is for, if windows can be moved, it is open, and its application
+    /// answers.
     expected<SimulatedWindow *, AXError> reach(const WindowElement &element);
-    /// The same for a read, which sees the sizes that were held back.
-    expected<SimulatedWindow *, AXError> look(const WindowElement &element);
+    /// The same for a read, for which a size that was held back takes effect first.
+    expected<SimulatedWindow *, AXError> reachToRead(const WindowElement &element);
     Rect seenFrame(const SimulatedWindow &window);
     AXError answer(pid_t pid);
     std::optional<AXError> refusal(SimulatedWindow &window, std::optional<AXError> refused);
@@ -92,7 +93,7 @@ private:
     QList<WindowWrite> m_writes;
     QList<QList<WindowMove>> m_movesAhead;
     QHash<WindowElement, Size> m_heldSizes;
-    QHash<WindowElement, Rect> m_looks; ///< the frames that this operation has seen
+    QHash<WindowElement, Rect> m_seenFrames; ///< the frames that this operation has seen
     int m_operationDepth = 0;
     int m_operationCount = 0;
 };

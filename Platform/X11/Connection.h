@@ -35,8 +35,8 @@ struct FreeDeleter {
 template <typename T>
 using Owned = std::unique_ptr<T, FreeDeleter>;
 
-/// A part of the back end that follows the server's events. It may change its own state at once, but
-/// tells the floors above only through `Connection::defer`.
+/// A part of the back end that follows the server's events. It may change its own state at once,
+/// but may tell the floors above only through `Connection::defer`.
 class EventSink
 {
 public:
@@ -47,9 +47,9 @@ protected:
 };
 
 /// The one connection to the X server. Every wait on it ends after the messaging timeout, so that a
-/// server or a window manager that hangs costs no more than that. No answer is not an answer: who
-/// keeps what it reads asks `Answers` first, keeps the old where one is missing, and reads again at
-/// `answersAgain`.
+/// server or a window manager that hangs costs no more than that. A missing answer must not pass
+/// for an empty one: whoever remembers what it has read asks `Answers` whether every answer came,
+/// goes on with what it knew where one is missing, and reads again at `answersAgain`.
 class Connection final : public QObject
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ class Connection final : public QObject
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// What is read at start is what all else stands on.
+    /// How long a question at start may take: everything else builds on the answers.
     static constexpr Clock::duration startingTimeout = std::chrono::seconds(10);
     static constexpr Clock::duration usualTimeout = std::chrono::seconds(1);
 
@@ -72,7 +72,8 @@ public:
     [[nodiscard]] const xcb_screen_t &screen() const { return *m_screen; }
     [[nodiscard]] xcb_atom_t atom(Atom atom) const { return m_atoms[static_cast<size_t>(atom)]; }
     [[nodiscard]] xcb_atom_t intern(const QByteArray &name);
-    /// Null where the server lacks it: a request of such an extension would close the connection.
+    /// What the server says of the extension. Null where it lacks it: a request of such an
+    /// extension would close the connection.
     [[nodiscard]] const xcb_query_extension_reply_t *extension(xcb_extension_t &id) const;
 
     void setMessagingTimeout(Clock::duration timeout) { m_timeout = timeout; }
@@ -98,9 +99,10 @@ public:
     /// Hands every event that has arrived to the sinks.
     void drain();
 
-    /// Root events beside the properties and structure, which are always followed.
+    /// Asks for further events of the root window; those of its properties and structure always
+    /// come.
     void followRoot(quint32 additionalEvents);
-    /// A client message to the root window, as window managers expect it.
+    /// Sends a client message to the root window, as window managers expect it.
     void sendToRoot(xcb_window_t window, Atom type, const std::array<quint32, 5> &data);
 
     void addSink(EventSink *sink) { m_sinks.append(sink); }

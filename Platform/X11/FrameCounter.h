@@ -14,7 +14,7 @@ public:
     ~FrameCounter();
     Q_DISABLE_COPY_MOVE(FrameCounter)
 
-    /// From zero.
+    /// Counts this window's frames from now on, from zero.
     void start(xcb_window_t window);
     void stop();
     [[nodiscard]] int count() const { return m_count; }

@@ -40,7 +40,7 @@ inline PropertyReply propertyReply(Connection &connection, xcb_get_property_cook
     return connection.reply<xcb_get_property_reply_t>(cookie.sequence);
 }
 
-/// Reads the whole of a list that may be long, such as the client list.
+/// The whole of a list that may be long, such as the client list.
 QList<quint32> readList(Connection &connection, xcb_window_t window, Atom property);
 
 /// A text property; broken UTF-8 shows replacement characters.

@@ -4,9 +4,10 @@
 
 namespace corvane::x11 {
 
-/// Keeps the windows of applications that we open from taking the focus and from demanding attention.
-/// The startup id asks for both, but many programs do not pass it on, and many window managers take it
-/// for a reason to call the user; so both are put right afterwards, for a moment after a window came.
+/// Stops the windows of applications that we open from taking the focus and from demanding
+/// attention. The startup id asks for both, but many programs do not pass it on, and many window
+/// managers take it for a reason to call the user; so both are put right afterwards, for a moment
+/// after a window came.
 class QuietOpenings final : public QObject, private EventSink
 {
 public:

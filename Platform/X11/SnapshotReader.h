@@ -19,7 +19,7 @@ struct SnapshotRequest {
     KindRequest kind;
 };
 
-/// Sends every request of one look at a window; nothing waits.
+/// Sends every request that a snapshot needs; nothing waits.
 [[nodiscard]] SnapshotRequest requestSnapshot(const Connection &connection, xcb_window_t window);
 [[nodiscard]] expected<WindowSnapshot, AXError> readSnapshot(
     Connection &connection, const SnapshotRequest &request, bool windowManagerTiles);

@@ -121,7 +121,7 @@ void WindowManagerLink::examine()
     m_present = supports(Atom::netMoveresizeWindow);
     m_tiles = m_name == "i3"_L1;
     m_tilesSilently = m_name == "KWin"_L1;
-    m_keepsFrames = m_tilesSilently || m_name.contains("Mutter"_L1) || m_name == "GNOME Shell"_L1;
+    m_holdsFrames = m_tilesSilently || m_name.contains("Mutter"_L1) || m_name == "GNOME Shell"_L1;
     m_answersExtents = false;
     if (m_present) {
         renewProbe();

@@ -7,8 +7,8 @@
 
 namespace corvane::x11 {
 
-/// The window manager that runs now, if any: whether it does as an EWMH pager asks, and when it has
-/// done it.
+/// The window manager that runs now, if any: whether it does what an EWMH pager asks for, and when
+/// it has done it.
 class WindowManagerLink final : public QObject, private EventSink
 {
     Q_OBJECT
@@ -17,23 +17,24 @@ public:
     explicit WindowManagerLink(Connection &connection);
     ~WindowManagerLink() override;
 
-    /// Moves windows at our request.
+    /// Whether there is one that moves windows at our request.
     [[nodiscard]] bool isPresent() const { return m_present; }
-    /// A window of its own.
+    /// A window of the window manager's own.
     [[nodiscard]] xcb_window_t window() const { return m_checkWindow; }
     [[nodiscard]] bool supports(Atom atom) const
     {
         return m_supported.contains(m_connection.atom(atom));
     }
-    /// Lets tiled windows be neither moved nor resized.
+    /// Whether it lets tiled windows be neither moved nor resized.
     [[nodiscard]] bool tilesWindows() const { return m_tiles; }
 
-    /// Tiles windows without a state that says so, and lets them go only through another state.
+    /// Whether it tiles windows without a state that says so, and lets them go only through another
+    /// state.
     [[nodiscard]] bool tilesSilently() const { return m_tilesSilently; }
 
-    /// Keeps a window's visible frame when its client changes its shadow; others keep the client's
-    /// rectangle.
-    [[nodiscard]] bool keepsFrames() const { return m_keepsFrames; }
+    /// Whether it holds a window's visible frame where it is when the client changes its shadow;
+    /// other window managers hold the client's rectangle.
+    [[nodiscard]] bool holdsFrames() const { return m_holdsFrames; }
 
     /// Waits until the window manager has done all that was asked of it for `window` before.
     /// False when it has not answered by `deadline`.
@@ -63,7 +64,7 @@ private:
     bool m_present = false;
     bool m_tiles = false;
     bool m_tilesSilently = false;
-    bool m_keepsFrames = false;
+    bool m_holdsFrames = false;
     bool m_examineScheduled = false;
 
     bool m_answersExtents = false; ///< known to be false only once the probe has ended

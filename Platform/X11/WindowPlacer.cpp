@@ -38,6 +38,19 @@ bool drawsItself(const WindowSnapshot &window)
     return window.drawsOwnDecoration || window.decoration == Extents{};
 }
 
+bool isAt(const WindowSnapshot &window, const Rect &frame)
+{
+    return window.frame().origin() == Point{std::round(frame.x), std::round(frame.y)}
+    && window.client.size() == window.clientSizeFor(frame.size());
+}
+
+bool isIn(const WindowSnapshot &window, const WindowState &state)
+{
+    return window.maximizedHorizontally == state.maximizedHorizontally
+        && window.maximizedVertically == state.maximizedVertically
+        && window.fullScreen == state.fullScreenByUs;
+}
+
 } // namespace
 
 WindowPlacer::WindowPlacer(Connection &connection, WindowManagerLink &windowManager)
@@ -111,7 +124,7 @@ expected<WindowSnapshot, AXError> WindowPlacer::leaveState(
     changeState(window, StateChange::remove, {isMaximized, isMaximized, before.fullScreen, Rect{}});
     const auto normal = settled(
         window, [](const WindowSnapshot &now) { return !now.isMaximized() && !now.fullScreen; });
-    if (!normal || normal->shadow == before.shadow || !m_windowManager.keepsFrames()
+    if (!normal || normal->shadow == before.shadow || !m_windowManager.holdsFrames()
         || m_watched != window)
         return normal;
     // The client was quick to draw its shadow, and the window manager has yet to make room for it.
@@ -153,13 +166,6 @@ void WindowPlacer::stopWatching()
     m_frames.stop();
 }
 
-bool WindowPlacer::isIn(const WindowSnapshot &window, const WindowState &state)
-{
-    return window.maximizedHorizontally == state.maximizedHorizontally
-        && window.maximizedVertically == state.maximizedVertically
-        && window.fullScreen == state.fullScreenByUs;
-}
-
 /// The frame that was under way need not know of the new state yet, and a wrong shadow is a wrong
 /// place.
 bool WindowPlacer::hasDrawnItself(const WindowSnapshot &window, const Extents &shadowBefore) const
@@ -171,19 +177,13 @@ bool WindowPlacer::hasDrawnItself(const WindowSnapshot &window, const Extents &s
 /// The client may not have drawn its shadow yet when the window manager let it go.
 Rect WindowPlacer::normalFrame(WindowSnapshot normal, const WindowSnapshot &drawn) const
 {
-    if (!m_windowManager.keepsFrames())
+    if (!m_windowManager.holdsFrames())
         normal.shadow = drawn.shadow;
     return normal.frame();
 }
 
-bool WindowPlacer::isAt(const WindowSnapshot &window, const Rect &frame)
-{
-    return window.frame().origin() == Point{std::round(frame.x), std::round(frame.y)}
-    && window.client.size() == window.clientSizeFor(frame.size());
-}
-
-/// A window manager keeps what it restores a window to by itself, so it takes the window over from
-/// there.
+/// A window manager remembers by itself what it gives a window back to, so it takes the window over
+/// from there.
 expected<WindowSnapshot, AXError> WindowPlacer::restore(xcb_window_t window,
     const WindowSnapshot &before, const Rect &frame, const std::optional<WindowState> &state)
 {
@@ -257,10 +257,10 @@ expected<WindowSnapshot, AXError> WindowPlacer::followClient(xcb_window_t window
          && m_connection.waitFor([&] { return m_disturbed || isOver(); }, deadline);
          ++round) {
         m_disturbed = false;
-        auto now = look(window);
-        // A window manager that keeps frames makes room for the shadow by itself.
-        const bool isKept = m_windowManager.keepsFrames() && now && now->shadow != current.shadow;
-        if (now && frame && !isKept && !isAt(*now, *frame))
+        auto now = read(window);
+        // A window manager that holds frames makes room for the shadow by itself.
+        const bool isHeld = m_windowManager.holdsFrames() && now && now->shadow != current.shadow;
+        if (now && frame && !isHeld && !isAt(*now, *frame))
             now = requested(window, *now, *frame);
         if (!now)
             return now;
@@ -277,7 +277,7 @@ expected<WindowSnapshot, AXError> WindowPlacer::settled(
     for (int round = 0; round < mostFences; ++round) {
         const bool confirmed =
             m_windowManager.fence(window, std::min(start + softLimit, hardLimit));
-        auto now = look(window);
+        auto now = read(window);
         if (!now || isDone(*now) || (confirmed && m_windowManager.fencesExactly()))
             return now;
         if (!confirmed)
@@ -286,10 +286,10 @@ expected<WindowSnapshot, AXError> WindowPlacer::settled(
     if (!m_windowManager.fence(window, hardLimit))
         return unexpected<AXError>(
             refuse(AXError::cannotComplete, u"the window manager did not answer"_s));
-    return look(window);
+    return read(window);
 }
 
-expected<WindowSnapshot, AXError> WindowPlacer::look(xcb_window_t window)
+expected<WindowSnapshot, AXError> WindowPlacer::read(xcb_window_t window)
 {
     return readSnapshot(
         m_connection, requestSnapshot(m_connection, window), m_windowManager.tilesWindows());

@@ -24,7 +24,8 @@ public:
     /// it sent one.
     [[nodiscard]] bool sendAhead(
         xcb_window_t window, const WindowSnapshot &before, const Rect &frame);
-    /// Back to a frame that it had, whatever sizes it asks for, and into the state that it had there.
+    /// Puts a window back to a frame that it had, whatever sizes it asks for, and into the state
+    /// that it had there.
     [[nodiscard]] expected<WindowSnapshot, AXError> restore(xcb_window_t window,
         const WindowSnapshot &before, const Rect &frame, const std::optional<WindowState> &state);
     /// Where the window manager put the window when the last `place` made it leave its state.
@@ -34,8 +35,6 @@ public:
 
 private:
     void handle(const xcb_generic_event_t &event) override;
-    [[nodiscard]] static bool isAt(const WindowSnapshot &window, const Rect &frame);
-    [[nodiscard]] static bool isIn(const WindowSnapshot &window, const WindowState &state);
     [[nodiscard]] expected<WindowSnapshot, AXError> leaveState(
         xcb_window_t window, const WindowSnapshot &before);
     [[nodiscard]] bool hasDrawnItself(
@@ -61,7 +60,7 @@ private:
         WindowSnapshot current, const Condition &isDone, const std::optional<Rect> &frame);
     [[nodiscard]] expected<WindowSnapshot, AXError> settled(
         xcb_window_t window, const Condition &isDone);
-    [[nodiscard]] expected<WindowSnapshot, AXError> look(xcb_window_t window);
+    [[nodiscard]] expected<WindowSnapshot, AXError> read(xcb_window_t window);
     [[nodiscard]] AXError refuse(AXError error, const QString &detail);
 
     Connection &m_connection;
@@ -70,7 +69,7 @@ private:
     QString m_refusalDetail;
     std::optional<Rect> m_normalFrame;
     xcb_window_t m_watched = noWindow;
-    bool m_disturbed = false; ///< since the last look at the watched window
+    bool m_disturbed = false; ///< since the watched window was read last
 };
 
 } // namespace corvane::x11

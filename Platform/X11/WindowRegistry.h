@@ -25,7 +25,8 @@ struct Strut {
     bool operator==(const Strut &) const = default;
 };
 
-/// What stays true of a window for as long as it lives, its names and its panel reservation.
+/// What is known of a window: what stays true for as long as it lives, its names, and the space
+/// that it reserves as a panel.
 struct KnownWindow {
     quint64 generation = 0;
     pid_t pid = 0; ///< below zero: stands for an application without a process here
@@ -38,8 +39,8 @@ struct KnownWindow {
     QList<Strut> struts;
 };
 
-/// The managed windows that have been seen, each from its first sight to its destruction. Gives a
-/// window number that comes round again a new generation.
+/// The managed windows that have been seen, each from its first sight to its destruction. A window
+/// number that comes round again gets a new generation.
 class WindowRegistry final : public QObject, private EventSink
 {
     Q_OBJECT
@@ -48,19 +49,19 @@ public:
     explicit WindowRegistry(Connection &connection);
     ~WindowRegistry() override;
 
-    /// The window's identity; makes its acquaintance where it is new. Nothing when it is gone, or when
+    /// The window's identity; a window that is new is read first. Nothing when it is gone, or when
     /// a new one does not answer.
     [[nodiscard]] std::optional<WindowElement> element(xcb_window_t window);
     /// Null when the window is gone, or its number belongs to another one now.
     [[nodiscard]] const KnownWindow *find(const WindowElement &element) const;
     [[nodiscard]] const QHash<xcb_window_t, KnownWindow> &known() const { return m_known; }
-    /// In the window manager's client list, as it last told it.
+    /// The windows in the window manager's client list, as it was told last.
     [[nodiscard]] const QList<xcb_window_t> &clients() const { return m_clients; }
-    /// What the managed windows reserve.
+    /// The space that the managed windows reserve.
     [[nodiscard]] const QList<Strut> &struts() const { return m_struts; }
-    /// Another number once a listed window has come, gone, or changed its state.
+    /// A number that changes whenever a listed window has come, gone, or changed its state.
     [[nodiscard]] quint64 statesRevision() const { return m_statesRevision; }
-    /// Managed windows, front to back, as they are now.
+    /// The managed windows, front to back, as they are now.
     [[nodiscard]] QList<xcb_window_t> frontToBack();
 
     /// Reads the client list again now, as at start.

@@ -25,7 +25,7 @@ enum class WindowKind {
     desktop,
 };
 
-/// One look at a window: all that placing it needs, read in one round trip.
+/// The state of a window at one moment: all that placing it needs, read in one round trip.
 struct WindowSnapshot {
     Rect client; ///< the client window inside its border, root coordinates
     Extents decoration; ///< around the client window
@@ -43,7 +43,7 @@ struct WindowSnapshot {
     quint32 desktop = 0;
     WindowHints hints;
 
-    /// What a person sees of it.
+    /// The rectangle that a person sees of the window.
     [[nodiscard]] Rect frame() const;
     /// The client window's size for a visible frame of this size, as the client accepts it.
     [[nodiscard]] Size clientSizeFor(Size frameSize) const;

@@ -9,7 +9,8 @@
 
 namespace corvane::x11 {
 
-/// RandR monitors and the panels on them. What was read is kept until an event says that it changed.
+/// RandR monitors and the panels on them. What was read counts until an event says that it has
+/// changed.
 class X11Displays final : public Displays, private EventSink
 {
     Q_OBJECT

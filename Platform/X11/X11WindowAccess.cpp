@@ -86,10 +86,10 @@ WindowAccess::Focused X11WindowAccess::focusedWindow()
     expected<WindowSnapshot, AXError> snapshot;
     if (window == m_lastFocused) {
         snapshot = readSnapshot(m_connection, guess, m_windowManager.tilesWindows());
-        std::ignore = keep(*element, snapshot);
+        std::ignore = remember(*element, snapshot);
     } else {
         discardSnapshot(m_connection, guess);
-        snapshot = look(*element);
+        snapshot = snapshotOf(*element);
     }
     m_lastFocused = window;
     if (!snapshot)
@@ -110,7 +110,7 @@ expected<QList<WindowElement>, AXError> X11WindowAccess::windows(pid_t pid)
     const auto workspace = readWorkspace(m_connection, m_registry, m_windowManager, {pid})
                                .value_or(QList<SeenWindow>());
     for (const SeenWindow &seen : workspace) {
-        std::ignore = keep(seen.element, seen.snapshot);
+        std::ignore = remember(seen.element, seen.snapshot);
         elements << seen.element;
     }
     return elements;
@@ -124,7 +124,7 @@ QList<OnScreenWindow> X11WindowAccess::onScreenWindows()
     const auto workspace =
         readWorkspace(m_connection, m_registry, m_windowManager).value_or(QList<SeenWindow>());
     for (const SeenWindow &seen : workspace) {
-        std::ignore = keep(seen.element, seen.snapshot);
+        std::ignore = remember(seen.element, seen.snapshot);
         // Some window managers keep minimised windows mapped, others tell of them only by unmapping.
         const bool canBeSeen = seen.snapshot.viewable && !seen.snapshot.hidden;
         if (canBeSeen && seen.snapshot.kind != WindowKind::desktop)
@@ -136,7 +136,7 @@ QList<OnScreenWindow> X11WindowAccess::onScreenWindows()
 template <typename Value, typename Function>
 expected<Value, AXError> X11WindowAccess::read(const WindowElement &window, Function value)
 {
-    const auto snapshot = look(window);
+    const auto snapshot = snapshotOf(window);
     if (!snapshot)
         return unexpected<AXError>(snapshot.error());
     return value(*snapshot);
@@ -192,7 +192,7 @@ AXError X11WindowAccess::setPosition(const WindowElement &window, Point origin)
         size = m_pendingSize->size;
         m_pendingSize.reset();
     }
-    const auto before = look(window);
+    const auto before = snapshotOf(window);
     if (!before)
         return before.error();
     const Size wanted = size.value_or(before->frame().size());
@@ -230,12 +230,12 @@ std::optional<WindowState> X11WindowAccess::endedState(const WindowElement &wind
 AXError X11WindowAccess::restore(
     const WindowElement &window, const Rect &frame, const std::optional<WindowState> &state)
 {
-    const auto before = look(window);
+    const auto before = snapshotOf(window);
     if (!before)
         return before.error();
     m_snapshots.remove(window);
     const auto number = static_cast<xcb_window_t>(window.number);
-    return keepPlaced(window, m_placer.restore(number, *before, frame, state));
+    return rememberPlaced(window, m_placer.restore(number, *before, frame, state));
 }
 
 void X11WindowAccess::raise(const WindowElement &window)
@@ -330,7 +330,7 @@ void X11WindowAccess::readAnew(const WindowElement &window)
     m_snapshots.remove(window);
 }
 
-void X11WindowAccess::lookAhead(const QList<pid_t> &pids)
+void X11WindowAccess::readAhead(const QList<pid_t> &pids)
 {
     Q_ASSERT(m_operations > 0);
     if (pids.isEmpty() || !isTrusted())
@@ -342,7 +342,7 @@ void X11WindowAccess::lookAhead(const QList<pid_t> &pids)
     for (const pid_t pid : pids)
         m_windows[pid].clear();
     for (const SeenWindow &seen : *workspace) {
-        std::ignore = keep(seen.element, seen.snapshot);
+        std::ignore = remember(seen.element, seen.snapshot);
         m_windows[seen.pid] << seen.element;
         titles.emplace_back(seen.element,
             requestTitle(m_connection, static_cast<xcb_window_t>(seen.element.number)));
@@ -358,7 +358,7 @@ void X11WindowAccess::moveAhead(const QList<WindowMove> &moves)
     Q_ASSERT(m_operations > 0);
     QList<WindowElement> moved;
     for (const WindowMove &move : moves) {
-        const auto before = look(move.window);
+        const auto before = snapshotOf(move.window);
         const auto number = static_cast<xcb_window_t>(move.window.number);
         if (!before || !m_placer.sendAhead(number, *before, move.frame))
             continue;
@@ -368,7 +368,7 @@ void X11WindowAccess::moveAhead(const QList<WindowMove> &moves)
     if (!moved.isEmpty()
         && m_windowManager.fence(static_cast<xcb_window_t>(moved.last().number),
             Connection::Clock::now() + m_connection.messagingTimeout()))
-        lookAgain(moved);
+        readAgain(moved);
 }
 
 void X11WindowAccess::handle(const xcb_generic_event_t &event)
@@ -411,7 +411,7 @@ void X11WindowAccess::reviewTrust()
         m_connection.defer([this, trusted] { Q_EMIT trustChanged(trusted); });
 }
 
-expected<WindowSnapshot, AXError> X11WindowAccess::look(const WindowElement &window)
+expected<WindowSnapshot, AXError> X11WindowAccess::snapshotOf(const WindowElement &window)
 {
     if (m_pendingSize && m_pendingSize->window == window)
         std::ignore = flushSize();
@@ -420,13 +420,13 @@ expected<WindowSnapshot, AXError> X11WindowAccess::look(const WindowElement &win
     if (const auto known = m_snapshots.constFind(window); known != m_snapshots.cend())
         return *known;
     const auto number = static_cast<xcb_window_t>(window.number);
-    return keep(window,
+    return remember(window,
         readSnapshot(
             m_connection, requestSnapshot(m_connection, number), m_windowManager.tilesWindows()));
 }
 
 /// At windows that our own moves have just changed.
-void X11WindowAccess::lookAgain(const QList<WindowElement> &windows)
+void X11WindowAccess::readAgain(const QList<WindowElement> &windows)
 {
     QList<std::pair<WindowElement, SnapshotRequest>> requests;
     for (const WindowElement &window : windows)
@@ -434,15 +434,15 @@ void X11WindowAccess::lookAgain(const QList<WindowElement> &windows)
             window, requestSnapshot(m_connection, static_cast<xcb_window_t>(window.number)));
     for (const auto &[window, request] : std::as_const(requests)) {
         const auto now =
-            keep(window, readSnapshot(m_connection, request, m_windowManager.tilesWindows()));
+            remember(window, readSnapshot(m_connection, request, m_windowManager.tilesWindows()));
         if (now)
-            noteFullScreen(window, now->fullScreen);
+            learnFullScreen(window, now->fullScreen);
     }
 }
 
 /// After our own move. Some window managers make an undecorated window that fills a display full screen
 /// by themselves; its next full screen may be its user's wish.
-void X11WindowAccess::noteFullScreen(const WindowElement &window, bool fullScreen)
+void X11WindowAccess::learnFullScreen(const WindowElement &window, bool fullScreen)
 {
     if (fullScreen)
         m_filledByUs.insert(window);
@@ -450,7 +450,7 @@ void X11WindowAccess::noteFullScreen(const WindowElement &window, bool fullScree
         m_filledByUs.remove(window);
 }
 
-expected<WindowSnapshot, AXError> X11WindowAccess::keep(
+expected<WindowSnapshot, AXError> X11WindowAccess::remember(
     const WindowElement &window, expected<WindowSnapshot, AXError> snapshot)
 {
     if (snapshot && m_operations > 0)
@@ -470,7 +470,7 @@ AXError X11WindowAccess::flushSize()
     const auto pending = std::exchange(m_pendingSize, std::nullopt);
     if (!pending)
         return AXError::success;
-    const auto before = look(pending->window);
+    const auto before = snapshotOf(pending->window);
     if (!before)
         return before.error();
     const Rect current = before->frame();
@@ -489,17 +489,17 @@ AXError X11WindowAccess::place(
         m_endedStates.insert(window,
             {before.maximizedHorizontally, before.maximizedVertically, before.fullScreen,
                 *normalFrame});
-    return keepPlaced(window, after);
+    return rememberPlaced(window, after);
 }
 
-AXError X11WindowAccess::keepPlaced(
+AXError X11WindowAccess::rememberPlaced(
     const WindowElement &window, const expected<WindowSnapshot, AXError> &after)
 {
     m_refusalDetail = m_placer.refusalDetail();
     if (!after)
         return after.error();
-    noteFullScreen(window, after->fullScreen);
-    std::ignore = keep(window, after);
+    learnFullScreen(window, after->fullScreen);
+    std::ignore = remember(window, after);
     return AXError::success;
 }
 

@@ -53,7 +53,7 @@ public:
     void beginOperation() override { ++m_operations; }
     void endOperation() override;
     void readAnew(const WindowElement &window) override;
-    void lookAhead(const QList<pid_t> &pids) override;
+    void readAhead(const QList<pid_t> &pids) override;
     void moveAhead(const QList<WindowMove> &moves) override;
 
 private:
@@ -67,12 +67,13 @@ private:
     void forget(const WindowElement &window);
     void reviewTrust();
 
-    /// The window as it is now, once what was asked of it has happened.
-    [[nodiscard]] expected<WindowSnapshot, AXError> look(const WindowElement &window);
-    [[nodiscard]] expected<WindowSnapshot, AXError> keep(
+    /// The window as it is now, once what was asked of it has happened; inside an operation, as it
+    /// was read last.
+    [[nodiscard]] expected<WindowSnapshot, AXError> snapshotOf(const WindowElement &window);
+    [[nodiscard]] expected<WindowSnapshot, AXError> remember(
         const WindowElement &window, expected<WindowSnapshot, AXError> snapshot);
-    void lookAgain(const QList<WindowElement> &windows);
-    void noteFullScreen(const WindowElement &window, bool fullScreen);
+    void readAgain(const QList<WindowElement> &windows);
+    void learnFullScreen(const WindowElement &window, bool fullScreen);
     template <typename Value, typename Function>
     [[nodiscard]] expected<Value, AXError> read(const WindowElement &window, Function value);
 
@@ -83,7 +84,7 @@ private:
     void sendActivate(const WindowElement &window);
     [[nodiscard]] AXError place(
         const WindowElement &window, const WindowSnapshot &before, const Rect &frame);
-    [[nodiscard]] AXError keepPlaced(
+    [[nodiscard]] AXError rememberPlaced(
         const WindowElement &window, const expected<WindowSnapshot, AXError> &after);
 
     Connection &m_connection;
