@@ -18,7 +18,7 @@ class SimulatedWorld final : public ContractWorld
 public:
     explicit SimulatedWorld(Manner manner) : m_manner(manner)
     {
-        m_desktop.holdsSizes = m_desktop.sharesLooks = manner == Manner::thrifty;
+        m_desktop.holdsSizes = m_desktop.sharesReads = manner == Manner::thrifty;
         m_primary = m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
     }
 

@@ -60,7 +60,7 @@ TEST_P(PlatformContract, whatIsLookedAtAndMovedAheadReadsAndEndsAsIfItWereNot)
     const Rect right{620, 90, 460, 380};
     {
         const WindowOperation operation(windows());
-        windows().lookAhead({pid});
+        windows().readAhead({pid});
         EXPECT_EQ(windows().windows(pid), (QList{maximised, plain}));
         EXPECT_EQ(windows().title(plain), u"Plain"_s);
         windows().moveAhead({{plain, left}, {maximised, right}});

@@ -68,7 +68,7 @@ TEST_F(AXWindowTests, onlyAWindowThatMayYetFollowIsWaitedForAndOnlyUntilItDoes)
         WindowSpec wanted;
         Size reached;
         Clock::Duration waited;
-        bool sharesLooks = false;
+        bool sharesReads = false;
     };
     const Example examples[]{
         {"late", {.resizesAfter = 100ms}, leftHalf.size(), 120ms},
@@ -78,9 +78,9 @@ TEST_F(AXWindowTests, onlyAWindowThatMayYetFollowIsWaitedForAndOnlyUntilItDoes)
         {"held by a largest size", {.maximum = Size{300, 200}}, {300, 200}, 0ms},
         {"of fixed size", {.frame = {5, 50, 200, 100}, .fixedSize = true}, {200, 100}, 0ms},
     };
-    for (const auto &[name, wanted, reached, waited, sharesLooks] : examples) {
+    for (const auto &[name, wanted, reached, waited, sharesReads] : examples) {
         SCOPED_TRACE(name);
-        desk.desktop.sharesLooks = sharesLooks;
+        desk.desktop.sharesReads = sharesReads;
         const AXWindow window = desk.open(wanted);
         const Clock::Duration start = desk.platform.clock().now();
 

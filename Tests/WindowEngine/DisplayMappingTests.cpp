@@ -1,4 +1,5 @@
-#include "LayoutEngine.h"
+#include "DisplayMapping.h"
+#include "Geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +34,7 @@ TEST(DisplayMappingTests, displaysAreFoundByKeyThenByNameThenByPosition)
     };
 
     for (const Example &example : examples) {
-        EXPECT_EQ(LayoutEngine::displayMapping(example.layout, example.current), example.mapping)
+        EXPECT_EQ(displayMapping(example.layout, example.current), example.mapping)
             << &example - examples;
     }
 }
@@ -42,14 +43,14 @@ TEST(DisplayMappingTests, whatIsVisibleIsWhatNothingCovers)
 {
     const UnitRect rect{0.2, 0.2, 0.4, 0.4};
     const auto visible = [&](const QList<UnitRect> &under) {
-        return LayoutEngine::visibleFraction(rect, under, 24);
+        return Geometry::visibleFraction(rect, under, 24);
     };
 
     EXPECT_EQ(visible({}), 1);
     EXPECT_EQ(visible({{0.7, 0.2, 0.3, 0.4}}), 1);
     EXPECT_EQ(visible({rect}), 0);
     EXPECT_EQ(visible({{0, 0, 0.4, 1}, {0.3, 0.4, 0.7, 0.6}}), 0.25);
-    EXPECT_EQ(LayoutEngine::visibleFraction(rect, {{0.4, 0.4, 0, 0}}, 1), 0); // bounds count
+    EXPECT_EQ(Geometry::visibleFraction(rect, {{0.4, 0.4, 0, 0}}, 1), 0); // bounds count
 }
 
 } // namespace corvane
