@@ -1,5 +1,6 @@
 #include "QuietOpenings.h"
 
+#include "ActiveWindow.h"
 #include "Properties.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ QuietOpenings::~QuietOpenings()
 void QuietOpenings::begin(const QString &bundleIdentifier)
 {
     if (!areUnderWay())
-        setOwner(readList(m_connection, m_connection.root(), Atom::netActiveWindow).value(0));
+        setOwner(activeWindow(m_connection));
     m_openings << Opening{bundleIdentifier, Connection::Clock::now() + patience};
 }
 
@@ -50,7 +51,7 @@ bool QuietOpenings::areUnderWay()
 
 void QuietOpenings::greet(const WindowElement &window, const QString &bundleIdentifier)
 {
-    const auto number = static_cast<xcb_window_t>(window.number);
+    const xcb_window_t number = numberOf(window);
     const auto opening =
         std::ranges::find(m_openings, bundleIdentifier, &Opening::bundleIdentifier);
     if (opening == m_openings.end() || newcomer(number))
@@ -93,7 +94,7 @@ void QuietOpenings::scheduleReview()
 
 void QuietOpenings::review()
 {
-    reviewFocus(readList(m_connection, m_connection.root(), Atom::netActiveWindow).value(0));
+    reviewFocus(activeWindow(m_connection));
     const xcb_atom_t attention = m_connection.atom(Atom::stateDemandsAttention);
     for (Newcomer &each : m_newcomers) {
         if (each.attentionsLeft == 0
@@ -119,8 +120,7 @@ void QuietOpenings::reviewFocus(xcb_window_t active)
     }
     --taker->focusesLeft;
     if (m_registry.known().contains(m_owner))
-        m_connection.sendToRoot(
-            m_owner, Atom::netActiveWindow, {fromPager, XCB_CURRENT_TIME, noWindow, 0, 0});
+        requestActivation(m_connection, m_owner);
 }
 
 void QuietOpenings::forgetPast()

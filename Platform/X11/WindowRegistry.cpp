@@ -46,7 +46,7 @@ std::optional<WindowElement> WindowRegistry::element(xcb_window_t window)
 
 const KnownWindow *WindowRegistry::find(const WindowElement &element) const
 {
-    const auto known = m_known.constFind(static_cast<xcb_window_t>(element.number));
+    const auto known = m_known.constFind(numberOf(element));
     return known != m_known.cend() && known->generation == element.generation ? &*known : nullptr;
 }
 

@@ -13,6 +13,12 @@
 
 namespace corvane::x11 {
 
+/// The server's number of the window.
+[[nodiscard]] inline xcb_window_t numberOf(const WindowElement &window)
+{
+    return static_cast<xcb_window_t>(window.number);
+}
+
 /// Space that a panel reserves along an edge of the whole desk (_NET_WM_STRUT_PARTIAL).
 struct Strut {
     enum class Edge { left, right, top, bottom };

@@ -1,5 +1,6 @@
 #include "X11Applications.h"
 
+#include "ActiveWindow.h"
 #include "ClientProperties.h"
 #include "Properties.h"
 
@@ -101,8 +102,7 @@ QStringList X11Applications::formerIdentifiers(const WindowElement &window)
 
 std::optional<RunningApplication> X11Applications::frontmost()
 {
-    const xcb_window_t active =
-        readList(m_connection, m_connection.root(), Atom::netActiveWindow).value(0);
+    const xcb_window_t active = activeWindow(m_connection);
     const auto known = m_registry.known().constFind(active);
     if (known == m_registry.known().cend())
         return std::nullopt;

@@ -74,8 +74,6 @@ private:
         const WindowElement &window, expected<WindowSnapshot, AXError> snapshot);
     void readAgain(const QList<WindowElement> &windows);
     void learnFullScreen(const WindowElement &window, bool fullScreen);
-    template <typename Value, typename Function>
-    [[nodiscard]] expected<Value, AXError> read(const WindowElement &window, Function value);
 
     /// Whether the window is there and may be read and written.
     [[nodiscard]] AXError access(const WindowElement &window) const;
@@ -104,8 +102,7 @@ private:
     std::optional<PendingSize> m_pendingSize;
     std::optional<WindowElement> m_toBeFocused; ///< when the operation ends
     QString m_refusalDetail;
-    QSet<WindowElement>
-        m_filledByUs; ///< full screen only because our move made them fill a display
+    QSet<WindowElement> m_filledByUs; ///< full screen only by our move, which filled a display
     QSet<pid_t> m_observed;
 };
 
