@@ -64,7 +64,7 @@ public:
 
     // Notices
     [[nodiscard]] const QList<Notice> &notices() const { return m_notices.all(); }
-    /// That the settings' file could not be read whole.
+    /// The notice that the settings' file could not be read whole, while there is one.
     [[nodiscard]] std::optional<Notice> unreadableSettings() const;
     void post(const Notice &notice) { m_notices.post(notice); }
     void dismissNotice(const QString &id) { m_notices.dismiss(id); }

@@ -31,11 +31,11 @@ public:
     void refresh();
 
     [[nodiscard]] const QList<WindowLayout> &all() const { return m_layouts; }
-    /// By its id, else the first one of that name.
+    /// The layout of this id, else the first one of this name.
     [[nodiscard]] std::optional<WindowLayout> layout(const QString &nameOrID) const;
     [[nodiscard]] std::optional<WindowLayout> layout(const QUuid &id) const;
 
-    /// One pane for each connected display.
+    /// Adds a layout of one empty pane for each connected display.
     WindowLayout addEmpty();
     /// Adds what `capture` makes, which is handed a name that no other layout has. The error is one
     /// sentence; then the layout is there, too, but only until the program ends.
@@ -56,7 +56,7 @@ public:
     void redo();
     [[nodiscard]] std::optional<QString> undoTitle() const { return m_history.undoTitle(); }
     [[nodiscard]] std::optional<QString> redoTitle() const { return m_history.redoTitle(); }
-    /// To this version `revert` goes back. Not to be undone.
+    /// Makes the layout the version that `revert` goes back to. This cannot be undone.
     void save(const QUuid &id);
     void revert(const QUuid &id);
     [[nodiscard]] std::optional<WindowLayout> savedVersion(const QUuid &id) const
@@ -66,14 +66,14 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /// Follows `changed`.
+    /// Shortcuts of layouts are other ones than before. Comes after `changed`.
     void shortcutsChanged();
 
 private:
     void read();
     [[nodiscard]] std::optional<FileStamp> stampNow() const;
     expected<void, QString> add(const WindowLayout &layout, const QString &undoTitle);
-    /// As an action that can be undone.
+    /// Replaces all layouts by an action that can be undone.
     expected<void, QString> perform(const QString &undoTitle, QList<WindowLayout> layouts);
 
     LayoutStore m_store;

@@ -77,11 +77,11 @@ public:
         ViewState, std::optional<int>, pendingPaneIndex, &ViewState::pendingPaneIndexChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, bool, pendingAppPicker, &ViewState::pendingAppPickerChanged)
-    /// From 1.
+    /// The page of the tour to show, counted from 1.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<int>, pendingTourPage, &ViewState::pendingTourPageChanged)
-    /// By which the window that is shown next may come to the front: X11's startup id, Wayland's
-    /// activation token. Empty when whoever asked for the window had none.
+    /// The permission of the window that is shown next to come to the front: X11's startup id,
+    /// Wayland's activation token. Empty when whoever asked for the window had none.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, QString, pendingActivation, &ViewState::pendingActivationChanged)
     Q_OBJECT_BINDABLE_PROPERTY(

@@ -14,8 +14,8 @@ namespace corvane {
 struct DesktopLook {
     bool isDark = false;
     bool hasHighContrast = false;
-    QString font =
-        {}; ///< family and size in points, as in "Cantarell 11"; empty while it is unknown
+    /// Family and size in points, as in "Cantarell 11"; empty while it is unknown.
+    QString font = {};
     bool reducesMotion = false; ///< nothing is to slide or fade
 
     bool operator==(const DesktopLook &) const = default;

@@ -26,8 +26,7 @@ public:
 
     bool tiling = false; ///< standard windows refuse every write
     bool holdsSizes = false; ///< a size waits inside an operation, as the interface allows
-    bool sharesReads =
-        false; ///< an operation reads a frame once, and again only after a write of its own
+    bool sharesReads = false; ///< a frame is read once in an operation, unless it is written
     bool fitsSizesToDisplay = false; ///< a size is cut where the window would leave its display
     bool bringsOneForward = true; ///< one window can come forward without its application's others
 

@@ -13,7 +13,7 @@ struct StrutRequest {
 
 [[nodiscard]] StrutRequest requestStruts(const Connection &connection, xcb_window_t window);
 [[nodiscard]] QList<Strut> readStruts(Connection &connection, const StrutRequest &request);
-/// From the twelve values of _NET_WM_STRUT_PARTIAL or the four of _NET_WM_STRUT.
+/// The reservations in the twelve values of _NET_WM_STRUT_PARTIAL or the four of _NET_WM_STRUT.
 [[nodiscard]] QList<Strut> strutsFromProperty(std::span<const quint32> values);
 
 struct KindRequest {

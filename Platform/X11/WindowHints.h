@@ -19,7 +19,8 @@ struct WindowHints {
     Size leastAspect; ///< width : height; zero when the client set none
     Size mostAspect;
 
-    /// The size nearest to `asked`, and no larger where the client can be so small.
+    /// The size that the client takes when `asked` for one: the nearest, and no larger where it can
+    /// be so small.
     [[nodiscard]] Size constrained(Size asked) const;
 
     static WindowHints fromProperty(std::span<const quint32> values);

@@ -12,7 +12,7 @@ struct Extents {
     double top = 0;
     double bottom = 0;
 
-    /// From a property of four values; nothing where they are absent or absurd.
+    /// The extents in a property of four values; nothing where they are absent or absurd.
     static std::optional<Extents> fromProperty(std::span<const quint32> values);
 
     bool operator==(const Extents &) const = default;
