@@ -753,9 +753,47 @@
 <context>
     <name>corvane::AppModel</name>
     <message>
-        <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <source>the “%1” layout</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>untitled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::CompetitorWatch</name>
+    <message>
+        <source> and </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is also running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are also running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit it from Corvane&apos;s menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutLibrary</name>
     <message>
         <source>Change of the File</source>
         <translation type="unfinished"></translation>
@@ -784,49 +822,6 @@
         <source>Rename Layout</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>the “%1” layout</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>untitled</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Change Shortcut</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 belongs to %2, so %3 has no shortcut now.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Corvane could not write to %1: %2 Windows are moved all the same.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>corvane::CompetitorWatch</name>
-    <message>
-        <source> and </source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 is also running</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 are also running</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Two window managers answering the same keys will fight over one window. Quit it from Corvane&apos;s menu.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>corvane::LoginItemSwitch</name>
@@ -841,6 +836,17 @@
     <message>
         <source>macOS is waiting for you to allow Corvane in System Settings → General → Login Items.</source>
         <translation>Your desktop&apos;s settings keep Corvane from opening at login. Allow it there.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::Notices</name>
+    <message>
+        <source>Corvane could not write to %1: %2 Windows are moved all the same.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -19,8 +19,7 @@ struct WindowHints {
     Size leastAspect; ///< width : height; zero when the client set none
     Size mostAspect;
 
-    /// The size that the client takes when `asked` for one: the nearest, and no larger where it can
-    /// be so small.
+    /// The size that the client takes for `asked`: the nearest, no larger where it can be so small.
     [[nodiscard]] Size constrained(Size asked) const;
 
     static WindowHints fromProperty(std::span<const quint32> values);
