@@ -92,7 +92,8 @@ Measurements measureStores()
     if (log.recent(historyLines).size() < historyLines / 2)
         return unexpected<QString>(u"pruning lost moves"_s);
 
-    const double load = medianDuration(11, [&] { found += layouts.load().size(); });
+    const double load =
+        medianDuration(11, [&] { found += layouts.loadKeepingUnreadable().layouts.size(); });
     const double parse = medianDuration(11, [&] {
         found += QJsonDocument::fromJson(contents(layouts.url().toLocalFile())).array().size();
     });
