@@ -27,8 +27,8 @@ public:
     /// Reads the file, and keeps a copy of it when it cannot be read whole, since the next save
     /// replaces it.
     [[nodiscard]] Loaded loadKeepingUnreadable() const;
-    /// Reads the file as `loadKeepingUnreadable` does while these settings are in force: what cannot
-    /// be read stays as it is in them.
+    /// Reads the file as `loadKeepingUnreadable` does while these settings are in force: what
+    /// cannot be read stays as it is in them.
     [[nodiscard]] Loaded loadEdit(const Settings &inForce) const;
     /// The error is one sentence.
     [[nodiscard]] expected<void, QString> save(const Settings &settings) const;

@@ -11,8 +11,8 @@
 
 namespace corvane {
 
-/// The layouts in force. Every change of them is saved at once and can be undone, except as said; what
-/// somebody else has written into their file since is read before each change.
+/// The layouts in force. Every change of them is saved at once and can be undone, except as said;
+/// what somebody else has written into their file since is read before each change.
 class LayoutLibrary final : public QObject
 {
     Q_OBJECT

@@ -13,9 +13,10 @@
 
 namespace corvane {
 
-/// What views show beside settings, layouts and notices, and what they are to show next. Each member
-/// can be set by whoever knows better, and has a signal of its name that says that it has another
-/// value. Those called pending are one-shot requests: whoever acts on one sets it back to empty.
+/// What views show beside settings, layouts and notices, and what they are to show next. Each
+/// member can be set by whoever knows better, and has a signal of its name that says that it has
+/// another value. Those called pending are one-shot requests: whoever acts on one sets it back to
+/// empty.
 class ViewState : public QObject
 {
     Q_OBJECT
@@ -65,7 +66,8 @@ public:
     /// When the settings were saved last.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<QDateTime>, savedFlash, &ViewState::savedFlashChanged)
-    /// The placement, or the layout, whose shortcut the user is pressing now; at most one of the two.
+    /// The placement, or the layout, whose shortcut the user is pressing now; at most one of the
+    /// two.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<Placement>, recording, &ViewState::recordingChanged)
     Q_OBJECT_BINDABLE_PROPERTY(

@@ -10,17 +10,18 @@
 
 namespace corvane {
 
-/// A case of an enumeration with its stable name, as files and command lines spell it. A table whose
-/// cases have more to them has rows of its own.
+/// A case of an enumeration with its stable name, as files and command lines spell it. A table
+/// whose cases have more to them has rows of its own.
 template <typename Enum>
 struct NamedCase {
     Enum value;
     QLatin1StringView name;
 };
 
-/// What is fixed about each case of an enumeration whose last case is `last`: one row a case, in the
-/// enumeration's order. A table that leaves a case out, or has them in another order, does not compile.
-/// Each row has its case in `value`; a case can be looked up by its row's `name`, where rows have one.
+/// What is fixed about each case of an enumeration whose last case is `last`: one row a case, in
+/// the enumeration's order. A table that leaves a case out, or has them in another order, does not
+/// compile. Each row has its case in `value`; a case can be looked up by its row's `name`, where
+/// rows have one.
 template <auto last, typename Row>
 class EnumTable final
 {

@@ -150,8 +150,8 @@ void X11WindowAccess::readAgain(const QList<WindowElement> &windows)
     }
 }
 
-/// Remembers whether our own move has made the window full screen: some window managers do so with an
-/// undecorated one that fills a display. Its next full screen may be its user's wish.
+/// Remembers whether our own move has made the window full screen: some window managers do so with
+/// an undecorated one that fills a display. Its next full screen may be its user's wish.
 void X11WindowAccess::learnFullScreen(const WindowElement &window, bool fullScreen)
 {
     if (fullScreen)
