@@ -19,7 +19,8 @@ constexpr Clock::Duration timeToQuit = 1s;
 AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog activityLog)
     : m_store(std::move(store))
     , m_activityLog(std::move(activityLog))
-    , m_layouts(std::move(layoutStore), m_notices)
+    , m_layouts(std::move(layoutStore), m_notices,
+          [this](QList<WindowLayout> &all) { tell(settleShortcuts(m_settings.shortcuts, all)); })
     , m_layoutApplier([this](const QList<ActivityEntry> &entries) { writeDown(entries); })
 {
     connectRecording();

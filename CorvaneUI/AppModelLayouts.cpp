@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 
 void AppModel::connectLayouts()
 {
-    m_layouts.onSettleShortcuts = [this](QList<WindowLayout> &layouts) {
-        tell(settleShortcuts(m_settings.shortcuts, layouts));
-    };
     connect(&m_layouts, &LayoutLibrary::changed, this, &AppModel::layoutsChanged);
     connect(&m_layouts, &LayoutLibrary::shortcutsChanged, this, [this] {
         if (onShortcutsChanged)

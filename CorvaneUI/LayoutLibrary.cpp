@@ -32,8 +32,8 @@ void addOthers(QList<WindowLayout> &layouts, const QList<WindowLayout> &present)
 
 } // namespace
 
-LayoutLibrary::LayoutLibrary(LayoutStore store, Notices &notices)
-    : m_store(std::move(store)), m_notices(notices)
+LayoutLibrary::LayoutLibrary(LayoutStore store, Notices &notices, SettleShortcuts settleShortcuts)
+    : m_store(std::move(store)), m_notices(notices), m_settleShortcuts(std::move(settleShortcuts))
 {
 }
 
@@ -68,7 +68,7 @@ void LayoutLibrary::read()
     m_layouts = std::move(layouts);
     m_notices.tellReading(m_store.url(), problem,
         keepsOthers ? StoreProblem::Instead::present : StoreProblem::Instead::defaults);
-    onSettleShortcuts(m_layouts);
+    m_settleShortcuts(m_layouts);
 }
 
 std::optional<FileStamp> LayoutLibrary::stampNow() const
@@ -164,7 +164,7 @@ expected<void, QString> LayoutLibrary::replaceAll(QList<WindowLayout> layouts)
     if (layouts == m_layouts)
         return {};
     // Undone, a layout may come back with a shortcut that has found another owner since.
-    onSettleShortcuts(layouts);
+    m_settleShortcuts(layouts);
     const QList<WindowLayout> old = std::exchange(m_layouts, std::move(layouts));
     const auto saved = m_notices.tellSaving(m_store.url(), m_store.save(m_layouts));
     m_stamp = stampNow();

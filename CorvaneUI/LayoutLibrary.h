@@ -18,11 +18,12 @@ class LayoutLibrary final : public QObject
     Q_OBJECT
 
 public:
-    /// `notices`, which are told what becomes of the file, outlive the library.
-    LayoutLibrary(LayoutStore store, Notices &notices);
+    /// Takes from layouts the shortcuts that others hold already.
+    using SettleShortcuts = std::function<void(QList<WindowLayout> &layouts)>;
 
-    /// Takes from the layouts that are about to be in force the shortcuts that others hold already.
-    std::function<void(QList<WindowLayout> &layouts)> onSettleShortcuts;
+    /// `notices`, which are told what becomes of the file, outlive the library. `settleShortcuts` is
+    /// called for all layouts that are about to be in force.
+    LayoutLibrary(LayoutStore store, Notices &notices, SettleShortcuts settleShortcuts);
 
     [[nodiscard]] QUrl url() const { return m_store.url(); }
     /// Reads the file at start. The layouts in it count as saved.
@@ -78,6 +79,7 @@ private:
 
     LayoutStore m_store;
     Notices &m_notices;
+    SettleShortcuts m_settleShortcuts;
     QList<WindowLayout> m_layouts;
     LayoutHistory m_history;
     std::optional<FileStamp> m_stamp; ///< of the file that the layouts came from or went to
