@@ -8,8 +8,10 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-xtest0-dev openbox x11
     x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core
     gtk-3-examples librsvg2-common"
 
-packages_test="appstream desktop-file-utils git clang-format libgtest-dev libgmock-dev
-    librapidcheck-dev xvfb xwayland fluxbox i3-wm icewm kwin-x11 linguist-qt6 marco
+packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
+    linguist-qt6 xvfb"
+
+packages_test="$packages_unit_test git clang-format xwayland fluxbox i3-wm icewm kwin-x11 marco
     mate-settings-daemon-common metacity mutter sway tk x11-apps xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
@@ -17,6 +19,15 @@ packages_fuzz="clang libclang-rt-dev"
 packages_package="lintian"
 
 packages_bench="libbenchmark-dev libgtest-dev sxhkd wmctrl"
+
+# as_root COMMAND...: with sudo unless this is root already.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
 
 # install_packages NAME...: does nothing when all are there.
 install_packages() {
@@ -27,16 +38,12 @@ install_packages() {
     done
     [ ${#missing[@]} -eq 0 ] && return 0
 
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        if ! command -v sudo >/dev/null || ! sudo -v; then
-            echo "These packages are missing, and installing them takes root or sudo: ${missing[*]}" >&2
-            return 1
-        fi
-        as_root=(sudo)
+    if [ "$(id -u)" -ne 0 ] && { ! command -v sudo >/dev/null || ! sudo -v; }; then
+        echo "These packages are missing, and installing them takes root or sudo: ${missing[*]}" >&2
+        return 1
     fi
     echo "Installing ${missing[*]}"
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+        as_root env DEBIAN_FRONTEND=noninteractive \
             apt-get install -y --no-install-recommends -qq "${missing[@]}" >/dev/null
 }
