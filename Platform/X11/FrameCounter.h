@@ -17,6 +17,8 @@ public:
     /// Counts this window's frames from now on, from zero.
     void start(xcb_window_t window);
     void stop();
+    /// Whether the client tells.
+    [[nodiscard]] bool isCounting() const { return m_alarm != XCB_NONE; }
     [[nodiscard]] int count() const { return m_count; }
 
 private:

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto softLimit = 250ms; ///< after which the geometry itself decides whether it is done
-constexpr auto clientLimit = 250ms; ///< for a client to draw itself for another state
+constexpr auto clientLimit = 250ms; ///< for a client to draw itself, unless it tells
 
 constexpr int mostRounds = 16;
 // What a fence takes for its answer may be the answer to what was asked before.
@@ -251,7 +251,10 @@ expected<WindowSnapshot, AXError> WindowPlacer::followClient(xcb_window_t window
     WindowSnapshot current, const Condition &isDone, const std::optional<Rect> &frame)
 {
     const auto isOver = [&] { return !m_disturbed && isDone(current); };
-    const auto deadline = Connection::Clock::now() + clientLimit;
+    // Who tells of each drawing is merely slow until it has.
+    const bool tells = current.drawsOwnDecoration && m_frames.isCounting();
+    const auto deadline = Connection::Clock::now()
+        + (tells ? m_connection.messagingTimeout() : Connection::Clock::duration(clientLimit));
     // A client that answers each move with one of its own has the last word.
     for (int round = 0; round < mostRounds && !isOver()
          && m_connection.waitFor([&] { return m_disturbed || isOver(); }, deadline);
