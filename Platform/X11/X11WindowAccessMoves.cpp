@@ -101,10 +101,11 @@ bool X11WindowAccess::bringToFrontAlone(const WindowElement &window)
 {
     if (!isTrusted() || !m_registry.find(window))
         return false;
+    if (m_operations > 0)
+        m_toBeFocused = window;
     // Window managers take three times as long to give the focus as to raise.
     if (m_operations > 0 && m_windowManager.supports(Atom::netRestackWindow)) {
         sendRaise(window);
-        m_toBeFocused = window;
         return true;
     }
     sendActivate(window);
