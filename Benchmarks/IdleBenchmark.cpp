@@ -3,7 +3,6 @@
 #include "CorvaneProcess.h"
 #include "KeyPresser.h"
 #include "PanelProcess.h"
-#include "PopupProbe.h"
 #include "Programs.h"
 
 #include <QtCore/QDir>
@@ -47,7 +46,7 @@ qint64 contextSwitches(pid_t pid)
 /// What makes the program as large as it gets before a window opens.
 [[nodiscard]] bool openMenuOnce(VirtualDesktop &desktop, CorvaneProcess &corvane)
 {
-    PopupProbe popups(desktop.connection());
+    WindowProbe popups(desktop.connection());
     if (corvane.ask({u"--pop-menu"_s}).exitStatus != 0
         || !waitUntil([&] { return !popups.openMenus(corvane.pid()).isEmpty(); }))
         return false;

@@ -2,7 +2,6 @@
 
 #include "CorvaneProcess.h"
 #include "KeyPresser.h"
-#include "PopupProbe.h"
 #include "Programs.h"
 #include "SampleLayouts.h"
 #include "Samples.h"
@@ -83,7 +82,7 @@ private:
     }
     QList<xcb_window_t> menus()
     {
-        return PopupProbe(m_desktop.connection()).openMenus(m_corvane.pid());
+        return WindowProbe(m_desktop.connection()).openMenus(m_corvane.pid());
     }
 
     VirtualDesktop &m_desktop;

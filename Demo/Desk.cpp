@@ -1,114 +1,117 @@
 #include "Desk.h"
 
-#include "Board.h"
 #include "KeyPresser.h"
-#include "Look.h"
 #include "Pager.h"
-
-#include <QtCore/QFileInfo>
-
-#include <algorithm>
+#include "Pictures.h"
 
 namespace corvane::demo {
 
 using namespace Qt::StringLiterals;
-using desktop::Key;
-using desktop::KeyPresser;
-using desktop::Pager;
-using desktop::TestClient;
-using desktop::VirtualDesktop;
-using desktop::waitUntil;
-using desktop::WindowManagerProcess;
-using desktop::WindowProbe;
-using desktop::WindowRequest;
+using namespace desktop;
 
 namespace {
 
-constexpr Rect firstDisplay{0, 0, 1680, 1050};
-constexpr Rect secondDisplay{1680, 26, 1280, 1024};
+const QList<Rect> twoDisplays{{0, 0, 1680, 1050}, {1680, 26, 1280, 1024}};
 constexpr int panelHeight = 32;
 
-Rect belowPanel(Rect display)
+struct Row {
+    const char *title;
+    const char *windowClass; ///< part of the WM_CLASS of its window
+    Rect startFrame; ///< where its window stands before anybody tidies up
+    QStringList command;
+};
+
+QStringList xterm(const QString &name, const QString &ground, const QString &fore)
 {
-    display.y += panelHeight;
-    display.height -= panelHeight;
-    return display;
+    return {u"xterm"_s, u"-name"_s, u"demo-"_s + name.toLower(), u"-T"_s, name, u"-fa"_s,
+        u"DejaVu Sans Mono"_s, u"-fs"_s, u"11"_s, u"-b"_s, u"12"_s, u"-bg"_s, ground, u"-fg"_s,
+        fore, u"-cr"_s, ground, u"+sb"_s, u"-e"_s, u"bash"_s,
+        QStringLiteral(CORVANE_DEMO_TERMINAL)};
+}
+
+const Row &rowOf(Application application)
+{
+    static const std::array table{
+        Row{"Terminal", "demo-terminal", {72, 96, 880, 560},
+            xterm(u"Terminal"_s, u"#16181D"_s, u"#ECEAE4"_s)
+                << u"follow"_s << QStringLiteral(CORVANE_PROGRAM)},
+        Row{"Source", "demo-source", {744, 188, 700, 600},
+            xterm(u"Source"_s, u"#FBFAF6"_s, u"#1B1D22"_s)
+                << u"page"_s << QStringLiteral(CORVANE_DEMO_SOURCE)},
+        Row{"Notes", "corvane-demo-notes", {330, 420, 760, 520},
+            {QStringLiteral(CORVANE_DEMO_NOTES)}},
+        Row{"GTK Demo", "gtk3-demo", {1010, 400, 800, 600}, {u"gtk3-demo"_s}},
+        Row{"Icon Browser", "gtk3-icon-browser", {1900, 130, 780, 740}, {u"gtk3-icon-browser"_s}},
+    };
+    return table[static_cast<std::size_t>(application)];
 }
 
 } // namespace
 
+QString title(Application application)
+{
+    return QString::fromLatin1(rowOf(application).title);
+}
+
 expected<std::unique_ptr<Desk>, QString> Desk::start(const QString &windowManager)
 {
-    VirtualDesktop::Options options;
-    options.displays = {firstDisplay, secondDisplay};
-    auto started = VirtualDesktop::start(options);
+    auto started = VirtualDesktop::start({.displays = twoDisplays});
     if (!started)
         return unexpected<QString>(started.error());
     std::unique_ptr<Desk> desk(new Desk(std::move(*started)));
+    desk->desktop().addToHome(QStringLiteral(CORVANE_DEMO_HOME));
     auto manager = WindowManagerProcess::start(desk->desktop(), windowManager);
     if (!manager)
         return unexpected<QString>(manager.error());
     desk->m_windowManager = std::move(*manager);
-    // Some window managers arrange the displays anew when they start.
-    if (!desk->desktop().displays().arrange(options.displays))
-        return unexpected<QString>(
-            u"%1 does not leave the displays as they were"_s.arg(windowManager));
-    setBackground(desk->connection(), desk->connection().root(), boardPicture(options.displays));
-    setToolkitLook(desk->desktop());
-    if (windowManager == "openbox"_L1 && !setOpenboxLook(desk->desktop()))
-        return unexpected<QString>(u"openbox did not take its look"_s);
-    if (const QString error = desk->showPanel(); !error.isEmpty())
-        return unexpected<QString>(error);
-    if (const QString error = desk->openApplications(); !error.isEmpty())
-        return unexpected<QString>(error);
-    desk->strew();
-    desk->leafToDevices();
+    if (const QString error = desk->furnish(windowManager); !error.isEmpty())
+        return unexpected<QString>(u"%1:\n%2"_s.arg(error, desk->desktop().logs()));
     return desk;
-}
-
-Desk::Desk(std::unique_ptr<VirtualDesktop> desktop) : m_desktop(std::move(desktop)) { }
-
-xcb_window_t Desk::window(Application application) const
-{
-    return m_windows.value(application);
 }
 
 QList<Rect> Desk::areas() const
 {
     QList<Rect> areas = displays();
-    areas.first() = belowPanel(areas.first());
+    areas.first().y += panelHeight;
+    areas.first().height -= panelHeight;
     return areas;
 }
 
-QString Desk::showPanel()
+QString Desk::furnish(const QString &windowManager)
 {
+    // Some window managers arrange the displays anew when they start.
+    if (!m_desktop->displays().arrange(twoDisplays))
+        return u"%1 does not leave the displays as they were"_s.arg(windowManager);
+    setBackground(connection(), connection().root(), boardPicture(displays()));
     m_panelOwner = std::make_unique<TestClient>(*m_desktop);
-    Rect bounds = firstDisplay;
-    bounds.width = secondDisplay.maxX();
-    const auto window = m_panelOwner->show(
-        WindowRequest::panel(firstDisplay, WindowRequest::Side::top, panelHeight, bounds));
-    if (!window)
-        return u"the panel did not appear:\n%1"_s.arg(m_desktop->logs());
+    const Rect display = displays().first();
+    const Rect bounds{0, 0, displays().last().maxX(), display.height};
+    const auto panel = m_panelOwner->show(
+        WindowRequest::panel(display, WindowRequest::Side::top, panelHeight, bounds));
+    if (!panel)
+        return u"the panel did not appear"_s;
     setBackground(
-        connection(), window, panelPicture({static_cast<int>(firstDisplay.width), panelHeight}));
+        connection(), panel, panelPicture({static_cast<int>(display.width), panelHeight}));
+    if (const QString error = openApplications(); !error.isEmpty())
+        return error;
+    strew();
+    leafToDevices();
     return {};
 }
 
 QString Desk::openApplications()
 {
-    const QString log = u"%1/%2.log"_s.arg(
-        m_desktop->folder(), QFileInfo(QString::fromUtf8(CORVANE_PROGRAM)).fileName());
     for (const Application application : applications) {
-        const QStringList command = commandLine(application, log);
+        const QStringList &command = rowOf(application).command;
         m_processes.push_back(m_desktop->launch(command.first(), command.mid(1)));
     }
     WindowProbe probe(connection());
     for (const Application application : applications) {
         const xcb_window_t window = probe.waitForWindow(
-            [&](xcb_window_t each) { return probe.hasClass(each, windowClass(application)); },
-            desktop::Milliseconds{20000});
+            [&](xcb_window_t each) { return probe.hasClass(each, rowOf(application).windowClass); },
+            Milliseconds{20000});
         if (!window)
-            return u"%1 showed no window:\n%2"_s.arg(title(application), m_desktop->logs());
+            return u"%1 showed no window"_s.arg(title(application));
         m_windows.insert(application, window);
     }
     return {};
@@ -117,17 +120,17 @@ QString Desk::openApplications()
 void Desk::strew()
 {
     WindowProbe probe(connection());
-    Pager pager(connection());
     for (const Application application : applications) {
         const xcb_window_t each = window(application);
         const auto frame = probe.settledFrame(each);
         const auto client = probe.clientGeometry(each);
         if (!frame || !client)
             continue;
-        const Rect start = startFrame(application);
-        pager.moveResize(each,
-            {start.x, start.y, start.width - frame->width + client->width,
-                start.height - frame->height + client->height});
+        const Rect &start = rowOf(application).startFrame;
+        Pager(connection())
+            .moveResize(each,
+                {start.x, start.y, start.width - frame->width + client->width,
+                    start.height - frame->height + client->height});
         static_cast<void>(probe.settledFrame(each));
     }
 }
@@ -136,14 +139,12 @@ void Desk::strew()
 void Desk::leafToDevices()
 {
     constexpr int pagesBefore = 9;
-    WindowProbe probe(connection());
     const xcb_window_t browser = window(Application::icons);
     Pager(connection()).activate(browser);
-    if (!waitUntil([&] { return probe.activeWindow() == browser; }))
+    if (!waitUntil([&] { return WindowProbe(connection()).activeWindow() == browser; }))
         return;
-    KeyPresser keys(connection());
     for (int page = 0; page < pagesBefore; ++page)
-        keys.press({0, Key::down});
+        KeyPresser(connection()).press({0, Key::down});
 }
 
 } // namespace corvane::demo

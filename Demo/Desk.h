@@ -1,12 +1,20 @@
 #pragma once
 
-#include "Applications.h"
 #include "TestClient.h"
 #include "WindowManagerProcess.h"
 
-#include <QtCore/QHash>
+#include <array>
 
 namespace corvane::demo {
+
+/// The programs that are open on the demonstration's desk.
+enum class Application { terminal, source, notes, gallery, icons };
+
+inline constexpr std::array applications{Application::terminal, Application::source,
+    Application::notes, Application::gallery, Application::icons};
+
+/// For the tables.
+[[nodiscard]] QString title(Application application);
 
 /// Two displays of different sizes, a panel, a window manager, and the applications somewhere on
 /// top of each other.
@@ -19,16 +27,22 @@ public:
 
     [[nodiscard]] desktop::VirtualDesktop &desktop() { return *m_desktop; }
     [[nodiscard]] desktop::XConnection &connection() { return m_desktop->connection(); }
-    [[nodiscard]] xcb_window_t window(Application application) const;
+    [[nodiscard]] const QList<Rect> &displays() const { return m_desktop->displays().displays(); }
     /// The displays without the panel.
     [[nodiscard]] QList<Rect> areas() const;
+    [[nodiscard]] xcb_window_t window(Application application) const
+    {
+        return m_windows.value(application);
+    }
     /// Puts the windows on top of each other, as they stand before anybody tidies up.
     void strew();
-    [[nodiscard]] const QList<Rect> &displays() const { return m_desktop->displays().displays(); }
 
 private:
-    explicit Desk(std::unique_ptr<desktop::VirtualDesktop> desktop);
-    [[nodiscard]] QString showPanel();
+    explicit Desk(std::unique_ptr<desktop::VirtualDesktop> desktop) : m_desktop(std::move(desktop))
+    {
+    }
+    /// Empty when all is there, else a sentence.
+    [[nodiscard]] QString furnish(const QString &windowManager);
     [[nodiscard]] QString openApplications();
     void leafToDevices();
 

@@ -3,6 +3,7 @@
 #include "Geometry.h"
 
 #include <algorithm>
+#include <xcb/xcb_icccm.h>
 
 namespace corvane::demo {
 
@@ -22,31 +23,21 @@ bool fallsShortByLess(double reached, double wanted, double cell)
 
 SizeLimits sizeLimits(desktop::XConnection &connection, xcb_window_t window)
 {
-    constexpr quint32 minimumGiven = 1 << 4;
-    constexpr quint32 incrementGiven = 1 << 6;
-    const QList<quint32> hints = connection.numbers(window, "WM_NORMAL_HINTS");
-    const auto size = [&](int index) {
-        return Size{
-            static_cast<double>(hints.value(index)), static_cast<double>(hints.value(index + 1))};
-    };
-    SizeLimits limits;
-    if (hints.value(0) & incrementGiven)
-        limits.increment = size(9);
     desktop::WindowProbe probe(connection);
+    xcb_size_hints_t hints{};
+    const auto cookie = xcb_icccm_get_wm_normal_hints(connection.raw(), window);
     const auto frame = probe.visibleFrame(window);
     const auto client = probe.clientGeometry(window);
-    if (hints.value(0) & minimumGiven && frame && client) {
-        limits.minimum = {size(5).width + frame->width - client->width,
-            size(5).height + frame->height - client->height};
-    }
+    SizeLimits limits;
+    if (!xcb_icccm_get_wm_normal_hints_reply(connection.raw(), cookie, &hints, nullptr) || !frame
+        || !client)
+        return limits;
+    if (hints.flags & XCB_ICCCM_SIZE_HINT_P_RESIZE_INC)
+        limits.increment = {double(hints.width_inc), double(hints.height_inc)};
+    if (hints.flags & XCB_ICCCM_SIZE_HINT_P_MIN_SIZE)
+        limits.minimum = {hints.min_width + frame->width - client->width,
+            hints.min_height + frame->height - client->height};
     return limits;
-}
-
-Expectation::Expectation(QList<Rect> areas) : m_areas(std::move(areas)) { }
-
-void Expectation::setOriginal(Application application, const Rect &frame)
-{
-    m_originals.insert(application, frame);
 }
 
 Rect Expectation::ask(const Step &step, const Rect &current)
@@ -62,29 +53,26 @@ bool Expectation::isLanding(const Rect &reached, const Rect &asked, const SizeLi
 {
     const Size size{
         std::max(asked.width, limits.minimum.width), std::max(asked.height, limits.minimum.height)};
-    const Rect wanted =
-        size == asked.size() ? asked : Geometry::anchored(asked, size, areaOf(asked), slack);
+    const Rect wanted = size == asked.size()
+        ? asked
+        : Geometry::anchored(asked, size, m_areas[areaOf(asked)], slack);
     return reached.origin() == wanted.origin()
         && fallsShortByLess(reached.width, wanted.width, limits.increment.width)
         && fallsShortByLess(reached.height, wanted.height, limits.increment.height);
 }
 
-const Rect &Expectation::areaOf(const Rect &frame) const
+qsizetype Expectation::areaOf(const Rect &frame) const
 {
-    return *std::ranges::max_element(
-        m_areas, {}, [&frame](const Rect &area) { return area.intersectionArea(frame); });
-}
-
-const Rect &Expectation::neighbour(const Rect &area, int distance) const
-{
-    const qsizetype count = m_areas.size();
-    return m_areas[(m_areas.indexOf(area) + distance + count) % count];
+    const auto shared = [&frame](const Rect &area) { return area.intersectionArea(frame); };
+    return std::ranges::max_element(m_areas, {}, shared) - m_areas.begin();
 }
 
 Rect Expectation::target(const Step &step, const Rect &current) const
 {
-    const Rect &area = areaOf(current);
-    const auto onDisplay = [&](const Rect &to) {
+    const qsizetype here = areaOf(current);
+    const Rect &area = m_areas[here];
+    const auto onDisplay = [&](qsizetype index) {
+        const Rect &to = m_areas[(index + m_areas.size()) % m_areas.size()];
         const auto unit = unitRect(step.becomes);
         return unit ? Geometry::frame(*unit, to, gap) : Geometry::translated(current, area, to);
     };
@@ -98,11 +86,11 @@ Rect Expectation::target(const Step &step, const Rect &current) const
     case Placement::original:
         return m_originals.value(step.application);
     case Placement::nextDisplay:
-        return onDisplay(neighbour(area, 1));
+        return onDisplay(here + 1);
     case Placement::previousDisplay:
-        return onDisplay(neighbour(area, -1));
+        return onDisplay(here - 1);
     default:
-        return onDisplay(area);
+        return onDisplay(here);
     }
 }
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "Scenario.h"
-#include "WindowProbe.h"
-
-#include <QtCore/QHash>
+#include "Steps.h"
 
 namespace corvane::demo {
 
@@ -20,10 +17,13 @@ class Expectation
 {
 public:
     /// The displays' usable areas, in the order in which "next display" visits them.
-    explicit Expectation(QList<Rect> areas);
+    explicit Expectation(QList<Rect> areas) : m_areas(std::move(areas)) { }
 
     /// Where the program first sees the window.
-    void setOriginal(Application application, const Rect &frame);
+    void setOriginal(Application application, const Rect &frame)
+    {
+        m_originals.insert(application, frame);
+    }
     /// The frame that the step asks for, for a window that stands at `current`. Every step is asked
     /// for once, since the window's history grows with it.
     [[nodiscard]] Rect ask(const Step &step, const Rect &current);
@@ -34,8 +34,7 @@ public:
         const Rect &reached, const Rect &asked, const SizeLimits &limits) const;
 
 private:
-    [[nodiscard]] const Rect &areaOf(const Rect &frame) const;
-    [[nodiscard]] const Rect &neighbour(const Rect &area, int distance) const;
+    [[nodiscard]] qsizetype areaOf(const Rect &frame) const;
     [[nodiscard]] Rect target(const Step &step, const Rect &current) const;
 
     QList<Rect> m_areas;

@@ -1,14 +1,16 @@
+#include "AppDelegate.h"
+#include "DataFolder.h"
+#include "Identity.h"
 #include "MainMenu.h"
 #include "ModelDesk.h"
 #include "StatusIcon.h"
 #include "StatusMenu.h"
 
-#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QVBoxLayout>
 
 #include <gmock/gmock.h>
 
@@ -18,42 +20,50 @@ using namespace Qt::StringLiterals;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAreArray;
-using testing::Not;
+using testing::HasSubstr;
+using testing::UnorderedElementsAreArray;
 
 namespace {
 
-const QString rule = u"-"_s;
-
-QStringList titles(const QMenu &menu)
+/// A menu's rows as they are read out; a rule is empty.
+QStringList lines(const QMenu &menu)
 {
-    QStringList titles;
-    for (const QAction *action : menu.actions()) {
-        titles << (action->isSeparator()  ? rule
-                : MenuHeader::of(*action) ? u"header"_s
-                                          : MenuRow::of(*action)->title);
-    }
-    return titles;
-}
-
-bool isEmpty(const QImage &image)
-{
-    QImage empty(image.size(), image.format());
-    empty.fill(Qt::transparent);
-    return image == empty;
-}
-
-QStringList texts(const QMenu &menu)
-{
-    QStringList texts;
+    QStringList lines;
     for (const QAction *action : menu.actions())
-        texts << action->text();
-    return texts;
+        lines << action->text();
+    return lines;
+}
+
+QAction *row(const QMenu &menu, const QString &text)
+{
+    for (QAction *action : menu.actions()) {
+        if (action->text().startsWith(text))
+            return action;
+    }
+    qFatal("no row %s", qPrintable(text));
+}
+
+QMenu &submenu(const QMenu &menu, const QString &title)
+{
+    return *row(menu, title)->menu<QMenu *>();
+}
+
+void chooseAll(const QMenu &menu)
+{
+    for (QAction *action : menu.actions()) {
+        if (const auto *rows = action->menu<QMenu *>())
+            chooseAll(*rows);
+        else
+            action->trigger();
+    }
 }
 
 /// A status menu on a simulated desk that writes down what its rows ask for.
 class MenuTests : public testing::Test
 {
 protected:
+    MenuTests() { model.accessibilityTrusted = true; }
+
     StatusMenu statusMenu(RowForm form = RowForm::drawn) { return {form, model, target()}; }
 
     MenuTarget target()
@@ -82,62 +92,75 @@ protected:
             .redo = note(u"redo"_s)};
     }
 
-    WindowLayout addLayout(const QString &name, const QList<DisplayKey> &displays)
-    {
-        WindowLayout layout = ModelDesk::leftHalfLayout(displays);
-        layout.name = name;
-        layout.shortcut = KeyCombo(18, KeyCombo::control);
-        const QList<WindowLayout> layouts = model.layouts() + QList<WindowLayout>{layout};
-        EXPECT_TRUE(LayoutStore(desk.folder.path()).save(layouts));
-        model.refreshLayouts();
-        return layout;
-    }
-
-    static QAction *row(const QMenu &menu, const QString &text)
-    {
-        for (QAction *action : menu.actions()) {
-            if (action->text().startsWith(text))
-                return action;
-        }
-        ADD_FAILURE() << qPrintable(text);
-        return nullptr;
-    }
-    static QMenu &submenu(const QMenu &menu, const QString &title)
-    {
-        return *row(menu, title)->menu<QMenu *>();
-    }
-
     ModelDesk desk;
     AppModel model = desk.model();
     QStringList asked;
 };
 
+/// The whole program on a simulated desk, with a damaged settings file.
+class DelegateTests : public testing::Test
+{
+protected:
+    DelegateTests()
+    {
+        QDir().mkpath(dataFolder());
+        QFile settings(dataFolder() + u"/settings.json"_s);
+        EXPECT_TRUE(settings.open(QFile::WriteOnly) && settings.write("{") == 1);
+        settings.close();
+        delegate.emplace(AppDelegate::Log::quiet);
+        delegate->start();
+    }
+
+    QMenu &openMenu()
+    {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(delegate->commands().show({.popMenu = true}), CommandResult{});
+        return *qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    }
+
+    /// What the notification of this kind says.
+    QString told(const QString &kind)
+    {
+        const auto &all = desk.platform.session().notifications;
+        const auto found = std::ranges::find(all, kind, &SimulatedSession::Notification::id);
+        return found == all.end() ? QString() : found->title + u": "_s + found->body;
+    }
+
+    ModelDesk desk;
+    std::optional<AppDelegate> delegate;
+};
+
 } // namespace
 
-TEST_F(MenuTests, rowsStandInTheirOrder)
+TEST_F(MenuTests, everyRowAsksForWhatItSays)
 {
-    model.accessibilityTrusted = true;
+    QStringList all{u"about"_s, u"settings"_s, u"capture"_s, u"quit"_s};
+    for (const Placement placement : allPlacements())
+        all << title(placement);
     StatusMenu status = statusMenu();
     status.fill();
+    MenuRows rows(RowForm::drawn);
+    const auto bar = MainMenu::build(rows, target(), model);
 
-    EXPECT_THAT(titles(status.menu()),
-        ElementsAreArray({u"header"_s, rule, u"About Corvane"_s, rule, u"Settings"_s,
-            u"Capture Current Windows"_s, u"Halves"_s, u"Quarters"_s, u"Thirds"_s, u"Sixths"_s,
-            u"Screen"_s, u"Displays"_s, u"Snap Back"_s, u"Original Orientation"_s, rule,
-            u"Corvane Tour"_s, u"Tremor Log"_s, u"Corvane Website"_s, rule, u"Quit Corvane"_s}));
-    EXPECT_THAT(titles(submenu(status.menu(), u"Screen"_s)),
-        ElementsAreArray(
-            {u"Maximize"_s, u"Almost Maximize"_s, u"Center"_s, rule, u"Larger"_s, u"Smaller"_s}));
-    EXPECT_FALSE(status.needsAttention());
+    chooseAll(status.menu());
+    EXPECT_THAT(asked,
+        UnorderedElementsAreArray(
+            all + QStringList{u"settings"_s, u"tour"_s, u"log"_s, u"website"_s}));
+    asked.clear();
+    for (const QAction *menu : bar->actions())
+        chooseAll(*menu->menu<const QMenu *>());
+    EXPECT_THAT(asked,
+        UnorderedElementsAreArray(
+            all + QStringList{u"hide"_s, u"hide others"_s, u"show all"_s, u"undo"_s, u"redo"_s}));
 }
 
 TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
 {
-    model.accessibilityTrusted = true;
     model.updateStatus = UpdateStatus{.availability = {}, .lastChecked = {}, .canUpdate = true};
     StatusMenu status = statusMenu();
     status.fill();
-    const QStringList before = titles(status.menu());
+    const QStringList before = lines(status.menu());
+    EXPECT_FALSE(status.needsAttention());
     model.accessibilityTrusted = false;
     model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
@@ -145,14 +168,12 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     status.refreshFlags();
 
     EXPECT_TRUE(status.needsAttention());
-    EXPECT_THAT(titles(status.menu()).mid(0, 8),
-        ElementsAreArray({u"header"_s, rule, u"Accessibility Is Off: Open Accessibility Settings"_s,
-            u"A Shortcut Is Not Working: Open Shortcuts"_s, u"SizeUp Is Also Running: Quit It"_s,
-            rule, u"Check for Updates"_s, rule}));
-    for (const QAction *action : status.menu().actions().mid(2, 5)) {
-        if (!action->isSeparator())
-            const_cast<QAction *>(action)->trigger();
-    }
+    EXPECT_THAT(lines(status.menu()).mid(2, 6),
+        ElementsAreArray({u"Accessibility Is Off: Open Accessibility Settings"_s,
+            u"A Shortcut Is Not Working: Open Shortcuts, Left Half"_s,
+            u"SizeUp Is Also Running: Quit It"_s, QString(), u"Check for Updates"_s, QString()}));
+    for (QAction *action : status.menu().actions().mid(2, 5))
+        action->trigger();
     EXPECT_THAT(asked,
         ElementsAreArray({u"grant access"_s, u"shortcuts"_s, u"quit SizeUp"_s, u"updates"_s}));
 
@@ -160,139 +181,69 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     model.unregistered = QSet<ShortcutOwner>();
     model.competitors = QList<Competitor::Running>();
     status.refreshFlags();
-    EXPECT_EQ(titles(status.menu()), before);
+    EXPECT_FALSE(status.needsAttention());
+    EXPECT_EQ(lines(status.menu()), before);
 }
 
-TEST_F(MenuTests, layoutsTellWhetherTheirDisplaysAreConnectedAndCanAllBeChosen)
+TEST_F(MenuTests, rowsShowTheShortcutsInForceThatWorkInBothForms)
 {
-    addLayout(u"Here & Now"_s, Screens::signature());
-    addLayout(u"Away"_s, {{u"Elsewhere"_s, 10, 10}});
-    StatusMenu status = statusMenu();
-    status.fill();
-    QMenu &layouts = submenu(status.menu(), u"Layouts"_s);
-    const auto symbol = [&](int index) {
-        return MenuRow::of(*layouts.actions().at(index))->symbol;
-    };
-
-    EXPECT_THAT(titles(layouts),
-        ElementsAreArray({u"Here & Now"_s, u"Away"_s, rule, u"Capture Current Windows"_s}));
-    EXPECT_EQ(symbol(0), u"display"_s);
-    EXPECT_EQ(symbol(1), u"display.trianglebadge.exclamationmark"_s);
-    EXPECT_THAT(texts(status.menu()), Not(Contains(u"Capture Current Windows"_s)));
-    for (QAction *action : layouts.actions())
-        action->trigger();
-    EXPECT_THAT(asked, ElementsAreArray({u"Here & Now"_s, u"Away"_s, u"capture"_s}));
-}
-
-TEST_F(MenuTests, onlyShortcutsThatWorkAreShown)
-{
-    StatusMenu status = statusMenu();
+    WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
+    layout.name = u"R&D"_s;
+    layout.shortcut = KeyCombo(18, KeyCombo::control);
+    desk.save({layout, ModelDesk::leftHalfLayout({{u"Elsewhere"_s, 10, 10}})});
+    model.refreshLayouts();
+    model.assign(KeyCombo(0, KeyCombo::option), {Placement::rightHalf});
     model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
-    status.fill();
-
-    EXPECT_THAT(texts(submenu(status.menu(), u"Halves"_s)),
-        AllOf(Contains(u"Left Half"_s), Contains(u"Right Half, Control Alt Super Right Arrow"_s)));
-}
-
-TEST_F(MenuTests, everyPlacementIsInBothMenusAndIsPerformed)
-{
-    StatusMenu status = statusMenu();
-    status.fill();
-    MenuRows rows(RowForm::drawn);
-    const auto bar = MainMenu::build(rows, target(), model);
-    QStringList all;
-    for (const Placement placement : allPlacements())
-        all << title(placement);
-
-    for (const QMenu *menu :
-        {const_cast<const QMenu *>(&status.menu()), bar->actions().at(2)->menu<const QMenu *>()}) {
-        asked.clear();
-        for (QAction *action : menu->actions()) {
-            const auto *group = action->menu<QMenu *>();
-            for (QAction *placement : group ? group->actions() : QList<QAction *>{action}) {
-                if (all.contains(placement->text().section(u',', 0, 0)))
-                    placement->trigger();
-            }
-        }
-        EXPECT_THAT(asked, testing::UnorderedElementsAreArray(all));
-    }
-}
-
-TEST_F(MenuTests, assistiveTechnologyFindsANameForEveryRow)
-{
-    StatusMenu status = statusMenu();
-    status.fill();
-    QAccessibleInterface *menu = QAccessible::queryAccessibleInterface(&status.menu());
-    ASSERT_EQ(menu->childCount(), status.menu().actions().size());
-    QStringList names;
-    for (int i = 0; i < menu->childCount(); ++i)
-        names << menu->child(i)->text(QAccessible::Name);
-
-    EXPECT_THAT(names,
-        AllOf(Contains(u"Corvane, Ready"_s), Contains(u"Snap Back, Control Alt Super Slash"_s),
-            Contains(u"Halves"_s)));
-    for (qsizetype i = 0; i < names.size(); ++i)
-        EXPECT_NE(names[i].isEmpty(), !status.menu().actions().at(i)->isSeparator()) << i;
-}
-
-TEST_F(MenuTests, thePlainFormHasTheSameRowsInWords)
-{
-    addLayout(u"R&D"_s, Screens::signature());
     StatusMenu drawn = statusMenu();
     StatusMenu plain = statusMenu(RowForm::plain);
     drawn.fill();
     plain.fill();
 
-    EXPECT_EQ(titles(plain.menu()), titles(drawn.menu()));
+    EXPECT_THAT(lines(submenu(drawn.menu(), u"Halves"_s)),
+        AllOf(Contains(u"Left Half"_s), Contains(u"Right Half, Alt A"_s)));
+    EXPECT_THAT(lines(submenu(plain.menu(), u"Halves"_s)),
+        AllOf(Contains(u"Left Half"_s), Contains(u"Right Half\tAlt+A"_s)));
+    const QMenu &layouts = submenu(drawn.menu(), u"Layouts"_s);
+    EXPECT_THAT(lines(layouts),
+        ElementsAreArray({u"R&&D, Control 1"_s, u"Work, made for displays that are not connected"_s,
+            QString(), u"Capture Current Windows"_s}));
+    EXPECT_THAT(lines(submenu(plain.menu(), u"Layouts"_s)), Contains(u"R&&D\tCtrl+1"_s));
+    chooseAll(layouts);
+    EXPECT_THAT(asked, ElementsAreArray({u"R&D"_s, u"Work"_s, u"capture"_s}));
+    ASSERT_EQ(plain.menu().actions().size(), drawn.menu().actions().size());
     EXPECT_FALSE(plain.menu().actions().first()->isEnabled());
     for (const QAction *action : plain.menu().actions().mid(1)) {
         const QImage icon = action->icon().pixmap(16).toImage();
-        EXPECT_NE(isEmpty(icon), !action->isSeparator()) << qPrintable(action->text());
+        const uchar *const end = icon.constBits() + icon.sizeInBytes();
+        const bool isDrawn = std::find_if(icon.constBits(), end, std::identity()) != end;
+        EXPECT_NE(isDrawn, action->isSeparator()) << qPrintable(action->text());
     }
-    EXPECT_THAT(
-        texts(submenu(plain.menu(), u"Halves"_s)), Contains(u"Left Half\tCtrl+Alt+Super+Left"_s));
-    EXPECT_THAT(texts(submenu(plain.menu(), u"Layouts"_s)), Contains(u"R&&D\tCtrl+1"_s));
 }
 
-TEST_F(MenuTests, typingGoesToTheRowThatBeginsSo)
+TEST_F(MenuTests, assistiveTechnologyAndTypingFindEveryRow)
 {
     StatusMenu status = statusMenu();
     status.fill();
     QMenu &menu = status.menu();
-    const auto type = [&](const QString &text) {
-        for (const QChar letter : text) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-            QCoreApplication::sendEvent(&menu, &press);
-        }
-        return MenuRow::of(*menu.activeAction())->title;
-    };
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&menu);
+    QStringList names;
+    for (int i = 0; i < accessible->childCount(); ++i)
+        names << accessible->child(i)->text(QAccessible::Name);
+    EXPECT_EQ(names, lines(menu));
+    EXPECT_THAT(names,
+        AllOf(Contains(u"Corvane, Ready"_s), Contains(u"Snap Back, Control Alt Super Slash"_s)));
+    for (const QAction *action : menu.actions())
+        EXPECT_NE(action->text().isEmpty(), !action->isSeparator());
 
-    EXPECT_EQ(type(u"c"_s), u"Capture Current Windows"_s);
-    EXPECT_EQ(type(u"c"_s), u"Corvane Tour"_s);
-    EXPECT_EQ(type(u"c"_s), u"Corvane Website"_s);
-    EXPECT_EQ(type(u"c"_s), u"Capture Current Windows"_s);
-}
-
-TEST_F(MenuTests, theMainMenuStandsInItsOrder)
-{
-    addLayout(u"Work"_s, Screens::signature());
-    MenuRows rows(RowForm::drawn);
-    const auto bar = MainMenu::build(rows, target(), model);
-    const auto rowsOf = [&](int index) {
-        return titles(*bar->actions().at(index)->menu<QMenu *>());
-    };
-
-    ASSERT_EQ(bar->actions().size(), 4);
-    EXPECT_THAT(rowsOf(0),
-        ElementsAreArray({u"About Corvane"_s, rule, u"Settings"_s, rule, u"Hide Corvane"_s,
-            u"Hide Others"_s, u"Show All"_s, rule, u"Quit Corvane"_s}));
-    EXPECT_THAT(rowsOf(1),
-        ElementsAreArray({u"Undo"_s, u"Redo"_s, rule, u"Cut"_s, u"Copy"_s, u"Paste"_s, u"Delete"_s,
-            rule, u"Select All"_s}));
-    EXPECT_THAT(rowsOf(2),
-        ElementsAreArray({u"Halves"_s, u"Quarters"_s, u"Thirds"_s, u"Sixths"_s, u"Screen"_s,
-            u"Size"_s, u"Displays"_s, u"History"_s}));
-    EXPECT_THAT(rowsOf(3), ElementsAreArray({u"Work"_s, rule, u"Capture Current Windows"_s}));
+    QStringList reached;
+    for (int press = 0; press < 4; ++press) {
+        QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, u"c"_s);
+        QCoreApplication::sendEvent(&menu, &event);
+        reached << menu.activeAction()->text();
+    }
+    EXPECT_THAT(reached,
+        ElementsAreArray({u"Capture Current Windows"_s, u"Corvane Tour"_s, u"Corvane Website"_s,
+            u"Capture Current Windows"_s}));
 }
 
 TEST_F(MenuTests, editingGoesToTheTextFieldThatHasTheFocus)
@@ -313,19 +264,65 @@ TEST_F(MenuTests, editingGoesToTheTextFieldThatHasTheFocus)
     row(edit, u"Undo"_s)->trigger();
     EXPECT_EQ(field.text(), u"text"_s);
     EXPECT_TRUE(asked.isEmpty());
-
-    field.clearFocus();
-    row(edit, u"Undo"_s)->trigger();
-    EXPECT_EQ(asked, QStringList{u"undo"_s});
 }
 
-TEST_F(MenuTests, theStatusIconIsWrittenOrSaysWhyNot)
+TEST_F(DelegateTests, aRefusalAndACaptureAreSentencesThatLeaveProblemsStanding)
 {
-    const QString path = desk.folder.filePath(u"icon.png"_s);
+    delegate->performFromMenu(Placement::nextDisplay);
+    delegate->captureLayout();
 
-    EXPECT_TRUE(StatusIcon::render(path));
-    EXPECT_FALSE(QImage(path).isNull());
+    EXPECT_EQ(told(u"placement"_s), u"Next Display: There is only one display to be on.");
+    EXPECT_THAT(told(u"capture"_s).toStdString(),
+        HasSubstr("Captured 1 window(s) on 1 display(s) as “Layout”. They come back"));
+    EXPECT_THAT(told(u"problem-unreadable-settings.json"_s).toStdString(),
+        HasSubstr("could not read some of your settings"));
+    const QString icon = desk.folder.filePath(u"icon.png"_s);
+    EXPECT_TRUE(StatusIcon::render(icon) && !QImage(icon).isNull());
     EXPECT_TRUE(StatusIcon::render(u"/nowhere/icon.png"_s).error().contains(u"/nowhere"_s));
+}
+
+TEST_F(DelegateTests, layoutRowsTellTheDisplaysAndTheFileOfToday)
+{
+    WindowLayout layout =
+        ModelDesk::leftHalfLayout(Screens::signature() << DisplayKey{u"Desk"_s, 1920, 1080});
+    layout.applyOnConnect = false;
+    const LayoutStore store(dataFolder());
+    ASSERT_TRUE(store.save({layout})); // as by hand, behind the program's back
+    QMenu &menu = openMenu();
+    const auto first = [&menu] { return submenu(menu, u"Layouts"_s).actions().first(); };
+    const QString away = u"Work, made for displays that are not connected"_s;
+
+    EXPECT_EQ(first()->text(), away);
+    desk.plugSecond();
+    desk.settle();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(first()->text(), away) << "rows under the pointer stay what they are";
+    menu.hide();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(first()->text(), u"Work"_s);
+
+    layout.id = QUuid::createUuid();
+    ASSERT_TRUE(store.save({layout, layout}));
+    first()->trigger();
+    EXPECT_EQ(told(u"layout"_s), QString());
+    EXPECT_EQ(desk.frame(), (Rect{0, 0, 720, 900})) << "the layout that the row named";
+    ASSERT_TRUE(store.save({}));
+    first()->trigger();
+    EXPECT_EQ(
+        told(u"layout"_s), u"“Work” was not applied: There is no layout of this name any more.");
+}
+
+TEST_F(DelegateTests, aLinkThatNothingOpensIsShownInstead)
+{
+    desk.platform.session().opensAddresses = false;
+    desk.platform.desktop().loseTrust();
+    desk.settle();
+    const QMenu &menu = openMenu();
+
+    row(menu, u"Corvane Website"_s)->trigger();
+    EXPECT_EQ(told(u"link"_s), u"No program opened the link: "_s + Identity::website);
+    row(menu, u"Accessibility Is Off"_s)->trigger();
+    EXPECT_EQ(told(u"link"_s), u"No program opened the link: help:window-access");
 }
 
 } // namespace corvane

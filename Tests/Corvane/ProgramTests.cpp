@@ -2,13 +2,8 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusReply>
@@ -23,18 +18,23 @@
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
 namespace {
 
 constexpr desktop::Milliseconds patience{30000};
+constexpr auto name = "app.corvane.Corvane"_L1;
+constexpr auto invalid = "org.freedesktop.DBus.Error.InvalidArgs"_L1;
 
-constexpr auto desk = R"({
-    "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
-    "applications": [{"id": "org.example.Editor", "name": "Editor",
-        "windows": [{"title": "Letter", "frame": [40, 60, 700, 600]}]}]
-})";
+/// A desk of one display and one application's only window.
+QByteArray deskOf(const char *application, const char *window)
+{
+    return QByteArray(R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
+        "applications": [{"id": "org.example.)")
+        + application + R"(", "name": ")" + application + R"(", "windows": [)" + window + "]}]}";
+}
 
 /// In place of a running program: it has some methods, and notes each call.
 struct FakeInstance final : QDBusVirtualObject {
@@ -55,62 +55,12 @@ struct FakeInstance final : QDBusVirtualObject {
 class ProgramTests : public testing::Test
 {
 protected:
-    struct Result {
-        int status = -1;
-        std::string output;
-        std::string error;
-
-        QJsonObject json() const
-        {
-            return QJsonDocument::fromJson(QByteArray::fromStdString(output)).object();
-        }
+    /// A command line, its exit status and something of what it prints.
+    struct Step {
+        const char *arguments;
+        int status;
+        const char *said;
     };
-
-    void SetUp() override
-    {
-        ASSERT_TRUE(folder.isValid());
-        environment.insert(u"CORVANE_BACKEND"_s, u"simulated"_s);
-        environment.insert(
-            u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + folder.filePath(u"none"_s));
-        environment.insert(u"XDG_DATA_HOME"_s, folder.filePath(u"data"_s));
-        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
-        environment.insert(u"XDG_CONFIG_HOME"_s, folder.filePath(u"config"_s));
-        environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
-        environment.remove(u"DISPLAY"_s);
-        describe(desk);
-    }
-
-    void describe(const char *text)
-    {
-        QFile file(folder.filePath(u"desk.json"_s));
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(text);
-        environment.insert(u"CORVANE_DESK"_s, file.fileName());
-    }
-
-    /// A file of the program's own.
-    QString kept(const QString &name) const { return folder.filePath(u"data/Corvane/"_s + name); }
-
-    void keep(const QString &name, const char *text) const
-    {
-        ASSERT_TRUE(QDir().mkpath(folder.filePath(u"data/Corvane"_s)));
-        QFile file(kept(name));
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(text);
-    }
-
-    void startBus()
-    {
-        bus.setProcessEnvironment(environment);
-        bus.setProgram(u"dbus-daemon"_s);
-        bus.setArguments({u"--session"_s, u"--nofork"_s, u"--print-address"_s,
-            u"--address=unix:path="_s + folder.filePath(u"bus"_s)});
-        bus.start();
-        ASSERT_TRUE(bus.waitForReadyRead());
-        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s,
-            QString::fromUtf8(bus.readAllStandardOutput()).trimmed());
-    }
-
     /// Asks it to end, where it has not.
     struct Ending {
         void operator()(QProcess *process) const
@@ -122,189 +72,200 @@ protected:
     };
     using Program = std::unique_ptr<QProcess, Ending>;
 
-    Program startProgram(const QStringList &arguments) const
+    ProgramTests()
     {
-        Program process(new QProcess);
-        process->setProgram(QStringLiteral(CORVANE_PROGRAM));
-        process->setArguments(arguments);
-        process->setProcessEnvironment(environment);
-        process->start();
-        return process;
+        const std::pair<const char *, QString> variables[]{{"CORVANE_BACKEND", u"simulated"_s},
+            {"CORVANE_DESK", path(u"desk.json"_s)}, {"XDG_DATA_HOME", path(u"data"_s)},
+            {"DBUS_SESSION_BUS_ADDRESS", u"unix:path="_s + path(u"none"_s)},
+            {"XDG_CONFIG_HOME", path(u"config"_s)}, {"LC_ALL", u"C.UTF-8"_s}};
+        for (const auto &[variable, value] : variables)
+            environment.insert(QLatin1StringView(variable), value);
+        environment.remove(u"DISPLAY"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        write(u"desk.json"_s,
+            deskOf("Editor", R"({"title": "Le\u001b[31mtter", "frame": [40, 60, 700, 600]})"));
     }
-
-    Result run(const QStringList &arguments) const
-    {
-        const auto process = startProgram(arguments);
-        if (!process->waitForFinished() || process->exitStatus() != QProcess::NormalExit)
-            return {};
-        return {process->exitCode(), process->readAllStandardOutput().toStdString(),
-            process->readAllStandardError().toStdString()};
-    }
-
-    /// Has the bus start the program when it is called.
-    void makeActivatable() const
-    {
-        const QString services = folder.filePath(u"data/dbus-1/services"_s);
-        ASSERT_TRUE(QDir().mkpath(services));
-        QFile file(services + u"/app.corvane.Corvane.service"_s);
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write("[D-BUS Service]\nName=app.corvane.Corvane\nExec=" CORVANE_PROGRAM "\n");
-    }
-
-    QDBusConnection sessionBus() const
-    {
-        const QString address = environment.value(u"DBUS_SESSION_BUS_ADDRESS"_s);
-        return QDBusConnection::connectToBus(address, address);
-    }
-
-    /// Calls as a desktop does; returns the error's name, empty when there is none.
-    QString callApplication(const QString &method, const QVariantList &arguments) const
-    {
-        auto call = QDBusMessage::createMethodCall(u"app.corvane.Corvane"_s,
-            u"/app/corvane/Corvane"_s, u"org.freedesktop.Application"_s, method);
-        call.setArguments(arguments);
-        return sessionBus().call(call).errorName();
-    }
-
-    QString activateAction(const QString &action, const QVariantList &parameter = {}) const
-    {
-        return callApplication(u"ActivateAction"_s, {action, QVariant(parameter), QVariantMap()});
-    }
-
-    /// Ends the program that the bus has started.
-    void endActivated() const
-    {
-        QDBusConnectionInterface *names = sessionBus().interface();
-        const uint pid = names->servicePid(u"app.corvane.Corvane"_s);
-        ASSERT_GT(pid, 1U);
-        ASSERT_EQ(::kill(static_cast<pid_t>(pid), SIGTERM), 0);
-        EXPECT_TRUE(desktop::waitUntil(
-            [&] { return !names->isServiceRegistered(u"app.corvane.Corvane"_s); }, patience));
-    }
-
-    /// Waits until what it logs contains the text.
-    static QByteArray readUntil(QProcess &process, const char *text)
-    {
-        process.setReadChannel(QProcess::StandardError);
-        QByteArray log;
-        while (!log.contains(text) && process.waitForReadyRead())
-            log += process.readAllStandardError();
-        return log;
-    }
-
-    void TearDown() override
+    ~ProgramTests() override
     {
         bus.kill();
         bus.waitForFinished();
     }
 
-    QTemporaryDir folder;
+    QString path(const QString &file) const { return folder.filePath(file); }
+
+    void write(const QString &file, const QByteArray &text) const
+    {
+        QDir().mkpath(QFileInfo(path(file)).path());
+        QFile written(path(file));
+        ASSERT_TRUE(written.open(QFile::WriteOnly) && written.write(text) == text.size());
+    }
+    QByteArray read(const QString &file) const
+    {
+        QFile written(path(file));
+        return written.open(QFile::ReadOnly) ? written.readAll() : QByteArray();
+    }
+
+    void startBus()
+    {
+        bus.setProcessEnvironment(environment);
+        bus.start(u"dbus-daemon"_s,
+            {u"--session"_s, u"--nofork"_s, u"--print-address"_s,
+                u"--address=unix:path="_s + path(u"bus"_s)});
+        ASSERT_TRUE(bus.waitForReadyRead());
+        address = QString::fromUtf8(bus.readAllStandardOutput()).trimmed();
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
+    }
+    QDBusConnection session() const { return QDBusConnection::connectToBus(address, address); }
+
+    /// With these arguments, one space between them.
+    Program start(const char *arguments) const
+    {
+        Program process(new QProcess);
+        process->setProcessEnvironment(environment);
+        process->start(QStringLiteral(CORVANE_PROGRAM),
+            QString::fromLatin1(arguments).split(u' ', Qt::SkipEmptyParts));
+        return process;
+    }
+    /// Runs to its end; what it prints, errors last.
+    std::string run(const char *arguments, int status = 0) const
+    {
+        const auto process = start(arguments);
+        EXPECT_TRUE(process->waitForFinished() && process->exitStatus() == QProcess::NormalExit);
+        const QByteArray error = process->readAllStandardError();
+        EXPECT_EQ(process->exitCode(), status) << arguments << ": " << error.data();
+        return (process->readAllStandardOutput() + error).toStdString();
+    }
+    void expect(std::initializer_list<Step> steps) const
+    {
+        for (const auto &[arguments, status, said] : steps)
+            EXPECT_THAT(run(arguments, status), HasSubstr(said)) << arguments;
+    }
+
+    /// What it logs until that contains the text.
+    static std::string readUntil(const Program &process, const char *text)
+    {
+        process->setReadChannel(QProcess::StandardError);
+        QByteArray log;
+        while (!log.contains(text) && process->waitForReadyRead())
+            log += process->readAllStandardError();
+        return log.toStdString();
+    }
+
+    /// Calls as a desktop does; returns the error's name, empty when there is none.
+    QString call(const QString &method, const QVariantList &arguments) const
+    {
+        auto call = QDBusMessage::createMethodCall(
+            name, u"/app/corvane/Corvane"_s, u"org.freedesktop.Application"_s, method);
+        call.setArguments(arguments);
+        return session().call(call).errorName();
+    }
+    QString activate(const QString &action, const QVariantList &parameter = {}) const
+    {
+        return call(u"ActivateAction"_s, {action, QVariant(parameter), QVariantMap()});
+    }
+
+    const QTemporaryDir folder;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QProcess bus;
+    QString address;
 };
 
 } // namespace
 
-TEST_F(ProgramTests, placesOnceWithoutARunningInstance)
+TEST_F(ProgramTests, aCommandWithoutARunningInstanceAnswersAndIsWrittenDownWithoutTitles)
 {
-    const Result moved = run({u"--place"_s, u"leftHalf"_s, u"--json"_s});
-    const Result nothing = run({u"--place"_s, u"snapBack"_s});
-
-    EXPECT_EQ(moved.status, 0) << moved.error;
-    EXPECT_EQ(moved.json()[u"outcome"_s], u"moved"_s);
-    EXPECT_EQ(moved.json()[u"to"_s], (QJsonArray{0, 0, 720, 900}));
-    EXPECT_EQ(nothing.status, 1);
-    EXPECT_EQ(nothing.output, "snapBack: nothing to snap back\n");
+    expect({
+        {"--history", 0, "No moves have been written down yet.\n"},
+        {"--layouts", 0, "--capture NAME"},
+        {"--capture Work", 0, "Captured 1 window on 1 display as \"Work\".\n"},
+        {"--layouts", 0, "*  Work"},
+        {"--place leftHalf --json", 0, R"("to":[0,0,720,900])"},
+        {"--apply-layout Work --json", 0, R"("status":"placed")"},
+        {"--place snapBack", 1, "snapBack: nothing to snap back\n"},
+        {"--place middle", 2, "leftHalf"},
+        {"--wat", 2, "--place"},
+        {"--apply-layout Play", 2, "the layouts are: Work"},
+        {"corvane://place/leftHalf", 2, "corvane://settings"},
+    });
+    write(u"desk.json"_s,
+        deskOf("Player", R"({"title": "Film", "frame": [0, 0, 1440, 900], "fullScreen": true})"));
+    expect({
+        {"--place leftHalf", 1, "full screen"},
+        {"--apply-layout Work", 1, "Editor: is not installed on this computer\n"},
+        {"--history", 0, "Left Half  Editor"},
+        {"--history", 0, "40,60 700×600 → 0,0 720×900\n"},
+        {"--history", 0, "is in full screen  Built-in  refused\n"},
+        {"--history --json 1", 0, R"([{"action":"refused")"},
+    });
+    EXPECT_THAT(run("--history"), Not(HasSubstr("\x1b")));
+    const std::string events = read(u"data/Corvane/diagnostics.jsonl"_s).toStdString();
+    EXPECT_THAT(events, HasSubstr("leftHalf: Editor moved from 40,60"));
+    EXPECT_THAT(events, Not(HasSubstr("tter"))) << "a title";
 }
 
-TEST_F(ProgramTests, aMistakeExitsWithTwoAndSaysWhatExists)
+TEST_F(ProgramTests, aMissingDesktopIsOneSentence)
 {
-    const Result placement = run({u"--place"_s, u"middle"_s});
-    const Result flag = run({u"--wat"_s});
-
-    EXPECT_EQ(placement.status, 2);
-    EXPECT_THAT(placement.error, HasSubstr("leftHalf"));
-    EXPECT_EQ(flag.status, 2);
-    EXPECT_THAT(flag.error, HasSubstr("--place"));
-    EXPECT_EQ(flag.output, "");
-}
-
-TEST_F(ProgramTests, aDeskThatCannotBeReadIsOneSentence)
-{
-    describe("{\"displays\": 5}");
-
-    const Result result = run({u"--place"_s, u"leftHalf"_s});
-
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.error, HasSubstr("displays"));
-}
-
-TEST_F(ProgramTests, withoutADesktopItSaysSo)
-{
+    write(u"desk.json"_s, "{\"displays\": 5}");
+    expect({{"--place leftHalf", 1, "displays"}});
     environment.insert(u"CORVANE_BACKEND"_s, u"x11"_s);
-    environment.remove(u"WAYLAND_DISPLAY"_s);
-    const Result bare = run({});
-    environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
-    const Result wayland = run({u"--place"_s, u"leftHalf"_s});
-
-    EXPECT_EQ(bare.status, 1);
-    EXPECT_THAT(bare.error, HasSubstr("DISPLAY"));
-    EXPECT_EQ(wayland.status, 1);
-    EXPECT_THAT(wayland.error, HasSubstr("Wayland"));
-    const Result both = run({u"--place"_s, u"leftHalf"_s, u"--print-settings"_s});
-    EXPECT_EQ(both.status, 1);
-    EXPECT_EQ(both.json()[u"sizeStep"_s], 60);
-}
-
-TEST_F(ProgramTests, theBusThreadHadNoTypesLeftWhenTheProgramEnded)
-{
+    expect({{"", 1, "DISPLAY"}, {"--place leftHalf --print-settings", 1, R"("sizeStep": 60)"}});
     startBus();
-    environment.insert(u"CORVANE_BACKEND"_s, u"x11"_s);
-    environment.remove(u"WAYLAND_DISPLAY"_s);
-    std::array<Program, 24> programs;
+    std::array<Program, 24> programs; // whose bus thread had no types left when they ended
     for (Program &program : programs)
-        program = startProgram({u"--place"_s, u"leftHalf"_s});
-
+        program = start("--place leftHalf");
     for (const Program &program : programs) {
         ASSERT_TRUE(program->waitForFinished());
         EXPECT_EQ(program->readAllStandardError().count('\n'), 1);
     }
+    environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-0"_s);
+    expect({{"--place leftHalf", 1, "Wayland"}});
 }
 
 TEST_F(ProgramTests, aSecondStartHandsItsFlagsToTheRunningOne)
 {
     startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    ASSERT_THAT(readUntil(*resident, "ready").toStdString(), HasSubstr("21 of 21"));
+    const auto resident = start("--verbose --pop-menu"); // which ended it without an X server
+    EXPECT_THAT(readUntil(resident, "ready"), HasSubstr("21 of 21"));
 
-    const Result first = run({u"--place"_s, u"leftHalf"_s, u"--json"_s});
-    const Result second = run({u"--place"_s, u"leftHalf"_s, u"--json"_s});
-    const Result back = run({u"--place"_s, u"snapBack"_s, u"--json"_s});
-    const Result again = run({});
-    const Result mistake = run({u"--place"_s, u"middle"_s});
+    // One process sees all of it: the press cycles, and there is something to go back to.
+    expect({
+        {"--capture Work", 0, "Work"},
+        {"--place leftHalf --json", 0, R"("placement":"leftHalf")"},
+        {"--place leftHalf --json", 0, R"("placement":"leftTwoThirds")"},
+        {"--place snapBack --json", 0, R"("to":[0,0,720,900])"},
+        {"", 0, "running already"},
+        {"", 0, "settings window"},
+        {"--apply-layout Work", 0, "placed at 40,60 700×600\n"},
+        {"--place middle", 2, "leftHalf"},
+        {"--apply-layout Play", 2, "the layouts are: Work"},
+        {"--history 1", 0, "Work  Editor"},
+    });
+    EXPECT_THAT(readUntil(resident, "layout applied"), HasSubstr("leftHalf: Editor"));
 
-    // One process has seen all of it: the press cycles, and there is something to go back to.
-    EXPECT_EQ(first.json()[u"placement"_s], u"leftHalf"_s);
-    EXPECT_EQ(second.json()[u"placement"_s], u"leftTwoThirds"_s);
-    EXPECT_EQ(back.json()[u"to"_s], first.json()[u"to"_s]);
-    EXPECT_EQ(again.status, 0);
-    EXPECT_THAT(again.output, HasSubstr("running already"));
-    EXPECT_THAT(again.error, HasSubstr("settings window"));
-    EXPECT_EQ(mistake.status, 2);
-    EXPECT_THAT(readUntil(*resident, "snapBack").toStdString(), HasSubstr("leftHalf: Editor"));
+    EXPECT_EQ(activate(u"rightHalf"_s), QString());
+    EXPECT_EQ(activate(u"place"_s, {u"topHalf"_s}), QString());
+    EXPECT_EQ(activate(u"capture"_s), QString());
+    EXPECT_EQ(activate(u"explode"_s), invalid);
+    EXPECT_EQ(activate(u"place"_s), invalid);
+    const std::pair<const char *, QString> uris[]{
+        {"corvane://settings/about", {}}, {"--capture", invalid}, {"corvane://capture", invalid}};
+    for (const auto &[uri, error] : uris)
+        EXPECT_EQ(call(u"Open"_s, {QStringList{QLatin1StringView(uri)}, QVariantMap()}), error);
+    EXPECT_THAT(readUntil(resident, "topHalf: Editor"), HasSubstr("rightHalf: Editor"));
+    EXPECT_THAT(run("--layouts"), AllOf(HasSubstr("*  Layout"), Not(HasSubstr("Layout 2"))));
 }
 
 TEST_F(ProgramTests, aSecondStartHandsItsActivationTokenOverToARunningOneThatTakesIt)
 {
     startBus();
     FakeInstance running;
-    QDBusConnection names = sessionBus();
+    QDBusConnection names = session();
     ASSERT_TRUE(names.registerVirtualObject(u"/app/corvane/Corvane"_s, &running)
-        && names.registerService(u"app.corvane.Corvane"_s));
+        && names.registerService(name));
     environment.insert(u"DESKTOP_STARTUP_ID"_s, u"launcher_TIME7"_s);
     for (const QStringList &methods : {QStringList{u"Run"_s, u"RunWith"_s}, {u"Run"_s}}) {
         running.methods = methods;
-        const auto program = startProgram({u"--open-settings"_s});
+        const auto program = start("--open-settings");
 
         EXPECT_TRUE(desktop::waitUntil(
             [&] {
@@ -321,287 +282,91 @@ TEST_F(ProgramTests, aSecondStartHandsItsActivationTokenOverToARunningOneThatTak
     EXPECT_EQ(running.calls[2].member(), u"Run"_s);
 }
 
-TEST_F(ProgramTests, openingTheMenuDidNotEndItWithoutAnXServer)
-{
-    startBus();
-    const auto resident = startProgram({u"--verbose"_s, u"--pop-menu"_s});
-    readUntil(*resident, "ready");
-
-    run({u"--place"_s, u"leftHalf"_s});
-
-    EXPECT_THAT(readUntil(*resident, "leftHalf").toStdString(), HasSubstr("leftHalf: Editor"));
-}
-
-TEST_F(ProgramTests, actionsOfTheDesktopEntryAreCalledLikeThePlacements)
-{
-    startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    readUntil(*resident, "ready");
-
-    EXPECT_EQ(activateAction(u"leftHalf"_s), QString());
-    EXPECT_EQ(activateAction(u"place"_s, {u"topHalf"_s}), QString());
-    EXPECT_EQ(activateAction(u"capture"_s), QString());
-    EXPECT_EQ(activateAction(u"explode"_s), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
-    EXPECT_EQ(activateAction(u"place"_s), u"org.freedesktop.DBus.Error.InvalidArgs"_s);
-
-    const std::string log = readUntil(*resident, "topHalf: Editor").toStdString();
-    EXPECT_THAT(log, HasSubstr("leftHalf: Editor"));
-    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("*  Layout"));
-}
-
-TEST_F(ProgramTests, nothingButAnAddressCanBeOpened)
-{
-    startBus();
-    const auto resident = startProgram({u"corvane://settings/about"_s});
-    EXPECT_THAT(readUntil(*resident, "later").toStdString(), HasSubstr("settings window"));
-
-    for (const QString &uri :
-        {u"corvane://settings/about"_s, u"--capture"_s, u"corvane://capture"_s})
-        EXPECT_EQ(callApplication(u"Open"_s, {QStringList{uri}, QVariantMap()}).isEmpty(),
-            uri.endsWith(u"about"_s));
-    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("--capture NAME"));
-    EXPECT_EQ(run({u"corvane://place/leftHalf"_s}).status, 2);
-}
-
 TEST_F(ProgramTests, theBusStartsItForAnActionAndItStays)
 {
     startBus();
-    makeActivatable();
+    write(u"data/dbus-1/services/app.corvane.Corvane.service"_s,
+        "[D-BUS Service]\nName=app.corvane.Corvane\nExec=" CORVANE_PROGRAM "\n");
 
-    const QString error = activateAction(u"rightHalf"_s);
-    const Result back = run({u"--place"_s, u"snapBack"_s, u"--json"_s});
+    EXPECT_EQ(activate(u"rightHalf"_s), QString());
+    expect({{"--place snapBack --json", 0, R"("to":[40,60,700,600])"}});
 
-    EXPECT_EQ(error, QString());
-    EXPECT_EQ(back.json()[u"to"_s], (QJsonArray{40, 60, 700, 600})) << back.output;
-    endActivated();
+    QDBusConnectionInterface *names = session().interface();
+    const uint pid = names->servicePid(name);
+    ASSERT_GT(pid, 1U);
+    ASSERT_EQ(::kill(static_cast<pid_t>(pid), SIGTERM), 0);
+    EXPECT_TRUE(desktop::waitUntil([&] { return !names->isServiceRegistered(name); }, patience));
 }
 
-TEST_F(ProgramTests, withoutASessionBusItStaysAndSaysWhatIsMissing)
+TEST_F(ProgramTests, itsFilesAreObeyedPrunedAndFollowed)
 {
-    const auto resident = startProgram({u"--verbose"_s});
+    const QString settings = u"data/Corvane/settings.json"_s;
+    const QString history = u"data/Corvane/activity.jsonl"_s;
+    const QString snapshot = u"data/Corvane/snapshot.json"_s;
+    write(settings, R"({"gap": 10, "sizeStep": "wide", "cycling": false})");
+    write(history,
+        R"({"date":"2001-01-01T00:00:00Z","action":"center","title":"Center","app":"Old",)"
+        R"("window":"","display":"","from":[],"to":[]})"
+        "\n");
+    startBus();
+    expect({{"--place leftHalf --json", 0, R"("to":[10,10,705,880])"}});
+    const auto resident = start("--verbose");
 
-    const std::string log = readUntil(*resident, "ready").toStdString();
+    EXPECT_THAT(readUntil(resident, "ready"),
+        AllOf(HasSubstr("Corvane could not read some of your settings in settings.json"),
+            HasSubstr("as settings.json.unreadable-")));
+    EXPECT_FALSE(QDir(path(u"data/Corvane"_s)).entryList({u"*.unreadable-*"_s}).isEmpty());
+    EXPECT_THAT(run("--print-settings"),
+        AllOf(HasSubstr(R"("gap": 10)"), HasSubstr(R"("sizeStep": 60)"),
+            HasSubstr("some of your settings in settings.json")));
+    EXPECT_TRUE(desktop::waitUntil(
+        [&] { return !read(history).contains("Old") && !read(snapshot).isEmpty(); }, patience));
+    EXPECT_THAT(read(snapshot).toStdString(),
+        AllOf(HasSubstr(R"("accessibilityTrusted": true)"), HasSubstr(R"("name": "Built-in")"),
+            HasSubstr(R"("kind": "hotkeys")")));
 
-    EXPECT_THAT(log, HasSubstr("no session bus"));
-    EXPECT_THAT(log, HasSubstr("21 of 21"));
+    // Every placement but one gains its preset's shortcut.
+    write(settings, R"({"gap": 20, "shortcuts": [], "knownPlacements": ["leftHalf"]})");
+    EXPECT_THAT(readUntil(resident, "ready"), HasSubstr("20 of 20"));
+    write(settings, R"({"gap": )");
+    EXPECT_THAT(readUntil(resident, "settings.json"),
+        HasSubstr("so those in force stay. The old file is kept in"));
+    expect({{"--print-settings", 0, R"("gap": 20)"},
+        {"--place leftHalf --json", 0, R"("to":[20,20,690,860])"}});
 }
 
 TEST_F(ProgramTests, whateverIsMissingItStartsAndSaysSo)
 {
-    describe(R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
+    write(u"desk.json"_s, R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
         "trusted": false, "distrustReason": "Nobody manages windows."})");
-    keep(u"settings.json"_s, "{");
-    keep(u"layouts.json"_s, "{}");
-    QFile config(folder.filePath(u"config"_s)); // no folder, and none can be made
-    ASSERT_TRUE(config.open(QFile::WriteOnly));
-
-    const auto resident = startProgram({u"--verbose"_s});
-    const std::string log = readUntil(*resident, "tray").toStdString();
-
-    EXPECT_THAT(log, HasSubstr("21 of 21 hot keys registered"));
-    EXPECT_THAT(log, HasSubstr("no session bus"));
-    EXPECT_THAT(log, HasSubstr("some of your settings"));
-    EXPECT_THAT(log, HasSubstr("some of your layouts"));
-    EXPECT_THAT(log, HasSubstr("Nobody manages windows."));
-    EXPECT_THAT(log, HasSubstr("no tray for its icon"));
+    write(u"data/Corvane/layouts.json"_s, "{}");
+    write(u"config"_s, "no folder, and none can be made");
+    const auto resident = start("--verbose");
+    EXPECT_THAT(readUntil(resident, "tray"),
+        AllOf(HasSubstr("21 of 21 hot keys registered"), HasSubstr("no session bus"),
+            HasSubstr("some of your layouts"), HasSubstr("Nobody manages windows."),
+            HasSubstr("no tray for its icon")));
     EXPECT_EQ(resident->state(), QProcess::Running);
 }
 
-TEST_F(ProgramTests, withoutAPlaceToWriteItWorksForTheRun)
+TEST_F(ProgramTests, withoutAPlaceToWriteItWorksForTheRunAndSaysSoOnceForEachFile)
 {
-    QFile data(folder.filePath(u"data"_s));
-    ASSERT_TRUE(data.open(QFile::WriteOnly));
+    write(u"data"_s, "no folder");
     startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    readUntil(*resident, "ready");
+    const auto resident = start("--verbose");
+    std::string log = readUntil(resident, "diagnostics.jsonl: Its folder is not a folder.");
 
-    const Result captured = run({u"--capture"_s, u"Work"_s});
-
-    EXPECT_EQ(captured.status, 1);
-    EXPECT_THAT(captured.error, HasSubstr("Changes work until Corvane quits."));
-    EXPECT_EQ(run({u"--apply-layout"_s, u"Work"_s}).status, 0);
-    EXPECT_THAT(readUntil(*resident, "could not save").toStdString(), HasSubstr("layouts.json"));
-}
-
-TEST_F(ProgramTests, obeysTheSettingsFile)
-{
-    keep(u"settings.json"_s, R"({"gap": 10, "cycling": false,
-        "shortcuts": ["leftHalf", {"keyCode": 123, "modifiers": 786432}],
-        "knownPlacements": ["leftHalf"]})");
-
-    const Result first = run({u"--place"_s, u"leftHalf"_s, u"--json"_s});
-    const auto resident = startProgram({u"--verbose"_s});
-    const std::string log = readUntil(*resident, "ready").toStdString();
-
-    EXPECT_EQ(first.json()[u"to"_s], (QJsonArray{10, 10, 705, 880}));
-    // The other placements have gained their preset's shortcuts, save the one whose keys are taken.
-    EXPECT_THAT(log, HasSubstr("20 of 20"));
-    const Result settings = run({u"--print-settings"_s});
-    EXPECT_EQ(settings.status, 0);
-    EXPECT_EQ(settings.json()[u"gap"_s], 10);
-    EXPECT_EQ(settings.json()[u"cycling"_s], false);
-    EXPECT_EQ(settings.json()[u"sizeStep"_s], 60);
-}
-
-TEST_F(ProgramTests, aDamagedSettingsFileIsKeptAndTold)
-{
-    keep(u"settings.json"_s, R"({"gap": "wide", "sizeStep": 40})");
-
-    const auto resident = startProgram({u"--verbose"_s});
-    const std::string log = readUntil(*resident, "ready").toStdString();
-
-    EXPECT_THAT(log, HasSubstr("Corvane could not read some of your settings in settings.json"));
-    const QStringList copies =
-        QDir(kept({})).entryList({u"settings.json.unreadable-*"_s}, QDir::Files);
-    ASSERT_EQ(copies.size(), 1);
-    EXPECT_THAT(log, HasSubstr(copies.first().toStdString()));
-    const Result settings = run({u"--print-settings"_s});
-    EXPECT_EQ(settings.json()[u"sizeStep"_s], 40);
-    EXPECT_THAT(settings.error, HasSubstr("some of your settings in settings.json"));
-}
-
-TEST_F(ProgramTests, everyMoveAndRefusalIsWrittenDown)
-{
-    describe(R"({
-        "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
-        "applications": [{"id": "org.example.Editor", "name": "Editor",
-            "windows": [{"title": "Le\u001b[31mtter", "frame": [40, 60, 700, 600]}]}]})");
-    EXPECT_EQ(run({u"--history"_s}).output, "No moves have been written down yet.\n");
-    EXPECT_EQ(run({u"--history"_s, u"--json"_s}).output, "[]\n");
-
-    run({u"--place"_s, u"leftHalf"_s});
-    run({u"--place"_s, u"topRight"_s});
-    describe(R"({
-        "displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}],
-        "applications": [{"id": "org.example.Player", "name": "Player",
-            "windows": [{"title": "Film", "frame": [0, 0, 1440, 900], "fullScreen": true}]}]})");
-    run({u"--place"_s, u"leftHalf"_s});
-
-    const Result all = run({u"--history"_s});
-    EXPECT_EQ(all.status, 0);
-    EXPECT_THAT(all.output, HasSubstr("Top Right Quarter  "));
-    EXPECT_THAT(all.output, HasSubstr("40,60 700×600 → 0,0 720×900\n"));
-    EXPECT_THAT(all.output, HasSubstr("Player       is in full screen  Built-in  refused\n"));
-    EXPECT_THAT(all.output, Not(HasSubstr("\x1b")));
-    const QJsonArray newest = QJsonDocument::fromJson(
-        QByteArray::fromStdString(run({u"--history"_s, u"--json"_s, u"2"_s}).output))
-                                  .array();
-    ASSERT_EQ(newest.size(), 2);
-    EXPECT_EQ(newest[0][u"action"_s], u"topRight"_s);
-    EXPECT_EQ(newest[1][u"action"_s], u"refused"_s);
-    QFile diagnostics(kept(u"diagnostics.jsonl"_s));
-    ASSERT_TRUE(diagnostics.open(QFile::ReadOnly));
-    const std::string events = diagnostics.readAll().toStdString();
-    EXPECT_THAT(events, HasSubstr("leftHalf: Editor moved from 40,60"));
-    EXPECT_THAT(events, Not(HasSubstr("tter"))) << "a title";
-}
-
-TEST_F(ProgramTests, aHistoryThatCannotBeWrittenIsOneLineForEachFile)
-{
-    for (const char *name : {"activity.jsonl", "diagnostics.jsonl"})
-        ASSERT_TRUE(QDir().mkpath(kept(QString::fromLatin1(name))));
-    startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    std::string log = readUntil(*resident, "diagnostics.jsonl: There").toStdString();
-
-    EXPECT_EQ(run({u"--place"_s, u"leftHalf"_s}).status, 0);
-    EXPECT_EQ(run({u"--place"_s, u"topHalf"_s}).status, 0);
-    log += readUntil(*resident, "topHalf").toStdString();
-
-    for (const char *line : {"activity.jsonl: There is a folder in its place.",
-             "diagnostics.jsonl: There is a folder in its place."}) {
-        EXPECT_THAT(log, HasSubstr(line));
-        EXPECT_EQ(log.find(line), log.rfind(line)) << line;
+    expect({
+        {"--capture Work", 1, "Changes work until Corvane quits."},
+        {"--place leftHalf", 0, "leftHalf"},
+        {"--apply-layout Work", 0, "placed"},
+        {"--place topHalf", 0, "topHalf"},
+    });
+    log += readUntil(resident, "topHalf");
+    for (const char *file : {"layouts.json: ", "activity.jsonl: ", "diagnostics.jsonl: "}) {
+        EXPECT_THAT(log, HasSubstr(file));
+        EXPECT_EQ(log.find(file), log.rfind(file)) << file;
     }
-}
-
-TEST_F(ProgramTests, settingsEditedWhileItRunsTakeEffectAndAreThePrintedOnes)
-{
-    startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    readUntil(*resident, "ready");
-
-    keep(u"settings.json"_s, R"({"gap": 10, "shortcuts": [], "knownPlacements": ["leftHalf"]})");
-    const std::string log = readUntil(*resident, "ready").toStdString();
-    keep(u"settings.json"_s, R"({"gap": )");
-    const std::string error = readUntil(*resident, "settings.json").toStdString();
-
-    EXPECT_THAT(log, HasSubstr("20 of 20"));
-    EXPECT_THAT(error, HasSubstr("so those in force stay. The old file is kept in"));
-    EXPECT_EQ(run({u"--print-settings"_s}).json()[u"gap"_s], 10);
-    EXPECT_EQ(run({u"--place"_s, u"leftHalf"_s, u"--json"_s}).json()[u"to"_s],
-        (QJsonArray{10, 10, 705, 880}));
-}
-
-TEST_F(ProgramTests, aStartIsRecordedAndPrunesWhatIsOld)
-{
-    keep(u"activity.jsonl"_s,
-        R"({"date":"2001-01-01T00:00:00Z","action":"center","title":"Center","app":"Old",)"
-        R"("window":"","display":"","from":[],"to":[]})"
-        "\n");
-    const auto resident = startProgram({u"--verbose"_s});
-    readUntil(*resident, "ready");
-    QFile history(kept(u"activity.jsonl"_s));
-    QFile snapshot(kept(u"snapshot.json"_s));
-
-    EXPECT_TRUE(
-        desktop::waitUntil([&] { return history.size() == 0 && snapshot.exists(); }, patience));
-
-    EXPECT_EQ(history.size(), 0);
-    ASSERT_TRUE(snapshot.open(QFile::ReadOnly));
-    const QJsonObject values = QJsonDocument::fromJson(snapshot.readAll()).object();
-    EXPECT_EQ(values[u"accessibilityTrusted"_s], true);
-    EXPECT_EQ(values[u"displays"_s][0][u"name"_s], u"Built-in"_s);
-    EXPECT_EQ(values[u"recentEvents"_s][1][u"kind"_s], u"hotkeys"_s);
-}
-
-TEST_F(ProgramTests, capturesListsAndAppliesALayoutWithoutARunningInstance)
-{
-    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("--capture NAME"));
-
-    const Result captured = run({u"--capture"_s, u"Work"_s});
-    EXPECT_EQ(captured.status, 0) << captured.error;
-    EXPECT_EQ(captured.output, "Captured 1 window on 1 display as \"Work\".\n");
-    EXPECT_THAT(run({u"--layouts"_s}).output, HasSubstr("*  Work"));
-
-    const Result applied = run({u"--apply-layout"_s, u"Work"_s, u"--json"_s});
-    EXPECT_EQ(applied.status, 0) << applied.error;
-    EXPECT_EQ(applied.json()[u"layout"_s], u"Work"_s);
-    const QJsonValue pane = applied.json()[u"panes"_s][0];
-    EXPECT_EQ(pane[u"status"_s], u"placed"_s);
-    EXPECT_EQ(pane[u"windowTitle"_s], u"Letter"_s);
-    EXPECT_EQ(pane[u"previous"_s], (QJsonArray{40, 60, 700, 600}));
-
-    const Result unknown = run({u"--apply-layout"_s, u"Play"_s});
-    EXPECT_EQ(unknown.status, 2);
-    EXPECT_THAT(unknown.error, HasSubstr("the layouts are: Work"));
-    EXPECT_EQ(run({u"--apply-layout"_s}).status, 2);
-}
-
-TEST_F(ProgramTests, aLayoutWithAPaneThatFoundNoWindowSaysWhichAndExitsWithOne)
-{
-    ASSERT_EQ(run({u"--capture"_s, u"Work"_s}).status, 0);
-    describe(R"({"displays": [{"name": "Built-in", "frame": [0, 0, 1440, 900]}]})");
-
-    const Result applied = run({u"--apply-layout"_s, u"Work"_s});
-
-    EXPECT_EQ(applied.status, 1);
-    EXPECT_EQ(applied.output, "Editor: is not installed on this computer\n");
-}
-
-TEST_F(ProgramTests, theRunningInstanceAppliesLayoutsAndAnswersWhenItIsDone)
-{
-    startBus();
-    const auto resident = startProgram({u"--verbose"_s});
-    readUntil(*resident, "ready");
-
-    EXPECT_EQ(run({u"--capture"_s, u"Work"_s}).status, 0);
-    EXPECT_EQ(run({u"--place"_s, u"topLeft"_s}).status, 0);
-    const Result applied = run({u"--apply-layout"_s, u"Work"_s});
-
-    EXPECT_EQ(applied.status, 0) << applied.error;
-    EXPECT_EQ(applied.output, "Editor \"Letter\" placed at 40,60 700×600\n");
-    EXPECT_THAT(run({u"--history"_s, u"1"_s}).output, HasSubstr("Work  Editor"));
 }
 
 } // namespace corvane

@@ -5,7 +5,6 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -27,8 +26,7 @@ protected:
     {
         recorder.flush();
         QStringList details;
-        for (const QByteArray &line :
-            folder.read(u"diagnostics.jsonl"_s).value_or("").split('\n')) {
+        for (const QByteArray &line : folder.read(u"diagnostics.jsonl"_s)->split('\n')) {
             if (!line.isEmpty())
                 details << QJsonDocument::fromJson(line)[u"detail"].toString();
         }
@@ -39,44 +37,11 @@ protected:
     FlightRecorder recorder{folder.path()};
 };
 
-/// What a recorder that is made and used meanwhile writes to standard error.
-std::string mirrored(const StoreFolder &folder, bool toJournal)
-{
-    testing::internal::CaptureStderr();
-    struct stat status {
-    };
-    ::fstat(STDERR_FILENO, &status);
-    const QByteArray stream =
-        QByteArray::number(status.st_dev) + ':' + QByteArray::number(status.st_ino);
-    qputenv("JOURNAL_STREAM", toJournal ? stream : stream + '1');
-    {
-        FlightRecorder recorder(folder.path());
-        recorder.record(u"launch"_s, u"first\nsecond"_s);
-    }
-    qunsetenv("JOURNAL_STREAM");
-    return testing::internal::GetCapturedStderr();
-}
-
 } // namespace
 
-TEST_F(FlightRecorderTests, theLedgerKeepsTheNewestAndTheFileAll)
+TEST_F(FlightRecorderTests, eventsFromManyThreadsStandOnWholeLinesAndTheSnapshotHoldsTheNewest)
 {
-    QStringList details;
-    for (int i = 0; i <= FlightRecorder::ledgerLimit; ++i) {
-        details << QString::number(i);
-        recorder.record(u"launch"_s, details.last());
-    }
-
-    EXPECT_EQ(written(), details);
-    const auto ledger = recorder.ledger();
-    ASSERT_EQ(ledger.size(), 300);
-    EXPECT_EQ(ledger.first().detail, u"1"_s);
-    EXPECT_EQ(ledger.last().detail, u"300"_s);
-}
-
-TEST_F(FlightRecorderTests, eventsFromManyThreadsStandOnWholeLinesInEachThreadsOrder)
-{
-    constexpr int count = 500;
+    constexpr int count = FlightRecorder::ledgerLimit;
     {
         std::vector<std::jthread> threads;
         for (const QString &name : {u"a"_s, u"b"_s, u"c"_s}) {
@@ -86,68 +51,63 @@ TEST_F(FlightRecorderTests, eventsFromManyThreadsStandOnWholeLinesInEachThreadsO
             });
         }
     }
+    recorder.snapshot({{u"version"_s, u"1"_s}, {u"writtenAt"_s, u"never"_s}});
+    const QStringList details = written();
 
     QHash<QChar, int> seen;
-    for (const QString &detail : written())
+    for (const QString &detail : details)
         EXPECT_EQ(detail.mid(1).toInt(), seen[detail.front()]++);
     EXPECT_EQ(seen, (QHash<QChar, int>{{u'a', count}, {u'b', count}, {u'c', count}}));
+    const auto json = QJsonDocument::fromJson(folder.read(u"snapshot.json"_s).value()).object();
+    const QJsonArray recent = json[u"recentEvents"].toArray();
+    EXPECT_EQ(recent.size(), count);
+    EXPECT_EQ(recent.first()[u"detail"_s], details[2 * count]);
+    EXPECT_EQ(recent.last()[u"detail"_s], details.last());
+    EXPECT_EQ(json[u"version"], u"1"_s);
+    EXPECT_TRUE(QDateTime::fromString(json[u"writtenAt"].toString(), Qt::ISODate).isValid());
+    for (const QString &name : {u"snapshot.json"_s, u"diagnostics.jsonl"_s})
+        EXPECT_EQ(folder.mode(name), 0600u);
 }
 
-TEST_F(FlightRecorderTests, pruningDropsOldAndDamagedLinesAndTitlesOfEarlierVersions)
+TEST_F(FlightRecorderTests, pruningDropsOldLinesAndTitlesOfEarlierVersions)
 {
-    const auto line = [](const QDateTime &date, const char *detail) {
-        const FlightRecorder::Event event{date, u"move"_s, QString::fromUtf8(detail)};
+    const auto line = [](int daysAgo, const QString &detail) {
+        const FlightRecorder::Event event{now.addDays(-daysAgo), u"move"_s, detail};
         return QJsonDocument(event.toJson()).toJson(QJsonDocument::Compact) + '\n';
     };
+    const QString titled = u"center: Mail%1 moved from 1,2 3×4 to 5,6 7×8 on Desk"_s;
     folder.write(u"diagnostics.jsonl"_s,
-        line(now.addDays(-30).addSecs(-1), "old") + line(now.addDays(-30), "kept") + "damaged\n"
-            + line(
-                now, R"(center: Mail "a" moved from "b" moved from 1,2 3×4 to 5,6 7×8 on Desk)"));
+        line(31, u"old"_s) + line(30, u"kept"_s) + "damaged\n"
+            + line(0, titled.arg(u" \"a\" moved from \"b\""_s)));
 
     recorder.prune(30, now);
     recorder.record(u"launch"_s, u"new"_s);
 
-    EXPECT_EQ(written(),
-        (QStringList{
-            u"kept"_s, u"center: Mail moved from 1,2 3×4 to 5,6 7×8 on Desk"_s, u"new"_s}));
-}
-
-TEST_F(FlightRecorderTests, theSnapshotHoldsTheValuesTheTimeAndTheLedger)
-{
-    recorder.record(u"launch"_s, u"version 1"_s);
-
-    recorder.snapshot({{u"version"_s, u"1"_s}, {u"writtenAt"_s, u"never"_s}});
-    recorder.flush();
-
-    const auto json = QJsonDocument::fromJson(folder.read(u"snapshot.json"_s).value()).object();
-    EXPECT_EQ(json.keys(), (QStringList{u"recentEvents"_s, u"version"_s, u"writtenAt"_s}));
-    EXPECT_EQ(json[u"recentEvents"].toArray().at(0), recorder.ledger().first().toJson());
-    EXPECT_TRUE(QDateTime::fromString(json[u"writtenAt"].toString(), Qt::ISODate).isValid());
-    EXPECT_EQ(folder.mode(u"snapshot.json"_s), 0600u);
+    EXPECT_EQ(written(), (QStringList{u"kept"_s, titled.arg(QString()), u"new"_s}));
 }
 
 TEST_F(FlightRecorderTests, aFolderThatCannotBeWrittenStopsNothingAndIsToldOnceForEachFile)
 {
     folder.write(u"file"_s, {});
-    FlightRecorder recorderWithoutFolder(folder.path(u"file"_s));
+    FlightRecorder withoutFolder(folder.path(u"file"_s));
     QStringList told;
     QObject::connect(
-        &recorderWithoutFolder, &FlightRecorder::written, &recorderWithoutFolder,
+        &withoutFolder, &FlightRecorder::written, &withoutFolder,
         [&](const QString &path, const QString &problem) {
             told << path.section(u'/', -1) + u": "_s + problem;
             if (!problem.isEmpty())
-                recorderWithoutFolder.record(u"notice"_s, problem);
+                withoutFolder.record(u"notice"_s, problem);
         },
         Qt::DirectConnection);
 
-    recorderWithoutFolder.record(u"launch"_s, u"detail"_s);
-    recorderWithoutFolder.prune(30);
-    recorderWithoutFolder.snapshot({});
-    recorderWithoutFolder.flush();
-    EXPECT_EQ(recorderWithoutFolder.ledger().size(), 3) << "with what was told of the two files";
+    withoutFolder.record(u"launch"_s, u"detail"_s);
+    withoutFolder.prune(30);
+    withoutFolder.snapshot({});
+    withoutFolder.flush();
+    EXPECT_EQ(withoutFolder.ledger().size(), 3) << "with what was told of the two files";
     ASSERT_TRUE(QFile::remove(folder.path(u"file"_s)));
-    recorderWithoutFolder.record(u"launch"_s, u"later"_s);
-    recorderWithoutFolder.flush();
+    withoutFolder.record(u"launch"_s, u"later"_s);
+    withoutFolder.flush();
 
     const QString problem = u": Its folder is not a folder."_s;
     EXPECT_EQ(told,
@@ -160,9 +120,19 @@ TEST_F(FlightRecorderTests, aFolderThatCannotBeWrittenStopsNothingAndIsToldOnceF
 TEST_F(FlightRecorderTests, theJournalGetsOneLineWithAPriority)
 {
     const std::string line = "<6>com.orvalle.corvane.flightrecorder launch: first second\n";
-
-    EXPECT_EQ(mirrored(folder, true), line);
-    EXPECT_EQ(mirrored(folder, false), "");
+    for (const auto &[other, written] : {std::pair{"", line}, {"1", std::string()}}) {
+        testing::internal::CaptureStderr();
+        struct stat status {
+        };
+        ::fstat(STDERR_FILENO, &status);
+        qputenv("JOURNAL_STREAM",
+            QByteArray::number(status.st_dev) + ':' + QByteArray::number(status.st_ino) + other);
+        FlightRecorder toStream(folder.path());
+        toStream.record(u"launch"_s, u"first\nsecond"_s);
+        toStream.flush();
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), written);
+    }
+    qunsetenv("JOURNAL_STREAM");
 }
 
 } // namespace corvane

@@ -1,7 +1,9 @@
-#include "Settings.h"
+#include "SettingsStore.h"
 #include "StoredJson.h"
+#include "StoreFolder.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 namespace corvane {
 
@@ -14,10 +16,10 @@ struct Decoded {
     int problems = 0;
 };
 
-Decoded decoded(const QByteArray &text)
+Decoded decoded(const QByteArray &fields)
 {
     DecodeProblems problems;
-    const auto json = parseJson(text, problems);
+    const auto json = parseJson('{' + fields + '}', problems);
     if (!json) {
         ADD_FAILURE() << json.error().toStdString();
         return {};
@@ -26,176 +28,130 @@ Decoded decoded(const QByteArray &text)
     return {settings.value_or(Settings{}), problems.count};
 }
 
-/// Settings of today's version, so that no placement is new to them.
-QByteArray today(const QByteArray &fields)
+ShortcutMap anyShortcuts()
 {
-    const QJsonDocument names(QJsonArray::fromStringList(placementNames()));
-    return R"({"knownPlacements": )" + names.toJson() + ", " + fields + "}";
-}
-
-ShortcutMap presetWithout(Placement placement)
-{
-    ShortcutMap shortcuts = map(ShortcutPreset::sizeUp);
-    shortcuts.remove(placement);
+    ShortcutMap shortcuts;
+    for (const Placement placement : allPlacements()) {
+        if (!*rc::gen::arbitrary<bool>())
+            continue;
+        KeyCombo combo(*rc::gen::arbitrary<quint16>(), 0);
+        combo.modifiers = *rc::gen::arbitrary<quint64>() >> 1;
+        shortcuts.insert(placement, combo);
+    }
     return shortcuts;
 }
 
-const KeyCombo leftArrow{123, KeyCombo::control | KeyCombo::option};
-const QByteArray leftArrowJson = R"({"keyCode": 123, "modifiers": 786432})";
-
 } // namespace
-
-TEST(SettingsTests, anEmptyObjectIsTheDefaults)
-{
-    const Decoded settings = decoded("{}");
-
-    EXPECT_EQ(settings.settings, Settings{});
-    EXPECT_EQ(settings.problems, 0);
-}
 
 TEST(SettingsTests, aDamagedFieldCostsItselfAlone)
 {
-    const struct {
-        const char *field;
-        bool isProblem = true;
-    } examples[]{
-        {R"("gap": "wide")"},
-        {R"("gap": [10])"},
-        {R"("gap": 1e999)"},
-        {R"("gap": NaN)"},
-        {R"("gap": null)", false},
-        {R"("gap": 5, "gap": "wide")"},
-        {R"("cycling": 1)"},
-        {R"("sizeStep": true)"},
-        {R"("launchAtLogin": "yes")"},
-        {R"("showMenuBarIcon": {})"},
-        {R"("showInDock": 0)"},
-        {R"("appearance": "sepia")"},
-        {R"("appearance": 3)"},
-        {R"("preset": 7)"},
-        {R"("preset": NaN)"},
-        {R"("onboardingCompleted": "")"},
-        {R"("shortcuts": 5)"},
-        {R"("shortcuts": "none")"},
-        {R"("shortcuts": null)", false},
-        {R"("customShortcuts": true)"},
-        {R"("customShortcuts": null)", false},
-        {R"("knownPlacements": "all")"},
-        {R"("unknown": [{"gap": 3}])", false},
-    };
-
-    for (const auto &example : examples) {
-        const Decoded settings = decoded(QByteArray("{\"sizeStep\": 60, ") + example.field + "}");
-        EXPECT_EQ(settings.settings, Settings{}) << example.field;
-        EXPECT_EQ(settings.problems > 0, example.isProblem) << example.field;
-    }
-}
-
-TEST(SettingsTests, otherFieldsStandBesideADamagedOne)
-{
-    const Decoded settings = decoded(
-        R"({"gap": "wide", "cycling": false, "sizeStep": 25.5, "launchAtLogin": true,
-            "showMenuBarIcon": false, "showInDock": false, "appearance": "dark",
-            "preset": "Future", "onboardingCompleted": true})");
-
+    const std::initializer_list<const char *> damaged{R"("gap": "wide")", R"("gap": 1e999)",
+        R"("gap": NaN)", R"("gap": 5, "gap": "wide")", R"("cycling": 1)",
+        R"("launchAtLogin": "no")", R"("showMenuBarIcon": {})", R"("showInDock": 0)",
+        R"("appearance": "sepia")", R"("preset": 7)", R"("onboardingCompleted": "")",
+        R"("shortcuts": "none")", R"("customShortcuts": true)", R"("knownPlacements": "all")"};
+    const std::initializer_list<const char *> whole{R"("gap": null)", R"("shortcuts": null)",
+        R"("customShortcuts": null)", R"("later": [{"gap": 3}])"};
     Settings wanted;
-    wanted.cycling = false;
     wanted.sizeStep = 25.5;
-    wanted.launchAtLogin = true;
-    wanted.showMenuBarIcon = false;
-    wanted.showInDock = false;
-    wanted.appearance = Appearance::dark;
-    wanted.preset = u"Future"_s;
-    wanted.onboardingCompleted = true;
-    EXPECT_EQ(settings.settings, wanted);
-    EXPECT_EQ(settings.problems, 1);
-}
 
-TEST(SettingsTests, shortcutsAreReadInBothShapes)
-{
-    const ShortcutMap only{{Placement::leftHalf, leftArrow}};
-    const struct {
-        QByteArray shortcuts;
-        ShortcutMap wanted;
-        int problems = 0;
-    } examples[]{
-        {R"(["leftHalf", )" + leftArrowJson + "]", only},
-        {R"({"leftHalf": )" + leftArrowJson + "}", only},
-        {R"(["farLeft", )" + leftArrowJson + R"(, "leftHalf", )" + leftArrowJson + "]", only},
-        {R"({"farLeft": 5, "leftHalf": )" + leftArrowJson + "}", only},
-        {R"(["center", 5, "leftHalf", )" + leftArrowJson + "]", only, 1},
-        {R"({"center": "c", "leftHalf": )" + leftArrowJson + "}", only, 1},
-        {R"([7, )" + leftArrowJson + R"(, "leftHalf", )" + leftArrowJson + "]", only, 1},
-        {R"(["leftHalf", )" + leftArrowJson + R"(, "center"])", only, 1},
-        {R"(["leftHalf", {"keyCode": 70000, "modifiers": 0}])", {}, 1},
-        {"[]", {}},
-        {"{}", {}},
-    };
-
-    for (const auto &example : examples) {
-        const Decoded settings = decoded(today(
-            "\"shortcuts\": " + example.shortcuts + ", \"customShortcuts\": " + example.shortcuts));
-        EXPECT_EQ(settings.settings.shortcuts, example.wanted) << example.shortcuts.constData();
-        EXPECT_EQ(settings.settings.customShortcuts, example.wanted)
-            << example.shortcuts.constData();
-        EXPECT_EQ(settings.problems, 2 * example.problems) << example.shortcuts.constData();
+    for (const auto &fields : {damaged, whole}) {
+        for (const char *field : fields) {
+            const Decoded settings = decoded(R"("sizeStep": 25.5, )" + QByteArray(field));
+            EXPECT_EQ(settings.settings, wanted) << field;
+            EXPECT_EQ(settings.problems > 0, fields.begin() == damaged.begin()) << field;
+        }
     }
 }
 
-TEST(SettingsTests, shortcutsAreWrittenAsAList)
+TEST(SettingsTests, shortcutsAreReadInBothShapesAndWrittenAsAList)
 {
-    Settings settings;
-    settings.shortcuts = {{Placement::leftHalf, leftArrow}};
+    const QJsonDocument known(QJsonArray::fromStringList(placementNames()));
+    const QByteArray arrow = R"({"keyCode": 123, "modifiers": 786433})";
+    KeyCombo stored{123, KeyCombo::control | KeyCombo::option};
+    EXPECT_EQ(KeyCombo(123, 786433), stored) << "a press keeps the four modifiers";
+    stored.modifiers = 786433; // a file its number
+    const ShortcutMap only{{Placement::leftHalf, stored}};
+    QList<std::pair<QByteArray, int>> examples{
+        {R"(["leftHalf", )" + arrow + "]", 0},
+        {R"({"leftHalf": )" + arrow + "}", 0},
+        {R"(["farLeft", )" + arrow + R"(, "leftHalf", )" + arrow + "]", 0},
+        {R"({"farLeft": 5, "leftHalf": )" + arrow + "}", 0},
+        {"[7, " + arrow + R"(, "leftHalf", )" + arrow + "]", 1},
+        {R"(["leftHalf", )" + arrow + R"(, "center"])", 1},
+    };
+    for (const char *damaged :
+        {"5", R"({"keyCode": 1})", R"({"modifiers": 1})", R"({"keyCode": 1.5, "modifiers": 0})",
+            R"({"keyCode": 65536, "modifiers": 0})", R"({"keyCode": -1, "modifiers": 0})",
+            R"({"keyCode": 1, "modifiers": -1})", R"({"keyCode": 1, "modifiers": null})"}) {
+        examples << std::pair(
+            R"(["center", )" + QByteArray(damaged) + R"(, "leftHalf", )" + arrow + "]", 1);
+    }
 
-    const QJsonObject json = settings.toJson();
-
-    EXPECT_EQ(json[u"shortcuts"], (QJsonArray{u"leftHalf"_s, leftArrow.toJson()}));
-    EXPECT_FALSE(json.contains(u"customShortcuts"_s));
-    EXPECT_EQ(json[u"knownPlacements"].toArray().size(), placementCount);
+    for (const auto &[shortcuts, problems] : std::as_const(examples)) {
+        const Decoded read = decoded(R"("knownPlacements": )" + known.toJson()
+            + R"(, "shortcuts": )" + shortcuts + R"(, "customShortcuts": )" + shortcuts);
+        EXPECT_EQ(read.settings.shortcuts, only) << shortcuts.data();
+        EXPECT_EQ(read.settings.customShortcuts, only) << shortcuts.data();
+        EXPECT_EQ(read.problems, 2 * problems) << shortcuts.data();
+        EXPECT_EQ(
+            read.settings.toJson()[u"shortcuts"], (QJsonArray{u"leftHalf"_s, stored.toJson()}));
+    }
 }
 
 TEST(SettingsTests, aPlacementThatTheFileDoesNotKnowGainsItsPresetsShortcut)
 {
     using enum Placement;
-    const ShortcutMap sizeUp = map(ShortcutPreset::sizeUp);
     const ShortcutMap rectangle = map(ShortcutPreset::rectangle);
     Settings file;
-    file.shortcuts = presetWithout(original);
+    file.shortcuts.remove(original);
+    const ShortcutMap without = file.shortcuts;
     const auto read = [&file](const QJsonValue &known) {
         QJsonObject json = file.toJson();
         json[u"knownPlacements"] = known;
         DecodeProblems problems;
         return Settings::fromJson(json, problems)->shortcuts;
     };
-    const QJsonArray all = QJsonArray::fromStringList(placementNames());
 
-    EXPECT_EQ(read(QJsonValue::Undefined), sizeUp);
-    EXPECT_EQ(read(QJsonArray::fromStringList(placementsBeforeOriginal())), sizeUp);
-    EXPECT_EQ(read(all), presetWithout(original));
+    EXPECT_EQ(read(QJsonValue::Undefined), Settings{}.shortcuts);
+    EXPECT_EQ(read(QJsonArray::fromStringList(placementsBeforeOriginal())), Settings{}.shortcuts);
+    EXPECT_EQ(read(QJsonArray::fromStringList(placementNames())), without);
 
     file.shortcuts.remove(leftHalf);
-    EXPECT_EQ(read(QJsonValue::Undefined), presetWithout(leftHalf));
-    EXPECT_EQ(read(QJsonArray()), sizeUp);
+    EXPECT_FALSE(read(QJsonValue::Undefined).contains(leftHalf)) << "removed on purpose";
+    EXPECT_EQ(read(QJsonArray()), Settings{}.shortcuts);
 
     file.preset = rawValue(ShortcutPreset::rectangle);
     EXPECT_EQ(read(QJsonValue::Undefined).value(original), rectangle.value(original));
-
     file.shortcuts[center] = rectangle.value(original);
-    EXPECT_FALSE(read(QJsonValue::Undefined).contains(original));
-
-    file.shortcuts[original] = leftArrow;
-    EXPECT_EQ(read(QJsonValue::Undefined).value(original), leftArrow);
+    EXPECT_FALSE(read(QJsonValue::Undefined).contains(original)) << "the keys are taken";
+    file.shortcuts[original] = rectangle.value(leftHalf);
+    EXPECT_EQ(read(QJsonValue::Undefined).value(original), rectangle.value(leftHalf));
 }
 
-TEST(SettingsTests, aRemovedShortcutStaysRemovedThroughTheNextVersion)
+RC_GTEST_PROP(SettingsPropertyTests, savedSettingsComeBackEqual, ())
 {
+    const StoreFolder folder;
+    const SettingsStore store(folder.path());
     Settings settings;
-    settings.shortcuts = presetWithout(Placement::original);
-    DecodeProblems problems;
+    settings.shortcuts = anyShortcuts();
+    for (double Settings::*const field : {&Settings::gap, &Settings::sizeStep})
+        settings.*field =
+            *rc::gen::suchThat<double>([](double each) { return std::isfinite(each); });
+    for (bool Settings::*const field : {&Settings::cycling, &Settings::launchAtLogin,
+             &Settings::showMenuBarIcon, &Settings::showInDock, &Settings::onboardingCompleted})
+        settings.*field = *rc::gen::arbitrary<bool>();
+    settings.appearance = *rc::gen::elementOf(appearances);
+    settings.preset = QString::fromStdString(*rc::gen::arbitrary<std::string>());
+    if (*rc::gen::arbitrary<bool>())
+        settings.customShortcuts = anyShortcuts();
 
-    const auto read = Settings::fromJson(settings.toJson(), problems);
+    RC_ASSERT(store.save(settings).has_value());
+    const auto loaded = store.loadKeepingUnreadable();
 
-    EXPECT_EQ(read, settings);
+    RC_ASSERT(!loaded.problem);
+    RC_ASSERT(loaded.settings == settings);
+    RC_ASSERT(folder.read(u"settings.json"_s)->contains("\n    \"gap\": ")); // for people to read
 }
 
 } // namespace corvane

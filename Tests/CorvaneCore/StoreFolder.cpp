@@ -5,7 +5,6 @@
 
 #include <csignal>
 #include <sys/ptrace.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,27 +16,7 @@ namespace {
 constexpr uid_t nobody = 65534;
 constexpr int systemCallStop = SIGTRAP | 0x80;
 
-void limitFileSize(rlim_t bytes)
-{
-    struct rlimit limit;
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = qMin(bytes, limit.rlim_max);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-bool kill(pid_t process)
-{
-    ::kill(process, SIGKILL);
-    ::waitpid(process, nullptr, 0);
-    return true;
-}
-
 } // namespace
-
-QByteArray StoreFolder::encoded(const QString &name) const
-{
-    return QFile::encodeName(path(name));
-}
 
 void StoreFolder::write(const QString &name, const QByteArray &content) const
 {
@@ -62,40 +41,32 @@ mode_t StoreFolder::mode(const QString &name) const
 {
     struct stat status {
     };
-    ::stat(encoded(name).constData(), &status);
+    ::stat(qPrintable(path(name)), &status);
     return status.st_mode & 07777;
 }
 
-void StoreFolder::clear() const
+void StoreFolder::setMode(const QString &name, mode_t mode) const
 {
-    for (const QString &name : names())
-        QFile::remove(path(name));
+    static_cast<void>(::chmod(qPrintable(path(name)), mode));
 }
 
-FileSizeLimit::FileSizeLimit(rlim_t bytes)
+void limitFileSize(rlim_t bytes)
 {
     std::signal(SIGXFSZ, SIG_IGN);
-    limitFileSize(bytes);
+    struct rlimit limit;
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = qMin(bytes, limit.rlim_max);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-FileSizeLimit::~FileSizeLimit()
-{
-    limitFileSize(RLIM_INFINITY);
-}
-
-WithoutPrivileges::WithoutPrivileges(const StoreFolder &folder)
+void runAsUser(const StoreFolder &folder, const std::function<void()> &action)
 {
     if (::getuid() != 0)
-        return;
-    QStringList names = folder.names();
-    names << QString();
-    for (const QString &name : names)
-        static_cast<void>(::chown(folder.encoded(name).constData(), nobody, nobody));
+        return action();
+    for (const QString &name : folder.names() + QStringList{QString()})
+        static_cast<void>(::lchown(qPrintable(folder.path(name)), nobody, nobody));
     static_cast<void>(::seteuid(nobody));
-}
-
-WithoutPrivileges::~WithoutPrivileges()
-{
+    action();
     static_cast<void>(::seteuid(::getuid()));
 }
 
@@ -132,8 +103,11 @@ std::optional<bool> killAtBoundary(int boundary, const std::function<void()> &ac
     for (int count = 0; !WIFEXITED(status);) {
         ::ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
         ::waitpid(process, &status, 0);
-        if (WIFSTOPPED(status) && WSTOPSIG(status) == systemCallStop && ++count == boundary)
-            return kill(process);
+        if (WIFSTOPPED(status) && WSTOPSIG(status) == systemCallStop && ++count == boundary) {
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
+            return true;
+        }
         if (WIFSIGNALED(status))
             return std::nullopt;
     }

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QtCore/QByteArray>
-#include <QtCore/QString>
-#include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
 #include <functional>
@@ -18,7 +15,6 @@ class StoreFolder final
 public:
     [[nodiscard]] QString path() const { return m_folder.path(); }
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
-    [[nodiscard]] QByteArray encoded(const QString &name) const;
 
     void write(const QString &name, const QByteArray &content) const;
     /// Nothing when there is no such file.
@@ -26,30 +22,16 @@ public:
     /// Every name, hidden ones too.
     [[nodiscard]] QStringList names() const;
     [[nodiscard]] mode_t mode(const QString &name) const;
-    void clear() const;
+    void setMode(const QString &name, mode_t mode) const;
 
 private:
     QTemporaryDir m_folder;
 };
 
-/// The files that this process writes may not grow beyond so many bytes, while it lives.
-class FileSizeLimit final
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes);
-    ~FileSizeLimit();
-    Q_DISABLE_COPY_MOVE(FileSizeLimit)
-};
-
-/// Takes root's rights from this process, while it lives; `folder` is the user's who is left.
-class WithoutPrivileges final
-{
-public:
-    explicit WithoutPrivileges(const StoreFolder &folder);
-    ~WithoutPrivileges();
-    Q_DISABLE_COPY_MOVE(WithoutPrivileges)
-};
-
+/// From now on, the files that this process writes may not grow beyond so many bytes.
+void limitFileSize(rlim_t bytes);
+/// Runs `action` without root's rights; `folder` is the user's who is left.
+void runAsUser(const StoreFolder &folder, const std::function<void()> &action);
 /// Runs `action` in a process of its own.
 [[nodiscard]] pid_t startProcess(const std::function<void()> &action);
 /// Whether it came to its end.

@@ -1,5 +1,6 @@
 #include "DataFolder.h"
 #include "LayoutStore.h"
+#include "PrivateFile.h"
 #include "SettingsStore.h"
 #include "StoredJson.h"
 #include "StoreFolder.h"
@@ -7,11 +8,10 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,307 +19,150 @@
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-using testing::HasSubstr;
 
 namespace {
 
-const QDateTime created = QDateTime::fromString(u"2026-01-02T03:04:05Z"_s, Qt::ISODate);
-
-Settings changedSettings()
-{
-    Settings settings;
-    settings.gap = 0.1;
-    settings.appearance = Appearance::light;
-    settings.shortcuts.remove(Placement::original);
-    settings.customShortcuts = ShortcutMap{{Placement::center, KeyCombo(8, KeyCombo::command)}};
-    return settings;
-}
-
-WindowLayout deskLayout()
-{
-    return {.name = u"Desk \u2014 \U0001F5A5 \"quoted\"\n"_s,
-        .displays = {{u"Monitor"_s, 2560, 1440}},
-        .panes = {Pane{.rect = {0, 0, 1.0 / 3, 1},
-                      .app = AppRef{u"org.example.Mail"_s, u"Mail"_s},
-                      .titleContains = u"Inbox"_s,
-                      .launch = false,
-                      .stack = 2},
-            Pane{.rect = {1.0 / 3, 0, 2.0 / 3, 1}}},
-        .applyOnConnect = true,
-        .shortcut = KeyCombo(18, KeyCombo::control),
-        .created = created};
-}
-
 /// A file that is no document at all.
 struct DamagedFile {
-    const char *name;
-    std::function<void(const StoreFolder &folder, const QString &file)> make;
+    QByteArray content;
+    const char *command = ""; ///< what became of the file $1
+    const char *reason = "It is not JSON from its byte ";
     bool isKept = true;
+    bool isSaved = true; ///< the next change
 };
-
-DamagedFile withContent(const char *name, const QByteArray &content)
-{
-    return {name,
-        [content](const StoreFolder &folder, const QString &file) { folder.write(file, content); }};
-}
 
 QList<DamagedFile> damagedFiles()
 {
+    const char *const denied = "Permission was denied.";
+    const char *const irregular = "It is not a regular file.";
     return {
-        withContent("Empty", {}),
-        withContent("CutOff", R"({"gap": 5, "cyc)"),
-        withContent("InvalidUtf8", "{\"preset\": \"\xff\xfe\"}"),
-        withContent("ZeroBytes", QByteArray(1000, '\0')),
-        withContent("ZeroBytesBehind", QByteArray("{}\0\0", 4)),
-        withContent("DeepNesting", QByteArray(1'000'000, '[')),
-        withContent("DeepObjects", QByteArray(R"({"gap":)").repeated(100'000)),
-        withContent("TwoDocuments", "{}{}"),
-        withContent("UnquotedKey", "{gap: 5}"),
-        withContent("NumberAlone", "5"),
-        withContent("WordAlone", "NaN"),
-        {"Huge",
-            [](const StoreFolder &folder, const QString &file) {
-                folder.write(file, "{}");
-                QFile::resize(folder.path(file), 200'000'000);
-            }},
-        {"Unreadable",
-            [](const StoreFolder &folder, const QString &file) {
-                folder.write(file, "{}");
-                ::chmod(folder.encoded(file).constData(), 0);
-            }},
-        {"Folder",
-            [](const StoreFolder &folder, const QString &file) { QDir(folder.path()).mkdir(file); },
-            false},
+        {""},
+        {R"({"gap": 5, "cyc)"},
+        {"{\"preset\": \"\xff\xfe\"}"},
+        {QByteArray("{}\0\0", 4)},
+        {QByteArray(1'000'000, '[')},
+        {QByteArray(R"({"gap":)").repeated(100'000)},
+        {"{}{}"},
+        {"{gap: 5}"},
+        {"{}", "truncate -s 200M $1", "It is larger than 16 MiB."},
+        {"{}", "chmod 0 $1", denied},
+        {"{}", "chmod 0 $1 && chmod 500 $(dirname $1)", denied, false, false},
+        {"{}", "rm $1 && mkdir $1", "There is a folder in its place.", false, false},
+        {"{}", "rm $1 && mkfifo $1", irregular, true, false},
+        {"{}", "ln -sf /dev/null $1", irregular, false, false},
+        {"{}", "rm $1 && ln -s $1 $1", "It is a link that leads nowhere.", true, false},
     };
 }
 
-class DamagedFileTests : public testing::TestWithParam<DamagedFile>
+/// What is said of one file of them, and what became of it and of its copy.
+void expectKept(const StoreFolder &folder, const DamagedFile &damage, qint64 size,
+    const std::optional<StoreProblem> &problem, const expected<void, QString> &saved)
 {
-protected:
-    void expectKept(const std::optional<StoreProblem> &problem, const QString &file) const
-    {
-        ASSERT_TRUE(problem);
-        EXPECT_EQ(problem->file, file);
-        EXPECT_TRUE(problem->reason.endsWith(u'.')) << problem->reason.toStdString();
-        ASSERT_EQ(problem->kept.has_value(), GetParam().isKept);
-        if (!GetParam().isKept)
-            return;
-        EXPECT_TRUE(QRegularExpression(u"^"_s + file + u"\\.unreadable-\\d{8}-\\d{6}$"_s)
-                        .match(problem->kept->fileName())
-                        .hasMatch());
-        const QFileInfo original(folder.path(file));
-        const QFileInfo copy(problem->kept->toLocalFile());
-        EXPECT_EQ(copy.size(), original.size());
-        if (original.isReadable() && original.size() < 10'000'000) {
-            EXPECT_EQ(folder.read(copy.fileName()), folder.read(file));
-        }
-    }
-
-    StoreFolder folder;
-};
-
-KeyCombo anyCombo()
-{
-    KeyCombo combo(*rc::gen::arbitrary<quint16>(), 0);
-    combo.modifiers = *rc::gen::arbitrary<quint64>() >> 1;
-    return combo;
+    ASSERT_TRUE(problem);
+    EXPECT_TRUE(problem->reason.startsWith(QLatin1StringView(damage.reason)));
+    EXPECT_EQ(problem->kept.has_value(), damage.isKept);
+    EXPECT_EQ(saved.has_value(), damage.isSaved);
+    EXPECT_TRUE(saved || saved.error() == problem->reason);
+    if (!problem->kept)
+        return;
+    const QFileInfo copy(problem->kept->toLocalFile());
+    const QRegularExpression name(u"^%1\\.unreadable-\\d{8}-\\d{6}$"_s.arg(problem->file));
+    EXPECT_TRUE(copy.fileName().contains(name)) << copy.fileName().toStdString();
+    EXPECT_EQ(copy.size(), size);
+    EXPECT_TRUE(*damage.command || folder.read(copy.fileName()) == damage.content);
 }
 
-ShortcutMap anyShortcuts()
+QString manualPage()
 {
-    ShortcutMap shortcuts;
-    for (const Placement placement : allPlacements()) {
-        if (*rc::gen::arbitrary<bool>())
-            shortcuts.insert(placement, anyCombo());
-    }
-    return shortcuts;
+    QFile file(QStringLiteral(CORVANE_MANUAL_PAGE));
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-QString anyText()
+/// What stands between .EX and .EE under the heading, as a reader sees it.
+QByteArray example(const QString &heading)
 {
-    const auto units = *rc::gen::arbitrary<std::vector<char16_t>>();
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+    const QString section = manualPage().section(u".SH "_s + heading + u'\n', 1);
+    QString text = section.section(u".EX\n"_s, 1).section(u".EE\n"_s, 0, 0);
+    return text.replace(u"\\-"_s, u"-"_s).replace(u"\\(aq"_s, u"'"_s).toUtf8();
 }
 
-double anyNumber()
+/// Every member name in the value, however deep.
+QStringList keys(const QJsonValue &json)
 {
-    return *rc::gen::suchThat(
-        rc::gen::arbitrary<double>(), [](double number) { return std::isfinite(number); });
+    QStringList all;
+    for (const QJsonValue element : json.toArray())
+        all << keys(element);
+    const QJsonObject object = json.toObject();
+    for (auto member = object.begin(); member != object.end(); ++member)
+        all << member.key() << keys(member.value());
+    return all;
 }
 
 } // namespace
 
-TEST_P(DamagedFileTests, givesDefaultsAndIsKept)
+TEST(StoreTests, whatIsNoDocumentGivesDefaultsAndOneCopyASecondOutlivesTheNextSave)
 {
-    GetParam().make(folder, u"settings.json"_s);
-    GetParam().make(folder, u"layouts.json"_s);
-    const WithoutPrivileges user(folder);
-
-    const auto settings = SettingsStore(folder.path()).loadKeepingUnreadable();
-    const auto layouts = LayoutStore(folder.path()).loadKeepingUnreadable();
-
-    EXPECT_EQ(settings.settings, Settings{});
-    EXPECT_EQ(layouts.layouts, QList<WindowLayout>());
-    expectKept(settings.problem, u"settings.json"_s);
-    expectKept(layouts.problem, u"layouts.json"_s);
-}
-
-TEST_P(DamagedFileTests, staysKeptThroughTheNextSave)
-{
-    GetParam().make(folder, u"settings.json"_s);
-    const SettingsStore store(folder.path());
-    const WithoutPrivileges user(folder);
-    const qint64 size = QFileInfo(folder.path(u"settings.json"_s)).size();
-    const auto problem = store.loadKeepingUnreadable().problem;
-
-    const auto saved = store.save(changedSettings());
-
-    EXPECT_EQ(saved.has_value(), GetParam().isKept);
-    if (problem->kept) {
-        EXPECT_EQ(QFileInfo(problem->kept->toLocalFile()).size(), size);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Files, DamagedFileTests, testing::ValuesIn(damagedFiles()),
-    [](const auto &each) { return each.param.name; });
-
-TEST(DataFolderTests, isTheUsersOwnWhateverTheWorkingDirectory)
-{
-    const QString home = QDir::homePath() + u"/.local/share/Corvane"_s;
-    const std::pair<const char *, QString> examples[]{
-        {"/data", u"/data/Corvane"_s}, {"data", home}, {"", home}};
-
-    for (const auto &[variable, folder] : examples) {
-        const pid_t process = startProcess([&] {
-            qputenv("XDG_DATA_HOME", variable);
-            ::_exit(dataFolder() == folder ? 0 : 1);
-        });
-        EXPECT_TRUE(waitFor(process)) << variable;
-    }
-}
-
-TEST(SettingsStoreTests, noFileIsTheDefaultsAndLeavesTheFolderAlone)
-{
-    const StoreFolder folder;
-
-    const auto loaded = SettingsStore(folder.path()).loadKeepingUnreadable();
-
-    EXPECT_EQ(loaded.settings, Settings{});
-    EXPECT_FALSE(loaded.problem);
-    EXPECT_TRUE(folder.names().isEmpty());
-}
-
-TEST(SettingsStoreTests, aDamagedFieldKeepsACopyOncePerSecond)
-{
-    const StoreFolder folder;
-    folder.write(u"settings.json"_s, R"({"gap": "wide", "sizeStep": 20})");
-    const QUrl url = SettingsStore(folder.path()).url();
-    const QDateTime time(QDate(2026, 11, 21), QTime(9, 5, 3));
-
-    const auto first = StoreProblem::keep(url, u"reason"_s, time);
-    const auto second = StoreProblem::keep(url, u"reason"_s, time);
-    const auto loaded = SettingsStore(folder.path()).loadKeepingUnreadable();
-
-    EXPECT_EQ(first, second);
-    EXPECT_EQ(first.kept->fileName(), u"settings.json.unreadable-20261121-090503"_s);
-    EXPECT_EQ(loaded.settings.sizeStep, 20);
-    EXPECT_EQ(loaded.settings.gap, 0);
-    ASSERT_TRUE(loaded.problem && loaded.problem->kept);
-    EXPECT_EQ(folder.read(loaded.problem->kept->fileName()), folder.read(u"settings.json"_s));
-    EXPECT_EQ(folder.names().size(), 3);
-}
-
-TEST(SettingsStoreTests, theFileIsForPeopleToRead)
-{
-    const StoreFolder folder;
-    const SettingsStore store(folder.path() + u"/new/folder"_s);
-
-    ASSERT_TRUE(store.save(changedSettings()));
-
-    const QByteArray text = folder.read(u"new/folder/settings.json"_s).value();
-    EXPECT_THAT(text.toStdString(), HasSubstr("\n    \"gap\": 0.1,\n"));
-    EXPECT_LT(text.indexOf("\"appearance\""), text.indexOf("\"showInDock\""));
-    EXPECT_EQ(store.inspect().settings, changedSettings());
-}
-
-TEST(LayoutStoreTests, aDamagedLayoutCostsItselfAlone)
-{
-    const struct {
-        const char *content;
-        QStringList names;
-        bool isProblem = true;
-    } examples[]{
-        {R"([])", {}, false},
-        {R"({})", {}},
-        {R"([{"name": "A"}, "B", {"name": "C"}])", {u"A"_s, u"C"_s}},
-        {R"([{"name": "A", "panes": [{"display": "x"}]}])", {u"A"_s}},
-        {R"([{"name": "A", "shortcut": null}])", {u"A"_s}, false},
-        {R"([{"name": "A", "shortcut": 5}, {"name": NaN}])", {u"A"_s, u"Layout"_s}},
-        {R"([{"name": "A", "created": "yesterday"}])", {u"A"_s}},
-    };
-
-    for (const auto &example : examples) {
+    for (const DamagedFile &damage : damagedFiles()) {
+        SCOPED_TRACE(damage.content.first(qMin<qsizetype>(damage.content.size(), 20)).toStdString()
+            + damage.command);
         const StoreFolder folder;
-        folder.write(u"layouts.json"_s, example.content);
-        const auto loaded = LayoutStore(folder.path()).loadKeepingUnreadable();
-        QStringList names;
-        for (const WindowLayout &layout : loaded.layouts)
-            names << layout.name;
-        EXPECT_EQ(names, example.names) << example.content;
-        EXPECT_EQ(loaded.problem.has_value(), example.isProblem) << example.content;
-        EXPECT_EQ(folder.names().size(), example.isProblem ? 2 : 1) << example.content;
+        for (const QString &name : {u"settings.json"_s, u"layouts.json"_s}) {
+            folder.write(name, damage.content);
+            QProcess::execute(
+                u"sh"_s, {u"-c"_s, QString::fromUtf8(damage.command), u"sh"_s, folder.path(name)});
+        }
+        const qint64 size = QFileInfo(folder.path(u"settings.json"_s)).size();
+
+        runAsUser(folder, [&] {
+            const SettingsStore settings(folder.path());
+            const LayoutStore layouts(folder.path());
+            const auto loadedSettings = settings.loadKeepingUnreadable();
+            const auto loadedLayouts = layouts.loadKeepingUnreadable();
+            EXPECT_EQ(loadedSettings.settings, Settings{});
+            EXPECT_TRUE(loadedLayouts.layouts.isEmpty());
+            expectKept(folder, damage, size, loadedSettings.problem, settings.save({}));
+            expectKept(folder, damage, size, loadedLayouts.problem, layouts.save({}));
+            const QDateTime time(QDate(2026, 11, 21), QTime(9, 5, 3));
+            const auto first = StoreProblem::keep(settings.url(), u"reason"_s, time);
+            const auto second = StoreProblem::keep(settings.url(), u"reason"_s, time);
+            EXPECT_TRUE(first == second || *damage.command);
+        });
+        folder.setMode({}, 0700);
     }
 }
 
-TEST(LayoutStoreTests, aLongFileReadsAsAShortOne)
+TEST(StoreTests, aLongListOfLayoutsReadsAsAShortOne)
 {
     const StoreFolder folder;
     const LayoutStore store(folder.path());
     const QString file = u"layouts.json"_s;
-    QList<WindowLayout> layouts;
-    for (int number = 0; number < 400; ++number) {
-        layouts << deskLayout();
-        layouts.last().name = u"%1, ] and \" in %2"_s.arg(number).arg(layouts.last().name);
+    QList<WindowLayout> layouts(4000);
+    for (qsizetype number = 0; number < layouts.size(); ++number) {
+        layouts[number].id = QUuid::createUuid();
+        layouts[number].name = u"%1 \u2014 ] and , \" in\n"_s.arg(number);
     }
     ASSERT_TRUE(store.save(layouts));
+    EXPECT_FALSE(store.loadKeepingUnreadable().problem);
     EXPECT_EQ(store.loadKeepingUnreadable().layouts, layouts);
 
     const QByteArray whole = *folder.read(file);
     ASSERT_TRUE(halves(whole));
-    // A comma, a bracket or a quote too many, or an element that is no layout, in either half.
     for (const qsizetype from : {qsizetype(0), whole.size() * 3 / 4}) {
         const qsizetype behindElement = whole.indexOf("\n    },", from) + 7;
-        for (const char *damage : {",", "]", "\""}) {
+        for (const char *damage : {",", "]", "\"", " 5,"}) {
             folder.write(file, QByteArray(whole).insert(behindElement, damage));
             const auto loaded = store.loadKeepingUnreadable();
             EXPECT_TRUE(loaded.problem) << damage << from;
-            EXPECT_TRUE(loaded.layouts.isEmpty()) << damage << from;
+            EXPECT_EQ(loaded.layouts, damage[0] == ' ' ? layouts : QList<WindowLayout>());
         }
-        folder.write(file, QByteArray(whole).insert(behindElement, " 5,"));
-        const auto loaded = store.loadKeepingUnreadable();
-        EXPECT_TRUE(loaded.problem);
-        EXPECT_EQ(loaded.layouts, layouts);
     }
 }
 
-TEST(LayoutStoreTests, layoutsComeBackInTheUsersOrder)
-{
-    const StoreFolder folder;
-    const LayoutStore store(folder.path() + u"/Corvane"_s);
-    const QList<WindowLayout> layouts{deskLayout(), {.name = u"A"_s, .created = created}};
-
-    ASSERT_TRUE(store.save(layouts));
-    const auto loaded = store.loadKeepingUnreadable();
-
-    EXPECT_EQ(loaded.layouts, layouts);
-    EXPECT_FALSE(loaded.problem);
-}
-
-TEST(LayoutStoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
+TEST(StoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
 {
     const StoreFolder folder;
     const LayoutStore store(folder.path());
-    const WindowLayout original = deskLayout();
+    const WindowLayout original{.name = u"Desk"_s};
     ASSERT_TRUE(store.save({original, original}));
     const WindowLayout copy = store.loadKeepingUnreadable().layouts.last();
     ASSERT_TRUE(store.save({original, original, copy, original}));
@@ -335,41 +178,93 @@ TEST(LayoutStoreTests, copiesMadeByHandGetIdsOfTheirOwnTheSameAtEveryLoad)
     EXPECT_EQ(store.loadKeepingUnreadable().layouts, layouts);
 }
 
-TEST(LayoutStoreTests, aFailedSaveSaysWhyAndLeavesTheFile)
+TEST(StoreTests, theDataFolderIsTheUsersOwnWhateverTheWorkingDirectory)
 {
-    const StoreFolder folder;
-    const LayoutStore store(folder.path());
-    ASSERT_TRUE(store.save({deskLayout()}));
-    const auto before = folder.read(u"layouts.json"_s);
-    const FileSizeLimit limit(before->size());
-
-    const auto saved = store.save({deskLayout(), deskLayout()});
-
-    ASSERT_FALSE(saved);
-    EXPECT_EQ(saved.error(), u"The file would become too large."_s);
-    EXPECT_EQ(folder.read(u"layouts.json"_s), before);
+    const QString home = QDir::homePath() + u"/.local/share/Corvane"_s;
+    for (const auto &[variable, folder] :
+        {std::pair("/data", u"/data/Corvane"_s), {"data", home}, {"", home}}) {
+        const pid_t process = startProcess([&] {
+            qputenv("XDG_DATA_HOME", variable);
+            ::_exit(dataFolder() == folder ? 0 : 1);
+        });
+        EXPECT_TRUE(waitFor(process)) << variable;
+    }
 }
 
-RC_GTEST_PROP(SettingsStorePropertyTests, savedSettingsComeBackEqual, ())
+TEST(ManualPageTests, theExamplesLoadWholeAndEveryMemberIsDescribed)
 {
     const StoreFolder folder;
-    const SettingsStore store(folder.path());
-    Settings settings;
-    settings.shortcuts = anyShortcuts();
-    settings.gap = anyNumber();
-    settings.cycling = *rc::gen::arbitrary<bool>();
-    settings.sizeStep = anyNumber();
-    settings.showInDock = *rc::gen::arbitrary<bool>();
-    settings.appearance = *rc::gen::elementOf(appearances);
-    settings.preset = anyText();
-    if (*rc::gen::arbitrary<bool>())
-        settings.customShortcuts = anyShortcuts();
+    folder.write(u"settings.json"_s, example(u"SETTINGS.JSON"_s));
+    folder.write(u"layouts.json"_s, example(u"LAYOUTS.JSON"_s));
 
-    RC_ASSERT(store.save(settings).has_value());
-    const auto loaded = store.loadKeepingUnreadable();
+    const auto settings = SettingsStore(folder.path()).loadKeepingUnreadable();
+    const auto layouts = LayoutStore(folder.path()).loadKeepingUnreadable();
 
-    RC_ASSERT(!loaded.problem);
-    RC_ASSERT(loaded.settings == settings);
+    EXPECT_FALSE(settings.problem) << settings.problem->reason.toStdString();
+    EXPECT_FALSE(layouts.problem) << layouts.problem->reason.toStdString();
+    EXPECT_NE(settings.settings, Settings{});
+    EXPECT_TRUE(settings.settings.customShortcuts);
+    ASSERT_FALSE(layouts.layouts.isEmpty());
+    const WindowLayout &layout = layouts.layouts.first();
+    const Pane &pane = layout.panes.first();
+    EXPECT_TRUE(layout.shortcut && pane.app && pane.titleContains && pane.stack);
+    for (const QString &key : keys(settings.settings.toJson()) + keys(layout.toJson()))
+        EXPECT_TRUE(manualPage().contains(u"\n.B "_s + key + u'\n')) << key.toStdString();
+}
+
+TEST(PrivateFileTests, newFilesAndFoldersAreForTheUserAloneAndWhatACrashLeftIsUsedUp)
+{
+    const StoreFolder folder;
+    folder.write(u".file.new"_s, QByteArray(1000, 'x'));
+    const mode_t before = ::umask(0);
+
+    const auto file = PrivateFile::replace(folder.path(u"file"_s), "new");
+    const auto inner = PrivateFile::replace(folder.path(u"a/b/file"_s), "new");
+
+    ::umask(before);
+    EXPECT_TRUE(file && inner);
+    EXPECT_EQ(folder.names(), (QStringList{u"a"_s, u"file"_s}));
+    for (const QString &name : {u"file"_s, u"a/b/file"_s}) {
+        EXPECT_EQ(folder.read(name), "new");
+        EXPECT_EQ(folder.mode(name), 0600u);
+    }
+    EXPECT_EQ(folder.mode(u"a"_s) | folder.mode(u"a/b"_s), 0700u);
+}
+
+TEST(PrivateFileTests, linksStayAndTheFileAtTheirEndIsReplacedWithItsMode)
+{
+    const StoreFolder folder;
+    EXPECT_TRUE(PrivateFile::makeFolder(folder.path(u"dotfiles"_s)));
+    folder.write(u"dotfiles/real"_s, "old");
+    folder.setMode(u"dotfiles/real"_s, 0440);
+    QFile::link(u"dotfiles/second"_s, folder.path(u"first"_s));
+    QFile::link(u"real"_s, folder.path(u"dotfiles/second"_s));
+    QFile::link(u"later/real"_s, folder.path(u"toNothing"_s));
+
+    for (const QString &link : {u"first"_s, u"toNothing"_s}) {
+        EXPECT_TRUE(PrivateFile::replace(folder.path(link), "new"));
+        EXPECT_TRUE(QFileInfo(folder.path(link)).isSymbolicLink());
+    }
+
+    EXPECT_TRUE(QFileInfo(folder.path(u"dotfiles/second"_s)).isSymbolicLink());
+    EXPECT_EQ(folder.read(u"dotfiles/real"_s), "new");
+    EXPECT_EQ(folder.mode(u"dotfiles/real"_s), 0440u);
+    EXPECT_EQ(folder.read(u"later/real"_s), "new");
+}
+
+TEST(PrivateFileTests, theOldContentOutlivesADiskThatTakesNoMore)
+{
+    const StoreFolder folder;
+    folder.write(u"file"_s, "old");
+
+    limitFileSize(1000);
+    const auto replaced = PrivateFile::replace(folder.path(u"file"_s), QByteArray(100'000, 'x'));
+    limitFileSize(RLIM_INFINITY);
+
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(replaced.error(), u"The file would become too large."_s);
+    EXPECT_EQ(folder.read(u"file"_s), "old");
+    EXPECT_EQ(folder.names(), QStringList{u"file"_s});
 }
 
 } // namespace corvane

@@ -29,6 +29,17 @@ struct ModelDesk {
             SettingsStore(folder.path()), LayoutStore(folder.path()), ActivityLog(folder.path())};
     }
 
+    /// As somebody does by hand, behind the program's back.
+    void save(const QList<WindowLayout> &layouts) const
+    {
+        if (!LayoutStore(folder.path()).save(layouts))
+            qFatal("cannot prepare the layouts");
+    }
+    [[nodiscard]] QList<WindowLayout> saved() const
+    {
+        return LayoutStore(folder.path()).loadKeepingUnreadable().layouts;
+    }
+
     void settle(Duration duration = Duration{0})
     {
         platform.manualClock().advance(duration);

@@ -6,7 +6,6 @@
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-using testing::HasSubstr;
 using testing::SizeIs;
 
 namespace {
@@ -60,21 +59,14 @@ TEST_F(ShortcutTests, aCombinationOfAnotherOwnerWaitsForTheAnswer)
     EXPECT_EQ(registrations, 3) << "given to the layout, taken, given to the placement";
 }
 
-TEST_F(ShortcutTests, neitherOnesOwnNorNoCombinationIsAConflict)
+TEST_F(ShortcutTests, neitherOnesOwnNorNoCombinationNorADeletedLayoutTakesAny)
 {
     model.assign(leftArrow, leftHalf);
     model.assign(std::nullopt, topHalf);
-
     EXPECT_FALSE(model.pendingSteal.value());
-    EXPECT_EQ(model.owner(leftArrow), leftHalf);
     EXPECT_FALSE(model.settings().shortcuts.contains(Placement::topHalf));
-}
-
-TEST_F(ShortcutTests, aDeletedLayoutTakesNoShortcutFromAnybody)
-{
     model.assign(leftArrow, layout);
     model.deleteLayout(model.layouts().first().id);
-
     model.confirmSteal();
 
     EXPECT_EQ(model.owner(leftArrow), leftHalf);
@@ -114,10 +106,9 @@ TEST_F(ShortcutTests, ofTwoOwnersInTheFilesTheFirstKeepsTheShortcut)
 {
     WindowLayout rival{.name = u"Work"_s};
     rival.shortcut = leftArrow;
-    ASSERT_TRUE(LayoutStore(desk.folder.path()).save({rival}));
+    desk.save({rival});
 
-    const AppModel read{SettingsStore(desk.folder.path()), LayoutStore(desk.folder.path()),
-        ActivityLog(desk.folder.path())};
+    const AppModel read = desk.model();
 
     EXPECT_EQ(read.owner(leftArrow), leftHalf);
     EXPECT_FALSE(read.layouts().first().shortcut);
@@ -171,10 +162,10 @@ RC_GTEST_PROP(ShortcutPropertyTests, noCombinationIsEverHeldByTwoOwners, ())
         steps[*rc::gen::inRange<qsizetype>(0, steps.size())]();
         const QList<KeyCombo> combos = held(model);
         RC_ASSERT(QSet(combos.begin(), combos.end()).size() == combos.size());
-        RC_ASSERT(SettingsStore(desk.folder.path()).loadKeepingUnreadable().layouts.shortcuts
+        RC_ASSERT(SettingsStore(desk.folder.path()).inspect().settings.shortcuts
             == model.settings().shortcuts);
     }
-    RC_ASSERT(LayoutStore(desk.folder.path()).loadKeepingUnreadable().layouts == model.layouts());
+    RC_ASSERT(desk.saved() == model.layouts());
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 
 #include <csignal>
@@ -44,16 +45,6 @@ ChildProcess::ChildProcess(const Command &command) : m_logPath(command.logPath)
         m_pid = static_cast<pid_t>(m_process.processId());
 }
 
-ChildProcess::~ChildProcess()
-{
-    stop();
-}
-
-bool ChildProcess::isRunning()
-{
-    return m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(0);
-}
-
 std::optional<int> ChildProcess::waitForExit(Milliseconds deadline)
 {
     if (m_process.state() != QProcess::NotRunning)
@@ -92,26 +83,11 @@ void ChildProcess::suspend()
     static_cast<void>(waitUntil([this] { return stateOf(m_pid) == 'T'; }));
 }
 
-void ChildProcess::resume()
-{
-    ::kill(-m_pid, SIGCONT);
-}
-
-void ChildProcess::writeLine(const QByteArray &line)
-{
-    m_process.write(line + '\n');
-    m_process.waitForBytesWritten();
-}
-
 std::optional<QByteArray> ChildProcess::readLine(Milliseconds deadline)
 {
-    const auto end = std::chrono::steady_clock::now() + deadline;
-    while (!m_process.canReadLine()) {
-        const auto left =
-            std::chrono::duration_cast<Milliseconds>(end - std::chrono::steady_clock::now());
-        if (left.count() <= 0 || !m_process.waitForReadyRead(static_cast<int>(left.count())))
-            break;
-    }
+    const QDeadlineTimer end(deadline);
+    while (!m_process.canReadLine()
+        && m_process.waitForReadyRead(static_cast<int>(end.remainingTime()))) { }
     if (!m_process.canReadLine())
         return std::nullopt;
     return m_process.readLine().chopped(1);

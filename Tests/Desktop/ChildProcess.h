@@ -4,6 +4,7 @@
 
 #include <QtCore/QProcess>
 
+#include <csignal>
 #include <optional>
 #include <sys/types.h>
 
@@ -27,10 +28,13 @@ public:
     };
 
     explicit ChildProcess(const Command &command);
-    ~ChildProcess();
+    ~ChildProcess() { stop(); }
     Q_DISABLE_COPY_MOVE(ChildProcess)
 
-    [[nodiscard]] bool isRunning();
+    [[nodiscard]] bool isRunning()
+    {
+        return m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(0);
+    }
     [[nodiscard]] pid_t pid() const { return m_pid; }
     /// Of a program that has ended by itself; nothing while it runs or when a signal ended it.
     [[nodiscard]] std::optional<int> waitForExit(Milliseconds deadline = patience);
@@ -39,9 +43,13 @@ public:
     void kill();
     /// SIGSTOP and SIGCONT to the whole group; `suspend` returns once the program has stopped.
     void suspend();
-    void resume();
+    void resume() { ::kill(-m_pid, SIGCONT); }
 
-    void writeLine(const QByteArray &line);
+    void writeLine(const QByteArray &line)
+    {
+        m_process.write(line + '\n');
+        m_process.waitForBytesWritten();
+    }
     /// Without its line feed. Nothing when none came in time.
     [[nodiscard]] std::optional<QByteArray> readLine(Milliseconds deadline = patience);
     [[nodiscard]] QByteArray log() const;

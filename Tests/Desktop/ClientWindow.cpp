@@ -3,55 +3,44 @@
 #include <algorithm>
 #include <array>
 #include <unistd.h>
+#include <xcb/xcb_icccm.h>
 
 namespace corvane::desktop {
 
 namespace {
 
-constexpr std::array kindAtoms{"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_DIALOG",
-    "_NET_WM_WINDOW_TYPE_UTILITY", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP",
-    "_NET_WM_WINDOW_TYPE_SPLASH", "_NET_WM_WINDOW_TYPE_NOTIFICATION",
-    "_NET_WM_WINDOW_TYPE_TOOLBAR"};
+constexpr std::array kinds{
+    "NORMAL", "DIALOG", "UTILITY", "DOCK", "DESKTOP", "SPLASH", "NOTIFICATION", "TOOLBAR"};
 
-bool isGiven(Size size)
+qint32 number(double value)
 {
-    return size.width != 0 || size.height != 0;
+    return static_cast<qint32>(static_cast<qint64>(value));
 }
 
-quint32 number(double value)
+xcb_size_hints_t sizeHints(const WindowRequest &request)
 {
-    return static_cast<quint32>(static_cast<qint64>(value));
-}
-
-// The fields of WM_SIZE_HINTS: flags, position and size, then pairs. i3 believes the size given here.
-QList<quint32> sizeHints(const WindowRequest &request)
-{
-    const WindowRequest::SizeHints &hints = request.hints;
-    enum Flag : quint32 {
-        userPosition = 1,
-        programSize = 8,
-        minimum = 16,
-        maximum = 32,
-        increment = 64,
-        aspect = 128,
-        base = 256,
-        gravity = 512
+    const auto &[x, y, width, height] = request.geometry;
+    const WindowRequest::SizeHints &given = request.hints;
+    const auto set = [](auto setter, xcb_size_hints_t &hints, Size size) {
+        if (size != Size{})
+            setter(&hints, number(size.width), number(size.height));
     };
-    quint32 flags = programSize;
-    const auto set = [&](bool given, Flag flag) { flags |= given ? quint32(flag) : 0u; };
-    set(request.placed, userPosition);
-    set(isGiven(hints.minimum), minimum);
-    set(isGiven(hints.maximum), maximum);
-    set(isGiven(hints.increment), increment);
-    set(isGiven(hints.minimumAspect), aspect);
-    set(isGiven(hints.base), base);
-    set(hints.gravity != 0, gravity);
-    QList<quint32> fields{flags, number(request.geometry.x), number(request.geometry.y),
-        number(request.geometry.width), number(request.geometry.height)};
-    for (const Size size : {hints.minimum, hints.maximum, hints.increment, hints.minimumAspect,
-             hints.maximumAspect, hints.base})
-        fields << number(size.width) << number(size.height);
-    return fields << static_cast<quint32>(hints.gravity);
+    xcb_size_hints_t hints{};
+    if (request.placed)
+        xcb_icccm_size_hints_set_position(&hints, true, number(x), number(y));
+    // i3 believes the size given here.
+    xcb_icccm_size_hints_set_size(&hints, false, number(width), number(height));
+    set(xcb_icccm_size_hints_set_min_size, hints, given.minimum);
+    set(xcb_icccm_size_hints_set_max_size, hints, given.maximum);
+    set(xcb_icccm_size_hints_set_resize_inc, hints, given.increment);
+    set(xcb_icccm_size_hints_set_base_size, hints, given.base);
+    if (given.minimumAspect != Size{})
+        xcb_icccm_size_hints_set_aspect(&hints, number(given.minimumAspect.width),
+            number(given.minimumAspect.height), number(given.maximumAspect.width),
+            number(given.maximumAspect.height));
+    if (given.gravity != 0)
+        xcb_icccm_size_hints_set_win_gravity(&hints, static_cast<xcb_gravity_t>(given.gravity));
+    return hints;
 }
 
 // Toolkits draw a shadow only where the window manager knows what it is.
@@ -79,14 +68,12 @@ ClientWindow::ClientWindow(XConnection &connection, const WindowRequest &request
 {
     const Rect &rect = m_request.geometry;
     const quint32 colour = 0x203040 + m_number % 16 * 0x0B0A09;
-    const std::array<quint32, 3> values{
-        colour, request.overrideRedirect ? 1u : 0u, XCB_EVENT_MASK_PROPERTY_CHANGE};
+    const std::array<quint32, 2> values{colour, XCB_EVENT_MASK_PROPERTY_CHANGE};
     xcb_create_window(connection.raw(), XCB_COPY_FROM_PARENT, m_number, connection.root(),
         static_cast<qint16>(rect.x), static_cast<qint16>(rect.y),
         static_cast<quint16>(std::max(1.0, rect.width)),
         static_cast<quint16>(std::max(1.0, rect.height)), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-        XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
-        values.data());
+        XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
     describe();
     xcb_map_window(connection.raw(), m_number);
     connection.sync();
@@ -107,21 +94,16 @@ void ClientWindow::resize(Size size)
     m_connection.sync();
 }
 
-void ClientWindow::setHints(const WindowRequest::SizeHints &hints)
-{
-    m_request.hints = hints;
-    m_connection.setNumbers(m_number, "WM_NORMAL_HINTS", "WM_SIZE_HINTS", sizeHints(m_request));
-    m_connection.sync();
-}
-
 void ClientWindow::stateChanged(Time now)
 {
     if (hasShadow())
         m_shadowDue = now + std::chrono::milliseconds(m_request.shadowDelay);
 }
 
-void ClientWindow::adaptShadow()
+void ClientWindow::adaptShadowIfDue(Time now)
 {
+    if (!m_shadowDue || now < *m_shadowDue)
+        return;
     m_shadowDue.reset();
     const QList<quint32> states = m_connection.numbers(m_number, "_NET_WM_STATE");
     const bool fills =
@@ -137,15 +119,18 @@ void ClientWindow::describe()
     const QByteArray title = m_request.title.repeated(m_request.titleRepeats);
     m_connection.setBytes(m_number, "_NET_WM_NAME", "UTF8_STRING", title);
     m_connection.setBytes(m_number, "WM_NAME", "STRING", title.left(1000));
-    const QByteArray className = m_request.className + '\0';
-    m_connection.setBytes(m_number, "WM_CLASS", "STRING", className + className);
+    const QByteArray name = m_request.className + '\0';
+    m_connection.setBytes(m_number, "WM_CLASS", "STRING", name + name);
     m_connection.setNumbers(
         m_number, "_NET_WM_PID", "CARDINAL", {static_cast<quint32>(::getpid())});
     m_connection.setNumbers(
         m_number, "WM_PROTOCOLS", "ATOM", {m_connection.atom("WM_DELETE_WINDOW")});
-    // WM_HINTS: takes input, starts as a normal window.
-    m_connection.setNumbers(m_number, "WM_HINTS", "WM_HINTS", {3, 1, 1, 0, 0, 0, 0, 0, 0});
-    m_connection.setNumbers(m_number, "WM_NORMAL_HINTS", "WM_SIZE_HINTS", sizeHints(m_request));
+    xcb_icccm_wm_hints_t behaviour{};
+    xcb_icccm_wm_hints_set_input(&behaviour, true);
+    xcb_icccm_wm_hints_set_normal(&behaviour);
+    xcb_icccm_set_wm_hints(m_connection.raw(), m_number, &behaviour);
+    xcb_size_hints_t size = sizeHints(m_request);
+    xcb_icccm_set_wm_normal_hints(m_connection.raw(), m_number, &size);
     describeKind();
     if (hasShadow())
         publishShadow(m_request.shadow);
@@ -153,8 +138,9 @@ void ClientWindow::describe()
 
 void ClientWindow::describeKind()
 {
-    m_connection.setNumbers(m_number, "_NET_WM_WINDOW_TYPE", "ATOM",
-        {m_connection.atom(kindAtoms[static_cast<size_t>(m_request.kind)])});
+    const QByteArray type =
+        QByteArray("_NET_WM_WINDOW_TYPE_") + kinds[static_cast<size_t>(m_request.kind)];
+    m_connection.setNumbers(m_number, "_NET_WM_WINDOW_TYPE", "ATOM", {m_connection.atom(type)});
     if (!m_request.decorated)
         m_connection.setNumbers(m_number, "_MOTIF_WM_HINTS", "_MOTIF_WM_HINTS", {2, 0, 0, 0, 0});
     if (m_request.strut.size() == 12) {
@@ -163,13 +149,7 @@ void ClientWindow::describeKind()
     }
     const xcb_window_t parent = m_request.transientForItself ? m_number : m_request.transientFor;
     if (parent)
-        m_connection.setNumbers(m_number, "WM_TRANSIENT_FOR", "WINDOW", {parent});
-}
-
-bool ClientWindow::hasShadow() const
-{
-    const auto &[left, right, top, bottom] = m_request.shadow;
-    return left || right || top || bottom;
+        xcb_icccm_set_wm_transient_for(m_connection.raw(), m_number, parent);
 }
 
 void ClientWindow::publishShadow(const WindowRequest::Edges &edges)

@@ -21,19 +21,17 @@ public:
     void destroy();
     /// As an application does that changes its own mind.
     void resize(Size size);
-    void setHints(const WindowRequest::SizeHints &hints);
 
     /// The window manager changed the window's state: the shadow follows a little later, as
     /// toolkits do it.
     void stateChanged(Time now);
-    /// When `adaptShadow` is due.
     [[nodiscard]] std::optional<Time> shadowDue() const { return m_shadowDue; }
-    void adaptShadow();
+    void adaptShadowIfDue(Time now);
 
 private:
     void describe();
     void describeKind();
-    [[nodiscard]] bool hasShadow() const;
+    [[nodiscard]] bool hasShadow() const { return m_request.shadow != WindowRequest::Edges{}; }
     void publishShadow(const WindowRequest::Edges &edges);
 
     XConnection &m_connection;

@@ -2,47 +2,17 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-
-#include <algorithm>
+#include <QtCore/QRegularExpression>
 
 namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-Rect toRect(const QJsonValue &value)
-{
-    return {value[0].toDouble(), value[1].toDouble(), value[2].toDouble(), value[3].toDouble()};
-}
-
-} // namespace
-
-QString CorvaneProcess::Answer::name() const
-{
-    return outcome["outcome"_L1].toString();
-}
-
-QString CorvaneProcess::Answer::reason() const
-{
-    return outcome["reason"_L1].toString();
-}
-
 Rect CorvaneProcess::Answer::to() const
 {
-    return toRect(outcome["to"_L1]);
-}
-
-Rect CorvaneProcess::Answer::from() const
-{
-    return toRect(outcome["from"_L1]);
-}
-
-CorvaneProcess::CorvaneProcess(PrivateSession &session, QString program)
-    : m_session(session), m_program(std::move(program))
-{
+    const QJsonValue to = outcome["to"_L1];
+    return {to[0].toDouble(), to[1].toDouble(), to[2].toDouble(), to[3].toDouble()};
 }
 
 bool CorvaneProcess::start()
@@ -52,12 +22,6 @@ bool CorvaneProcess::start()
     m_process = m_session.launch(m_program, {u"--verbose"_s});
     return waitUntil([this] { return !readyLine().isEmpty() || !isRunning(); }, Milliseconds{30000})
         && isRunning();
-}
-
-void CorvaneProcess::stop()
-{
-    if (m_process)
-        m_process->stop();
 }
 
 CorvaneProcess::Answer CorvaneProcess::place(const QString &placement)
@@ -93,21 +57,13 @@ QStringList CorvaneProcess::log() const
 
 QString CorvaneProcess::readyLine() const
 {
-    const QStringList lines = log();
-    const auto line = std::ranges::find_if(
-        lines, [](const QString &each) { return each.startsWith(u"ready"_s); });
-    return line == lines.end() ? QString() : *line;
+    static const QRegularExpression ready(u"^ready"_s);
+    return log().filter(ready).value(0);
 }
 
 bool CorvaneProcess::waitForLog(const QString &text, qsizetype seen, Milliseconds deadline) const
 {
-    return waitUntil(
-        [&] {
-            const QStringList lines = log().mid(seen);
-            return std::ranges::any_of(
-                lines, [&](const QString &line) { return line.contains(text); });
-        },
-        deadline);
+    return waitUntil([&] { return !log().mid(seen).filter(text).isEmpty(); }, deadline);
 }
 
 qint64 CorvaneProcess::residentKilobytes() const

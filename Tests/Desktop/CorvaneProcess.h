@@ -19,20 +19,33 @@ public:
         QByteArray errors;
         Milliseconds duration{0};
 
-        [[nodiscard]] QString name() const; ///< such as "moved"
-        [[nodiscard]] QString reason() const; ///< empty when the window moved
+        /// Such as "moved".
+        [[nodiscard]] QString name() const
+        {
+            return outcome[QLatin1StringView("outcome")].toString();
+        }
+        /// Empty when the window moved.
+        [[nodiscard]] QString reason() const
+        {
+            return outcome[QLatin1StringView("reason")].toString();
+        }
         [[nodiscard]] Rect to() const;
-        [[nodiscard]] Rect from() const;
     };
 
-    CorvaneProcess(PrivateSession &session, QString program);
+    CorvaneProcess(PrivateSession &session, QString program)
+        : m_session(session), m_program(std::move(program))
+    {
+    }
 
     /// Starts the resident process; true once its hot keys are live.
     [[nodiscard]] bool start();
-    void stop();
+    void stop()
+    {
+        if (m_process)
+            m_process->stop();
+    }
     [[nodiscard]] bool isRunning() { return m_process && m_process->isRunning(); }
     [[nodiscard]] pid_t pid() const { return m_process->pid(); }
-    [[nodiscard]] ChildProcess &process() { return *m_process; }
 
     /// Runs `corvane --place <placement> --json` to its end.
     [[nodiscard]] Answer place(const QString &placement);

@@ -3,11 +3,8 @@
 #include "WindowProbe.h"
 
 #include <algorithm>
-#include <xcb/randr.h>
 
 namespace corvane::desktop {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,33 +13,12 @@ bool isPlugged(const Rect &display)
     return display.width > 0 && display.height > 0;
 }
 
-QString outputName(qsizetype index)
+std::pair<int, int> keyOf(Size size)
 {
-    return u"DUMMY%1"_s.arg(index);
-}
-
-QList<Rect> plugged(const QList<Rect> &displays)
-{
-    QList<Rect> result;
-    std::ranges::copy_if(displays, std::back_inserter(result), isPlugged);
-    return result;
-}
-
-// Nothing but the descriptor with the product's name.
-QByteArray edidNaming(const QByteArray &name)
-{
-    QByteArray edid(128, '\0');
-    return edid.replace(
-        54, 18, QByteArray("\0\0\0\xFC\0", 5) + (name + '\n').leftJustified(13, ' '));
+    return {static_cast<int>(size.width), static_cast<int>(size.height)};
 }
 
 } // namespace
-
-DisplayArranger::DisplayArranger(
-    DisplayServer::Kind kind, XConnection &connection, QProcessEnvironment environment)
-    : m_kind(kind), m_connection(connection), m_environment(std::move(environment))
-{
-}
 
 bool DisplayArranger::arrange(const QList<Rect> &displays)
 {
@@ -51,7 +27,7 @@ bool DisplayArranger::arrange(const QList<Rect> &displays)
     // Some window managers answer a plugged or unplugged output with an arrangement of their own, so
     // ours is made again until it stays.
     const bool stays = waitUntil([&] {
-        m_kind == DisplayServer::Kind::hotplug ? arrangeOutputs() : arrangeMonitors();
+        arrangeOutputs();
         return settled([this] { return serverHasFollowed(); });
     });
     // Not every window manager publishes the new size; a silent one only costs this wait.
@@ -60,128 +36,108 @@ bool DisplayArranger::arrange(const QList<Rect> &displays)
     return stays;
 }
 
-bool DisplayArranger::unplug(int index)
-{
-    QList<Rect> displays = m_displays;
-    displays[index] = {};
-    return arrange(displays);
-}
-
-bool DisplayArranger::resize(int index, Size size)
-{
-    QList<Rect> displays = m_displays;
-    displays[index].width = size.width;
-    displays[index].height = size.height;
-    return arrange(displays);
-}
-
-bool DisplayArranger::move(int index, Point origin)
-{
-    QList<Rect> displays = m_displays;
-    displays[index].x = origin.x;
-    displays[index].y = origin.y;
-    return arrange(displays);
-}
-
-void DisplayArranger::setMonitorName(int index, const QByteArray &name)
+void DisplayArranger::arrangeOutputs()
 {
     xcb_connection_t *raw = m_connection.raw();
-    const auto cookie = xcb_randr_get_screen_resources_current(raw, m_connection.root());
-    const Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
-        xcb_randr_get_screen_resources_current_reply(raw, cookie, nullptr));
-    if (!resources)
-        return;
-    const xcb_randr_output_t output =
-        xcb_randr_get_screen_resources_current_outputs(resources.get())[index];
-    const xcb_atom_t edid = m_connection.atom("EDID");
-    if (name.isEmpty()) {
-        xcb_randr_delete_output_property(raw, output, edid);
-    } else {
-        const QByteArray block = edidNaming(name);
-        xcb_randr_change_output_property(raw, output, edid, XCB_ATOM_INTEGER, 8,
-            XCB_PROP_MODE_REPLACE, static_cast<quint32>(block.size()), block.constData());
+    const Resources before = readResources();
+    const auto *outputs = xcb_randr_get_screen_resources_current_outputs(before.get());
+    Size whole{64, 64}; // what the server needs
+    for (qsizetype index = 0; index < m_displays.size(); ++index) {
+        const Rect &display = m_displays[index];
+        if (isPlugged(display))
+            addMode(outputs[index], display.size());
+        whole = {std::max(whole.width, display.maxX()), std::max(whole.height, display.maxY())};
     }
+    // Nobody sees what lies between.
+    xcb_grab_server(raw);
+    const Resources resources = readResources();
+    QList<qsizetype> changed;
+    for (qsizetype index = 0; index < m_outputs; ++index) {
+        if (!isAsWanted(resources, index)) {
+            changed << index;
+            setOutput(resources, index, {});
+        }
+    }
+    const auto millimetres = [](double pixels) { return static_cast<quint32>(pixels * 25.4 / 96); };
+    xcb_randr_set_screen_size(raw, m_connection.root(), static_cast<quint16>(whole.width),
+        static_cast<quint16>(whole.height), millimetres(whole.width), millimetres(whole.height));
+    for (const qsizetype index : changed)
+        setOutput(resources, index, m_displays.value(index));
+    xcb_randr_set_output_primary(raw, m_connection.root(), outputs[0]);
+    xcb_ungrab_server(raw);
+    // Only a look at the hardware makes the driver report what is connected now; toolkits take its
+    // word for it.
+    xcb_discard_reply(raw, xcb_randr_get_screen_resources(raw, m_connection.root()).sequence);
     m_connection.sync();
 }
 
-void DisplayArranger::run(const QStringList &arguments)
+DisplayArranger::Resources DisplayArranger::readResources()
 {
-    ChildProcess program({u"xrandr"_s, arguments, m_environment, {}});
-    static_cast<void>(program.waitForExit());
-}
-
-void DisplayArranger::arrangeOutputs()
-{
-    QStringList arguments;
-    for (qsizetype index = 0; index < m_outputs; ++index) {
-        const Rect display = m_displays.value(index);
-        arguments << u"--output"_s << outputName(index);
-        if (!isPlugged(display)) {
-            arguments << u"--off"_s;
-            continue;
-        }
-        arguments << u"--mode"_s << mode(outputName(index), display.size()) << u"--pos"_s
-                  << u"%1x%2"_s.arg(display.x).arg(display.y);
-        if (index == 0)
-            arguments << u"--primary"_s;
-    }
-    run(arguments);
-    // Only a look at the hardware makes the driver report what is connected now; toolkits take its
-    // word for it.
     xcb_connection_t *raw = m_connection.raw();
-    const auto cookie = xcb_randr_get_screen_resources(raw, m_connection.root());
-    const Reply<xcb_randr_get_screen_resources_reply_t> resources(
-        xcb_randr_get_screen_resources_reply(raw, cookie, nullptr));
+    const auto cookie = xcb_randr_get_screen_resources_current(raw, m_connection.root());
+    return Resources(xcb_randr_get_screen_resources_current_reply(raw, cookie, nullptr));
 }
 
-void DisplayArranger::arrangeMonitors()
+void DisplayArranger::addMode(xcb_randr_output_t output, Size size)
 {
-    for (qsizetype index = 0; index < m_outputs; ++index) {
-        const Rect display = m_displays.value(index);
-        run({u"--delmonitor"_s, outputName(index)});
-        if (!isPlugged(display))
-            continue;
-        const QString shape = u"%1/300x%2/200+%3+%4"_s.arg(display.width)
-                                  .arg(display.height)
-                                  .arg(display.x)
-                                  .arg(display.y);
-        const QString output = index == 0 ? u"screen"_s : u"none"_s;
-        run({u"--setmonitor"_s, outputName(index), shape, output});
+    const auto [width, height] = keyOf(size);
+    xcb_randr_mode_t &mode = m_modes[{width, height}];
+    if (!mode) {
+        const QByteArray name =
+            "desk-" + QByteArray::number(width) + 'x' + QByteArray::number(height);
+        xcb_randr_mode_info_t timing{};
+        timing.width = static_cast<quint16>(width);
+        timing.height = static_cast<quint16>(height);
+        timing.hsync_start = static_cast<quint16>(width + 48);
+        timing.hsync_end = static_cast<quint16>(width + 80);
+        timing.htotal = static_cast<quint16>(width + 160);
+        timing.vsync_start = static_cast<quint16>(height + 3);
+        timing.vsync_end = static_cast<quint16>(height + 8);
+        timing.vtotal = static_cast<quint16>(height + 40);
+        timing.dot_clock = timing.htotal * timing.vtotal * 30u;
+        timing.name_len = static_cast<quint16>(name.size());
+        const auto cookie = xcb_randr_create_mode(m_connection.raw(), m_connection.root(), timing,
+            static_cast<quint32>(name.size()), name.constData());
+        const Reply<xcb_randr_create_mode_reply_t> created(
+            xcb_randr_create_mode_reply(m_connection.raw(), cookie, nullptr));
+        mode = created ? created->mode : 0;
     }
+    xcb_randr_add_output_mode(m_connection.raw(), output, mode);
 }
 
-QString DisplayArranger::mode(const QString &output, Size size)
+// The dummy driver gives every output a controller of its own.
+void DisplayArranger::setOutput(const Resources &resources, qsizetype index, const Rect &display)
 {
-    const int width = static_cast<int>(size.width);
-    const int height = static_cast<int>(size.height);
-    const QString name = u"desk-%1x%2"_s.arg(width).arg(height);
-    if (!m_modes.contains(name)) {
-        const double megahertz = (width + 160) * (height + 40) * 30.0 / 1e6;
-        QStringList timing{QString::number(megahertz, 'f', 2)};
-        for (const int value : {width, width + 48, width + 80, width + 160})
-            timing << QString::number(value);
-        for (const int value : {height, height + 3, height + 8, height + 40})
-            timing << QString::number(value);
-        run(QStringList{u"--newmode"_s, name} + timing);
-        m_modes.insert(name);
-    }
-    if (const QString pair = output + u' ' + name; !m_modes.contains(pair)) {
-        run({u"--addmode"_s, output, name});
-        m_modes.insert(pair);
-    }
-    return name;
+    const auto crtc = xcb_randr_get_screen_resources_current_crtcs(resources.get())[index];
+    const auto *output = xcb_randr_get_screen_resources_current_outputs(resources.get()) + index;
+    const bool on = isPlugged(display);
+    const auto cookie = xcb_randr_set_crtc_config(m_connection.raw(), crtc, XCB_CURRENT_TIME,
+        resources->config_timestamp, static_cast<qint16>(display.x), static_cast<qint16>(display.y),
+        on ? m_modes.value(keyOf(display.size())) : 0, XCB_RANDR_ROTATION_ROTATE_0, on, output);
+    xcb_discard_reply(m_connection.raw(), cookie.sequence);
+}
+
+bool DisplayArranger::isAsWanted(const Resources &resources, qsizetype index)
+{
+    const auto crtc = xcb_randr_get_screen_resources_current_crtcs(resources.get())[index];
+    const auto cookie =
+        xcb_randr_get_crtc_info(m_connection.raw(), crtc, resources->config_timestamp);
+    const Reply<xcb_randr_get_crtc_info_reply_t> now(
+        xcb_randr_get_crtc_info_reply(m_connection.raw(), cookie, nullptr));
+    const Rect display = m_displays.value(index);
+    if (!now || !now->mode || !isPlugged(display))
+        return now && !now->mode && !isPlugged(display);
+    return Rect{double(now->x), double(now->y), double(now->width), double(now->height)} == display;
 }
 
 bool DisplayArranger::serverHasFollowed()
 {
-    const auto byPlace = [](const Rect &a, const Rect &b) {
-        return std::pair(a.x, a.y) < std::pair(b.x, b.y);
-    };
-    QList<Rect> expected = plugged(m_displays);
-    QList<Rect> monitors = WindowProbe(m_connection).monitors();
-    std::ranges::sort(expected, byPlace);
-    std::ranges::sort(monitors, byPlace);
-    return monitors == expected;
+    const Resources resources = readResources();
+    for (qsizetype index = 0; index < m_outputs; ++index) {
+        if (!isAsWanted(resources, index))
+            return false;
+    }
+    return true;
 }
 
 bool DisplayArranger::windowManagerHasFollowed()

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "DisplayServer.h"
 #include "Rect.h"
 #include "XConnection.h"
 
-#include <QtCore/QSet>
+#include <QtCore/QMap>
+
+#include <xcb/randr.h>
 
 namespace corvane::desktop {
 
@@ -13,37 +14,30 @@ namespace corvane::desktop {
 class DisplayArranger
 {
 public:
-    DisplayArranger(
-        DisplayServer::Kind kind, XConnection &connection, QProcessEnvironment environment);
+    explicit DisplayArranger(XConnection &connection) : m_connection(connection) { }
 
     /// Makes the displays exactly these; a rectangle without area is an unplugged output. Returns
     /// once the server lists them and a running window manager publishes the new size of the desktop,
     /// or has not done so for a second.
     [[nodiscard]] bool arrange(const QList<Rect> &displays);
-    [[nodiscard]] bool unplug(int index);
-    [[nodiscard]] bool resize(int index, Size size);
-    [[nodiscard]] bool move(int index, Point origin);
-
-    /// What the display tells of itself from now on; with an empty name it tells nothing again. For the
-    /// program it counts when it next reads the displays.
-    void setMonitorName(int index, const QByteArray &name);
 
     [[nodiscard]] const QList<Rect> &displays() const { return m_displays; }
 
 private:
-    void run(const QStringList &arguments);
-    void arrangeOutputs();
-    void arrangeMonitors();
-    QString mode(const QString &output, Size size);
-    bool serverHasFollowed();
-    bool windowManagerHasFollowed();
+    using Resources = Reply<xcb_randr_get_screen_resources_current_reply_t>;
 
-    DisplayServer::Kind m_kind;
+    void arrangeOutputs();
+    [[nodiscard]] Resources readResources();
+    void addMode(xcb_randr_output_t output, Size size);
+    void setOutput(const Resources &resources, qsizetype index, const Rect &display);
+    [[nodiscard]] bool isAsWanted(const Resources &resources, qsizetype index);
+    [[nodiscard]] bool serverHasFollowed();
+    [[nodiscard]] bool windowManagerHasFollowed();
+
     XConnection &m_connection;
-    QProcessEnvironment m_environment;
     QList<Rect> m_displays;
     qsizetype m_outputs = 0; ///< that have ever been used; a window manager may turn any of them on
-    QSet<QString> m_modes; ///< "output mode" pairs, and modes alone, that the server knows
+    QMap<std::pair<int, int>, xcb_randr_mode_t> m_modes; ///< by width and height
 };
 
 } // namespace corvane::desktop

@@ -16,10 +16,9 @@ QString entryPath(const PrivateSession &session, const QString &id)
     return u"%1/applications/%2.desktop"_s.arg(session.dataFolder(), id);
 }
 
-// Nothing in our commands needs more than quotes.
-QString quoted(const QStringList &command)
+QString journalPath(const PrivateSession &session, const QString &id)
 {
-    return u'"' + command.join(u"\" \""_s) + u'"';
+    return u"%1/%2.starts"_s.arg(session.folder(), id);
 }
 
 } // namespace
@@ -29,17 +28,22 @@ InstalledApp::InstalledApp(PrivateSession &session, QString id, const QStringLis
 {
     QDir().mkpath(session.dataFolder() + u"/applications"_s);
     QFile entry(entryPath(session, m_id));
+    // Nothing in our commands needs more than quotes.
+    const QString quoted = u'"' + command.join(u"\" \""_s) + u'"';
     if (entry.open(QIODevice::WriteOnly))
         entry.write(u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nStartupWMClass=%1\n"_s
-                        .arg(m_id, quoted(command))
+                        .arg(m_id, quoted)
                         .toUtf8());
 }
 
 std::unique_ptr<InstalledApp> InstalledApp::scripted(
     PrivateSession &session, const QString &id, const QStringList &steps)
 {
-    const QStringList program{QString::fromUtf8(CORVANE_TEST_APP), journal(session, id), id};
-    return std::make_unique<InstalledApp>(session, id, program + steps);
+    // A program of its own, as every application is.
+    const QString program = u"%1/%2"_s.arg(session.folder(), id);
+    QFile::copy(QStringLiteral(CORVANE_TEST_CLIENT), program);
+    const QStringList command{program, u"journal="_s + journalPath(session, id), u"class="_s + id};
+    return std::make_unique<InstalledApp>(session, id, command + steps);
 }
 
 InstalledApp::~InstalledApp()
@@ -49,22 +53,12 @@ InstalledApp::~InstalledApp()
             ::kill(pid, SIGTERM);
     }
     QFile::remove(entryPath(m_session, m_id));
-    QFile::remove(journal(m_session, m_id));
-}
-
-std::unique_ptr<ChildProcess> InstalledApp::start() const
-{
-    return m_session.launch(m_command.first(), m_command.mid(1));
-}
-
-QString InstalledApp::journal(const PrivateSession &session, const QString &id)
-{
-    return u"%1/%2.starts"_s.arg(session.folder(), id);
+    QFile::remove(journalPath(m_session, m_id));
 }
 
 QList<pid_t> InstalledApp::copies() const
 {
-    QFile file(journal(m_session, m_id));
+    QFile file(journalPath(m_session, m_id));
     QList<pid_t> pids;
     if (file.open(QIODevice::ReadOnly)) {
         while (!file.atEnd())

@@ -11,7 +11,7 @@ class InstalledApp
 public:
     /// One that runs this command.
     InstalledApp(PrivateSession &session, QString id, const QStringList &command);
-    /// One that takes these steps (see `ScriptedApp`) whenever it is started.
+    /// One that takes these steps (see ClientMain.cpp) whenever it is started.
     [[nodiscard]] static std::unique_ptr<InstalledApp> scripted(
         PrivateSession &session, const QString &id, const QStringList &steps);
     /// Ends every copy that takes steps.
@@ -20,12 +20,14 @@ public:
 
     [[nodiscard]] const QString &id() const { return m_id; }
     /// Starts it as its entry says.
-    [[nodiscard]] std::unique_ptr<ChildProcess> start() const;
+    [[nodiscard]] std::unique_ptr<ChildProcess> start() const
+    {
+        return m_session.launch(m_command.first(), m_command.mid(1));
+    }
     /// How often one that takes steps has been started, by whomever.
     [[nodiscard]] qsizetype starts() const { return copies().size(); }
 
 private:
-    [[nodiscard]] static QString journal(const PrivateSession &session, const QString &id);
     [[nodiscard]] QList<pid_t> copies() const;
 
     PrivateSession &m_session;

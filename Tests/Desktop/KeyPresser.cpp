@@ -18,13 +18,10 @@ constexpr std::array modifierKeys{
 
 } // namespace
 
-KeyPresser::KeyPresser(XConnection &connection) : m_connection(connection) { }
-
 void KeyPresser::press(const KeyStroke &stroke)
 {
     holdModifiers(stroke);
-    key(stroke.key, true);
-    key(stroke.key, false);
+    tap(stroke.key);
     releaseModifiers(stroke);
 }
 
@@ -41,47 +38,66 @@ bool KeyPresser::holdUntil(
 
 bool KeyPresser::setLock(Lock lock, bool on)
 {
-    if (isLocked(lock) != on) {
-        const Key lockKey = lock == Lock::caps ? Key::capsLock : Key::numLock;
-        key(lockKey, true);
-        key(lockKey, false);
-    }
-    return waitUntil([&] { return isLocked(lock) == on; });
+    const bool isCaps = lock == Lock::caps;
+    const quint16 mask = isCaps ? XCB_MOD_MASK_LOCK : XCB_MOD_MASK_2;
+    const auto isOn = [&] { return (state() & mask) != 0; };
+    if (isOn() != on)
+        tap(isCaps ? Key::capsLock : Key::numLock);
+    return waitUntil([&] { return isOn() == on; });
 }
 
 bool KeyPresser::switchLayout()
 {
     constexpr quint16 groupMask = 0x6000;
     const quint16 before = state() & groupMask;
-    key(Key::menu, true);
-    key(Key::menu, false);
+    tap(Key::menu);
     return waitUntil([&] { return (state() & groupMask) != before; });
-}
-
-void KeyPresser::holdModifiers(const KeyStroke &stroke)
-{
-    for (const auto &[bit, modifier] : modifierKeys) {
-        if (stroke.modifiers & bit)
-            key(modifier, true);
-    }
-    m_connection.sync();
-}
-
-void KeyPresser::releaseModifiers(const KeyStroke &stroke)
-{
-    for (const auto &[bit, modifier] : modifierKeys) {
-        if (stroke.modifiers & bit)
-            key(modifier, false);
-    }
-    m_connection.sync();
 }
 
 void KeyPresser::key(Key key, bool down)
 {
-    xcb_test_fake_input(m_connection.raw(), down ? XCB_KEY_PRESS : XCB_KEY_RELEASE,
-        static_cast<quint8>(static_cast<quint8>(key) + evdevOffset), XCB_CURRENT_TIME,
-        m_connection.root(), 0, 0, 0);
+    send(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, static_cast<quint8>(key) + evdevOffset);
     xcb_flush(m_connection.raw());
+}
+
+void KeyPresser::moveTo(Point point)
+{
+    send(XCB_MOTION_NOTIFY, 0, point);
+    m_connection.sync();
+}
+
+void KeyPresser::button(Button button, bool down)
+{
+    send(down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, static_cast<quint8>(button));
+    m_connection.sync();
+}
+
+void KeyPresser::click(Point point, Button which)
+{
+    moveTo(point);
+    button(which, true);
+    button(which, false);
+}
+
+void KeyPresser::tap(Key which)
+{
+    key(which, true);
+    key(which, false);
+}
+
+void KeyPresser::setModifiers(const KeyStroke &stroke, bool down)
+{
+    for (const auto &[bit, modifier] : modifierKeys) {
+        if (stroke.modifiers & bit)
+            key(modifier, down);
+    }
+    m_connection.sync();
+}
+
+void KeyPresser::send(quint8 event, quint8 detail, Point point)
+{
+    xcb_test_fake_input(m_connection.raw(), event, detail, XCB_CURRENT_TIME, m_connection.root(),
+        static_cast<qint16>(point.x), static_cast<qint16>(point.y), 0);
 }
 
 quint16 KeyPresser::state()
@@ -90,11 +106,6 @@ quint16 KeyPresser::state()
     const Reply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(m_connection.raw(), cookie, nullptr));
     return pointer ? pointer->mask : quint16(0);
-}
-
-bool KeyPresser::isLocked(Lock lock)
-{
-    return state() & (lock == Lock::caps ? XCB_MOD_MASK_LOCK : XCB_MOD_MASK_2);
 }
 
 } // namespace corvane::desktop

@@ -1,6 +1,6 @@
 #include "PrivateSession.h"
 
-#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 
@@ -31,14 +31,15 @@ PrivateSession::PrivateSession()
 {
     const QString home = folder() + u"/home"_s;
     const QString runtime = folder() + u"/run"_s;
-    for (const QString &path : {home + u"/.config"_s, home + u"/.local/share"_s, runtime})
+    for (const QString &path : {configFolder(), dataFolder(), runtime})
         QDir().mkpath(path);
+    addToHome(QStringLiteral(CORVANE_TEST_HOME));
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     const std::initializer_list<std::pair<QString, QString>> values{
         {markerName, folder()},
         {u"HOME"_s, home},
-        {u"XDG_CONFIG_HOME"_s, home + u"/.config"_s},
-        {u"XDG_DATA_HOME"_s, home + u"/.local/share"_s},
+        {u"XDG_CONFIG_HOME"_s, configFolder()},
+        {u"XDG_DATA_HOME"_s, dataFolder()},
         {u"XDG_CACHE_HOME"_s, home + u"/.cache"_s},
         {u"XDG_RUNTIME_DIR"_s, runtime},
         {u"XDG_SESSION_TYPE"_s, u"x11"_s},
@@ -70,27 +71,24 @@ QString PrivateSession::startBus()
     return m_bus->readLine() ? QString() : u"the session bus did not start:\n%1"_s.arg(logs());
 }
 
-void PrivateSession::setVariable(const QString &name, const QString &value)
+void PrivateSession::addToHome(const QString &source)
 {
-    m_environment.insert(name, value);
+    QDirIterator files(source, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        const QString copy = folder() + u"/home"_s + path.mid(source.size());
+        QDir().mkpath(QFileInfo(copy).path());
+        QFile::remove(copy);
+        QFile::copy(path, copy);
+        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    }
 }
 
-QString PrivateSession::configFolder() const
-{
-    return folder() + u"/home/.config"_s;
-}
-
-QString PrivateSession::dataFolder() const
-{
-    return folder() + u"/home/.local/share"_s;
-}
-
-std::unique_ptr<ChildProcess> PrivateSession::launch(
-    const QString &program, const QStringList &arguments, ChildProcess::Channel channel)
+ChildProcess::Command PrivateSession::command(
+    const QString &program, const QStringList &arguments, ChildProcess::Channel channel) const
 {
     const QString log = u"%1/%2.log"_s.arg(folder(), QFileInfo(program).fileName());
-    return std::make_unique<ChildProcess>(
-        ChildProcess::Command{program, arguments, m_environment, log, channel});
+    return {program, arguments, m_environment, log, channel};
 }
 
 std::unique_ptr<ChildProcess> PrivateSession::launchIdle(const QString &name)

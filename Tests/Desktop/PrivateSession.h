@@ -24,15 +24,32 @@ public:
     /// For programs in this session: bus, display, private folders, quiet toolkits.
     [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
     /// Sets one variable for the programs that are started from now on.
-    void setVariable(const QString &name, const QString &value);
+    void setVariable(const QString &name, const QString &value)
+    {
+        m_environment.insert(name, value);
+    }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    [[nodiscard]] QString configFolder() const;
-    [[nodiscard]] QString dataFolder() const;
+    [[nodiscard]] QString configFolder() const
+    {
+        return folder() + QStringLiteral("/home/.config");
+    }
+    [[nodiscard]] QString dataFolder() const
+    {
+        return folder() + QStringLiteral("/home/.local/share");
+    }
+    /// Puts copies of the folder's files into the home; those of the window managers are there already.
+    void addToHome(const QString &source);
 
-    /// Starts a program; its output goes to "<program>.log" in the session's folder.
+    /// Of a program in this session; its output goes to "<program>.log" in the session's folder.
+    [[nodiscard]] ChildProcess::Command command(const QString &program,
+        const QStringList &arguments = {},
+        ChildProcess::Channel channel = ChildProcess::Channel::log) const;
     [[nodiscard]] std::unique_ptr<ChildProcess> launch(const QString &program,
         const QStringList &arguments = {},
-        ChildProcess::Channel channel = ChildProcess::Channel::log);
+        ChildProcess::Channel channel = ChildProcess::Channel::log) const
+    {
+        return std::make_unique<ChildProcess>(command(program, arguments, channel));
+    }
     /// Starts a program of this name that does nothing until it is asked to end.
     [[nodiscard]] std::unique_ptr<ChildProcess> launchIdle(const QString &name);
     /// Runs a program to its end. Whether it exited with 0.

@@ -6,10 +6,10 @@
 namespace corvane::desktop {
 
 /// An application of ours, a process of its own, which opens any kind of window on request.
-class TestClient
+class TestClient : public ChildProcess
 {
 public:
-    explicit TestClient(VirtualDesktop &desktop);
+    explicit TestClient(VirtualDesktop &desktop) : TestClient(desktop, desktop.connection()) { }
     TestClient(PrivateSession &session, XConnection &connection);
 
     /// The number of the new window, once the server knows it; 0 when the client did not answer.
@@ -17,24 +17,16 @@ public:
     /// As `open`, and waits until the window manager shows the window and has put it at rest.
     [[nodiscard]] xcb_window_t show(const WindowRequest &request);
     void close(xcb_window_t window);
-    void setHints(xcb_window_t window, const WindowRequest::SizeHints &hints);
 
     /// Opens and closes windows at this rate until it has opened `count`; returns at once.
     void beginChurn(int perSecond, int count);
     /// How many windows the churn has opened, once it is over.
     [[nodiscard]] int finishChurn(Milliseconds deadline);
 
-    [[nodiscard]] pid_t pid() const { return m_process->pid(); }
-    [[nodiscard]] bool isRunning() { return m_process->isRunning(); }
-    /// The application hangs from here until `resume`.
-    void suspend() { m_process->suspend(); }
-    void resume() { m_process->resume(); }
-
 private:
-    QJsonObject ask(const QJsonObject &request, Milliseconds deadline = patience);
+    quint32 answer(Milliseconds deadline = patience);
 
     XConnection &m_connection;
-    std::unique_ptr<ChildProcess> m_process;
 };
 
 } // namespace corvane::desktop

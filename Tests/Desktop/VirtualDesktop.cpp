@@ -4,26 +4,14 @@ namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QSize boundsOf(const QList<Rect> &displays)
-{
-    QSize size(0, 0);
-    for (const Rect &display : displays)
-        size =
-            size.expandedTo({static_cast<int>(display.maxX()), static_cast<int>(display.maxY())});
-    return size;
-}
-
-} // namespace
-
 expected<std::unique_ptr<VirtualDesktop>, QString> VirtualDesktop::start(const Options &options)
 {
     std::unique_ptr<VirtualDesktop> desktop(new VirtualDesktop);
-    if (const QString error = desktop->startServer(options); !error.isEmpty())
-        return unexpected<QString>(error);
-    if (const QString error = desktop->startBus(); !error.isEmpty())
-        return unexpected<QString>(error);
+    QString error = desktop->startServer(options.without);
+    if (error.isEmpty())
+        error = desktop->prepare(options);
+    if (!error.isEmpty())
+        return unexpected<QString>(u"%1:\n%2"_s.arg(error, desktop->logs()));
     return desktop;
 }
 
@@ -40,21 +28,36 @@ bool VirtualDesktop::setKeyboardLayouts(const QString &layouts)
             u"grp:menu_toggle"_s});
 }
 
-QString VirtualDesktop::startServer(const Options &options)
+QString VirtualDesktop::startServer(const QStringList &withoutExtensions)
 {
-    auto server = DisplayServer::start(
-        options.server, folder(), environment(), boundsOf(options.displays), options.without);
-    if (!server)
-        return server.error();
-    m_server = std::move(*server);
-    setVariable(u"DISPLAY"_s, displayName());
+    // The server chooses its number itself ("-displayfd"), so that no other one can take it meanwhile.
+    QStringList arguments{u"-displayfd"_s, u"1"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s,
+        u"-novtswitch"_s, u"-sharevts"_s, u"-config"_s, QStringLiteral(CORVANE_TEST_SERVER),
+        u"-logfile"_s, folder() + u"/server.log"_s};
+    for (const QString &extension : withoutExtensions)
+        arguments << u"-extension"_s << extension;
+    // Past Debian's wrapper, which lets only a console's user start a server.
+    const QString direct = u"/usr/lib/xorg/Xorg"_s;
+    m_server =
+        launch(QFile::exists(direct) ? direct : u"Xorg"_s, arguments, ChildProcess::Channel::pipes);
+    const auto number = m_server->readLine(Milliseconds{20000});
+    if (!number)
+        return u"the X server did not start"_s;
+    setVariable(displayVariable, u':' + QString::fromLatin1(number->trimmed()));
     m_connection = std::make_unique<XConnection>(displayName());
-    if (!m_connection->isValid())
-        return u"the X server on %1 takes no connection"_s.arg(displayName());
-    m_displays = std::make_unique<DisplayArranger>(options.server, *m_connection, environment());
+    return m_connection->isValid() ? QString() : u"the X server takes no connection"_s;
+}
+
+QString VirtualDesktop::prepare(const Options &options)
+{
+    if (const QString error = startBus(); !error.isEmpty())
+        return error;
+    if (!setKeyboardLayouts(u"us"_s))
+        return u"setxkbmap failed"_s;
+    m_displays = std::make_unique<DisplayArranger>(*m_connection);
     if (!options.without.contains(u"RANDR"_s) && !m_displays->arrange(options.displays))
         return u"the X server did not take the displays"_s;
-    return setKeyboardLayouts(u"us"_s) ? QString() : u"setxkbmap failed:\n%1"_s.arg(logs());
+    return {};
 }
 
 } // namespace corvane::desktop

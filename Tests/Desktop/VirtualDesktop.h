@@ -1,29 +1,28 @@
 #pragma once
 
 #include "DisplayArranger.h"
-#include "DisplayServer.h"
 #include "PrivateSession.h"
 #include "WindowProbe.h"
 #include "XConnection.h"
 
 namespace corvane::desktop {
 
-/// A private session on an X server with displays.
+/// A private session on an X server without hardware (Xorg's dummy driver): its displays come and go
+/// as real ones do.
 class VirtualDesktop : public PrivateSession
 {
 public:
     struct Options {
-        DisplayServer::Kind server = DisplayServer::Kind::hotplug;
         QList<Rect> displays{{0, 0, 1920, 1080}};
-        QStringList without{}; ///< extensions; a framebuffer without RANDR has one display
+        QStringList without{}; ///< extensions; without RANDR there is one display of 1920 × 1080
     };
 
     /// The error is a sentence.
     [[nodiscard]] static expected<std::unique_ptr<VirtualDesktop>, QString> start(
         const Options &options);
 
-    [[nodiscard]] QString displayName() const { return m_server->displayName(); }
-    [[nodiscard]] DisplayServer &server() { return *m_server; }
+    [[nodiscard]] QString displayName() const { return environment().value(displayVariable); }
+    [[nodiscard]] ChildProcess &server() { return *m_server; }
     [[nodiscard]] XConnection &connection() { return *m_connection; }
     [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
 
@@ -35,10 +34,13 @@ public:
     [[nodiscard]] bool setKeyboardLayouts(const QString &layouts);
 
 private:
-    VirtualDesktop() = default;
-    [[nodiscard]] QString startServer(const Options &options);
+    static constexpr QLatin1StringView displayVariable{"DISPLAY"};
 
-    std::unique_ptr<DisplayServer> m_server;
+    VirtualDesktop() = default;
+    [[nodiscard]] QString startServer(const QStringList &withoutExtensions);
+    [[nodiscard]] QString prepare(const Options &options);
+
+    std::unique_ptr<ChildProcess> m_server;
     std::unique_ptr<XConnection> m_connection;
     std::unique_ptr<DisplayArranger> m_displays;
 };

@@ -1,11 +1,7 @@
 #include "WindowManagerProcess.h"
 
-#include "WindowManagerFiles.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-
 #include <algorithm>
+#include <array>
 
 namespace corvane::desktop {
 
@@ -13,27 +9,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const WindowManagerFiles *filesOf(const QString &name)
-{
-    const auto &list = WindowManagerFiles::all();
-    const auto found = std::ranges::find(list, name, &WindowManagerFiles::name);
-    return found == list.end() ? nullptr : &*found;
-}
+struct Row {
+    QLatin1StringView name; ///< what `WindowManagerProcess` is asked for
+    const char *command; ///< "~" stands for the private home
+    QLatin1StringView announcedName; ///< begins the name on its supporting window
+    bool canReplace = true;
+};
 
-void writeFiles(const WindowManagerFiles &manager, const QString &folder)
-{
-    for (const auto &[path, text] : manager.files) {
-        QFile file(folder + u'/' + path);
-        QDir().mkpath(QFileInfo(file.fileName()).path());
-        if (file.open(QIODevice::WriteOnly))
-            file.write(QByteArray(text).replace("%1", folder.toLocal8Bit()));
-    }
-}
+constexpr std::array table{
+    Row{"openbox"_L1, "openbox --sm-disable", "Openbox"_L1},
+    Row{"xfwm4"_L1, "xfwm4 --compositor=off", "Xfwm4"_L1},
+    Row{"marco"_L1, "marco --no-composite --sm-disable", "Metacity (Marco)"_L1},
+    Row{"metacity"_L1, "metacity --sm-disable", "Metacity"_L1},
+    Row{"mutter"_L1, "mutter --x11 --sm-disable", "Mutter"_L1},
+    Row{"kwin_x11"_L1, "kwin_x11", "KWin"_L1},
+    Row{"icewm"_L1, "icewm", "IceWM"_L1},
+    Row{"fluxbox"_L1, "fluxbox", "Fluxbox"_L1, false},
+    Row{"fluxbox-tray"_L1, "fluxbox -rc ~/.fluxbox/init-tray", "Fluxbox"_L1, false},
+    Row{"i3"_L1, "i3", "i3"_L1},
+};
 
-QStringList argumentsOf(const WindowManagerFiles &manager, const QString &folder)
+const Row *rowOf(const QString &name)
 {
-    QStringList arguments = manager.arguments;
-    return arguments.replaceInStrings(u"%1"_s, folder);
+    const auto *row = std::ranges::find(table, name, &Row::name);
+    return row == table.end() ? nullptr : row;
 }
 
 // A window manager announces itself a moment before it looks after new windows.
@@ -61,28 +60,26 @@ bool adoptsWindows(XConnection &connection)
 expected<std::unique_ptr<WindowManagerProcess>, QString> WindowManagerProcess::start(
     VirtualDesktop &desktop, const QString &name, Takeover takeover)
 {
-    const WindowManagerFiles *manager = filesOf(name);
-    if (!manager)
+    const Row *row = rowOf(name);
+    if (!row)
         return unexpected<QString>(u"no window manager is called \"%1\""_s.arg(name));
-    writeFiles(*manager, desktop.configFolder());
-    QStringList arguments = argumentsOf(*manager, desktop.configFolder());
-    if (takeover == Takeover::replace)
-        arguments << manager->replaceFlag;
-    std::unique_ptr<WindowManagerProcess> process(new WindowManagerProcess(desktop, name));
-    WindowProbe probe(desktop.connection());
+    QStringList command =
+        QString::fromLatin1(row->command).replace(u'~', desktop.folder() + u"/home"_s).split(u' ');
+    const bool replaces = takeover == Takeover::replace;
+    if (replaces)
+        command << u"--replace"_s;
+    XConnection &connection = desktop.connection();
     const auto announced = [&] {
-        return desktop.connection().numbers(
-            desktop.connection().root(), "_NET_SUPPORTING_WM_CHECK");
+        return connection.numbers(connection.root(), "_NET_SUPPORTING_WM_CHECK");
     };
-    const QList<quint32> before = takeover == Takeover::replace ? announced() : QList<quint32>();
-    process->m_process = desktop.launch(manager->program, arguments);
-    const bool up = waitUntil(
-        [&] {
-            return announced() != before
-                && probe.windowManagerName().startsWith(manager->announcedName);
-        },
-        Milliseconds{30000});
-    if (up && adoptsWindows(desktop.connection()))
+    const QList<quint32> before = replaces ? announced() : QList<quint32>();
+    std::unique_ptr<WindowManagerProcess> process(
+        new WindowManagerProcess(desktop, name, desktop.command(command.first(), command.mid(1))));
+    const auto isUp = [&] {
+        return announced() != before
+            && WindowProbe(connection).windowManagerName().startsWith(row->announcedName);
+    };
+    if (waitUntil(isUp, Milliseconds{30000}) && adoptsWindows(connection))
         return process;
     return unexpected<QString>(
         u"%1 did not take over the windows:\n%2"_s.arg(name, desktop.logs()));
@@ -91,36 +88,21 @@ expected<std::unique_ptr<WindowManagerProcess>, QString> WindowManagerProcess::s
 QStringList WindowManagerProcess::names()
 {
     QStringList names;
-    for (const WindowManagerFiles &manager : WindowManagerFiles::all())
-        names << manager.name;
+    for (const Row &row : table)
+        names << row.name;
     return names;
 }
 
 bool WindowManagerProcess::canReplace(const QString &name)
 {
-    const WindowManagerFiles *manager = filesOf(name);
-    return manager && !manager->replaceFlag.isEmpty();
+    const Row *row = rowOf(name);
+    return row && row->canReplace;
 }
 
-WindowManagerProcess::WindowManagerProcess(VirtualDesktop &desktop, QString name)
-    : m_desktop(desktop), m_name(std::move(name))
+void WindowManagerProcess::awaitItsEnd()
 {
-}
-
-WindowManagerProcess::~WindowManagerProcess() = default;
-
-void WindowManagerProcess::stop()
-{
-    m_process->stop();
-    static_cast<void>(waitUntil(
-        [this] { return WindowProbe(m_desktop.connection()).windowManagerName().isEmpty(); }));
-}
-
-void WindowManagerProcess::crash()
-{
-    m_process->kill();
-    static_cast<void>(waitUntil(
-        [this] { return WindowProbe(m_desktop.connection()).windowManagerName().isEmpty(); }));
+    WindowProbe probe(m_desktop.connection());
+    static_cast<void>(waitUntil([&] { return probe.windowManagerName().isEmpty(); }));
 }
 
 } // namespace corvane::desktop

@@ -1,11 +1,24 @@
 #include "WindowProbe.h"
 
 #include <algorithm>
-#include <xcb/randr.h>
 
 namespace corvane::desktop {
 
 namespace {
+
+using Attributes = Reply<xcb_get_window_attributes_reply_t>;
+using Tree = Reply<xcb_query_tree_reply_t>;
+
+Attributes attributesOf(xcb_connection_t *raw, xcb_window_t window)
+{
+    const auto cookie = xcb_get_window_attributes(raw, window);
+    return Attributes(xcb_get_window_attributes_reply(raw, cookie, nullptr));
+}
+
+Tree treeOf(xcb_connection_t *raw, xcb_window_t window)
+{
+    return Tree(xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
+}
 
 // left, right, top, bottom
 Rect grown(const Rect &rect, const QList<quint32> &edges, int sign)
@@ -19,7 +32,18 @@ Rect grown(const Rect &rect, const QList<quint32> &edges, int sign)
 
 } // namespace
 
-WindowProbe::WindowProbe(XConnection &connection) : m_connection(connection) { }
+QByteArray pixelsOn(XConnection &connection, const Rect &area)
+{
+    const auto cookie = xcb_get_image(connection.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP,
+        connection.root(), static_cast<qint16>(area.x), static_cast<qint16>(area.y),
+        static_cast<quint16>(area.width), static_cast<quint16>(area.height), ~0u);
+    const Reply<xcb_get_image_reply_t> image(
+        xcb_get_image_reply(connection.raw(), cookie, nullptr));
+    if (!image)
+        return {};
+    const auto *bytes = reinterpret_cast<const char *>(xcb_get_image_data(image.get()));
+    return {bytes, xcb_get_image_data_length(image.get())};
+}
 
 std::optional<Rect> WindowProbe::visibleFrame(xcb_window_t window)
 {
@@ -29,7 +53,7 @@ std::optional<Rect> WindowProbe::visibleFrame(xcb_window_t window)
     // i3 alone publishes no extents; its parent windows are the frames that one sees.
     if (windowManagerName() == u"i3") {
         const auto frame = topLevelOf(window);
-        return frame ? onRoot(*frame) : std::nullopt;
+        return frame ? clientGeometry(*frame) : std::nullopt;
     }
     const QList<quint32> decorations = m_connection.numbers(window, "_NET_FRAME_EXTENTS");
     const QList<quint32> shadows = m_connection.numbers(window, "_GTK_FRAME_EXTENTS");
@@ -38,56 +62,23 @@ std::optional<Rect> WindowProbe::visibleFrame(xcb_window_t window)
 
 std::optional<Rect> WindowProbe::clientGeometry(xcb_window_t window)
 {
-    return onRoot(window);
-}
-
-std::optional<Rect> WindowProbe::settledFrame(xcb_window_t window)
-{
-    return settled([&] { return visibleFrame(window); });
-}
-
-bool WindowProbe::waitForFrame(xcb_window_t window, const Rect &frame, Milliseconds deadline)
-{
-    return waitUntil([&] { return visibleFrame(window) == frame; }, deadline);
-}
-
-bool WindowProbe::hasState(xcb_window_t window, const QByteArray &state)
-{
-    return m_connection.numbers(window, "_NET_WM_STATE").contains(m_connection.atom(state));
-}
-
-bool WindowProbe::isMinimized(xcb_window_t window)
-{
-    constexpr quint32 iconicState = 3;
-    return m_connection.numbers(window, "WM_STATE").value(0) == iconicState;
+    xcb_connection_t *raw = m_connection.raw();
+    const auto geometryCookie = xcb_get_geometry(raw, window);
+    const auto placeCookie = xcb_translate_coordinates(raw, window, m_connection.root(), 0, 0);
+    const Reply<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(raw, geometryCookie, nullptr));
+    const Reply<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
+    if (!geometry || !place)
+        return std::nullopt;
+    return Rect{double(place->dst_x), double(place->dst_y), double(geometry->width),
+        double(geometry->height)};
 }
 
 bool WindowProbe::isViewable(xcb_window_t window)
 {
-    const auto cookie = xcb_get_window_attributes(m_connection.raw(), window);
-    const Reply<xcb_get_window_attributes_reply_t> reply(
-        xcb_get_window_attributes_reply(m_connection.raw(), cookie, nullptr));
-    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
-bool WindowProbe::isManaged(xcb_window_t window)
-{
-    return clients().contains(window) && isViewable(window);
-}
-
-xcb_window_t WindowProbe::activeWindow()
-{
-    return m_connection.numbers(m_connection.root(), "_NET_ACTIVE_WINDOW").value(0);
-}
-
-QList<xcb_window_t> WindowProbe::clients()
-{
-    return m_connection.numbers(m_connection.root(), "_NET_CLIENT_LIST");
-}
-
-QList<xcb_window_t> WindowProbe::stacking()
-{
-    return m_connection.numbers(m_connection.root(), "_NET_CLIENT_LIST_STACKING");
+    const auto attributes = attributesOf(m_connection.raw(), window);
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 xcb_window_t WindowProbe::waitForWindow(
@@ -106,70 +97,69 @@ xcb_window_t WindowProbe::waitForWindow(
     return found;
 }
 
-bool WindowProbe::hasClass(xcb_window_t window, const QByteArray &name)
+QList<xcb_window_t> WindowProbe::openMenus(pid_t pid)
 {
-    return m_connection.property(window, "WM_CLASS").split('\0').contains(name);
+    QList<xcb_window_t> windows = childrenOf(m_connection.root());
+    windows.removeIf([&](xcb_window_t window) { return !isOpenMenu(window, pid); });
+    return windows;
 }
 
-bool WindowProbe::hasProcess(xcb_window_t window, pid_t pid)
+xcb_window_t WindowProbe::trayIcon(pid_t pid)
 {
-    return m_connection.numbers(window, "_NET_WM_PID").value(0) == static_cast<quint32>(pid);
-}
-
-QList<Rect> WindowProbe::monitors()
-{
-    const auto cookie = xcb_randr_get_monitors(m_connection.raw(), m_connection.root(), 1);
-    const Reply<xcb_randr_get_monitors_reply_t> reply(
-        xcb_randr_get_monitors_reply(m_connection.raw(), cookie, nullptr));
-    QList<Rect> result;
-    if (!reply)
-        return result;
-    for (auto at = xcb_randr_get_monitors_monitors_iterator(reply.get()); at.rem;
-         xcb_randr_monitor_info_next(&at)) {
-        const xcb_randr_monitor_info_t &monitor = *at.data;
-        const Rect frame{static_cast<double>(monitor.x), static_cast<double>(monitor.y),
-            static_cast<double>(monitor.width), static_cast<double>(monitor.height)};
-        result.insert(monitor.primary ? 0 : result.size(), frame);
+    constexpr double largestIcon = 64;
+    const auto isIcon = [&](xcb_window_t window) {
+        const auto place = clientGeometry(window);
+        return hasProcess(window, pid) && isViewable(window) && place && place->width <= largestIcon
+            && place->height <= largestIcon;
+    };
+    QList<xcb_window_t> windows = childrenOf(m_connection.root());
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        if (isIcon(windows[i]))
+            return windows[i];
+        windows << childrenOf(windows[i]);
     }
-    return result;
+    return XCB_WINDOW_NONE;
 }
 
 QString WindowProbe::windowManagerName()
 {
     const char *const check = "_NET_SUPPORTING_WM_CHECK";
-    const quint32 window = m_connection.numbers(m_connection.root(), check).value(0);
+    const quint32 window = onRoot(check).value(0);
     if (!window || m_connection.numbers(window, check).value(0) != window)
         return {};
     return QString::fromUtf8(m_connection.property(window, "_NET_WM_NAME"));
 }
 
-std::optional<Rect> WindowProbe::onRoot(xcb_window_t window)
+QList<xcb_window_t> WindowProbe::childrenOf(xcb_window_t window)
 {
-    xcb_connection_t *raw = m_connection.raw();
-    const auto geometryCookie = xcb_get_geometry(raw, window);
-    const auto placeCookie = xcb_translate_coordinates(raw, window, m_connection.root(), 0, 0);
-    const Reply<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(raw, geometryCookie, nullptr));
-    const Reply<xcb_translate_coordinates_reply_t> place(
-        xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
-    if (!geometry || !place)
-        return std::nullopt;
-    return Rect{static_cast<double>(place->dst_x), static_cast<double>(place->dst_y),
-        static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
+    const auto tree = treeOf(m_connection.raw(), window);
+    if (!tree)
+        return {};
+    const xcb_window_t *first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
 std::optional<xcb_window_t> WindowProbe::topLevelOf(xcb_window_t window)
 {
-    for (;;) {
-        const auto cookie = xcb_query_tree(m_connection.raw(), window);
-        const Reply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(m_connection.raw(), cookie, nullptr));
-        if (!tree)
-            return std::nullopt;
+    while (const auto tree = treeOf(m_connection.raw(), window)) {
         if (tree->parent == m_connection.root() || tree->parent == XCB_WINDOW_NONE)
             return window;
         window = tree->parent;
     }
+    return std::nullopt;
+}
+
+bool WindowProbe::isOpenMenu(xcb_window_t window, pid_t pid)
+{
+    const auto attributes = attributesOf(m_connection.raw(), window);
+    if (!attributes || !attributes->override_redirect
+        || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+        return false;
+    const QList<quint32> types = m_connection.numbers(window, "_NET_WM_WINDOW_TYPE");
+    const bool isTip = types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_TOOLTIP"));
+    // Window managers keep helpers of their own beyond the edge.
+    const bool isOnScreen = clientGeometry(window).value_or(Rect()).maxX() > 0;
+    return isOnScreen && !types.isEmpty() && !isTip && (pid == 0 || hasProcess(window, pid));
 }
 
 } // namespace corvane::desktop

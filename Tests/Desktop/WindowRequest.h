@@ -3,15 +3,13 @@
 #include "Rect.h"
 
 #include <QtCore/QByteArray>
-#include <QtCore/QJsonObject>
 #include <QtCore/QList>
 
-#include <optional>
 #include <xcb/xcb.h>
 
 namespace corvane::desktop {
 
-/// A window that the test client is to open. It travels to the client as one line of JSON.
+/// A window that the test client is to open.
 struct WindowRequest {
     enum class Kind { normal, dialog, utility, dock, desktop, splash, notification, toolbar };
     /// Four edges, in the order in which the properties list them.
@@ -20,6 +18,8 @@ struct WindowRequest {
         int right = 0;
         int top = 0;
         int bottom = 0;
+
+        bool operator==(const Edges &) const = default;
     };
     /// WM_NORMAL_HINTS; zero means that the hint is not given.
     struct SizeHints {
@@ -38,7 +38,6 @@ struct WindowRequest {
     QByteArray className{"CorvaneTestClient"}; ///< and instance
     Kind kind = Kind::normal;
     bool decorated = true; ///< by the window manager
-    bool overrideRedirect = false;
     bool placed = true; ///< asks for its position as a user would
     SizeHints hints{};
     Edges shadow{}; ///< a client-side decorated window's, inside `geometry`
@@ -50,8 +49,8 @@ struct WindowRequest {
     xcb_window_t number =
         XCB_WINDOW_NONE; ///< of one of the client's closed windows, to be used again
 
-    [[nodiscard]] QJsonObject toJson() const;
-    [[nodiscard]] static WindowRequest fromJson(const QJsonObject &object);
+    [[nodiscard]] QByteArray toBytes() const;
+    [[nodiscard]] static WindowRequest fromBytes(const QByteArray &bytes);
 
     /// A panel of the given thickness along one edge of `display` on a desktop of `desk`'s size.
     enum class Side { left, right, top, bottom };

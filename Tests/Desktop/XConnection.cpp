@@ -11,16 +11,6 @@ XConnection::XConnection(const QString &displayName)
         m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
 }
 
-XConnection::~XConnection()
-{
-    xcb_disconnect(m_connection);
-}
-
-bool XConnection::isValid() const
-{
-    return !xcb_connection_has_error(m_connection);
-}
-
 xcb_atom_t XConnection::atom(const QByteArray &name)
 {
     if (const auto known = m_atoms.constFind(name); known != m_atoms.constEnd())
@@ -30,13 +20,6 @@ xcb_atom_t XConnection::atom(const QByteArray &name)
     const Reply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(m_connection, cookie, nullptr));
     return reply ? *m_atoms.insert(name, reply->atom) : 0u;
-}
-
-QByteArray XConnection::atomName(xcb_atom_t atom)
-{
-    const Reply<xcb_get_atom_name_reply_t> reply(
-        xcb_get_atom_name_reply(m_connection, xcb_get_atom_name(m_connection, atom), nullptr));
-    return reply ? QByteArray(xcb_get_atom_name_name(reply.get()), reply->name_len) : QByteArray();
 }
 
 QByteArray XConnection::property(xcb_window_t window, const QByteArray &name)

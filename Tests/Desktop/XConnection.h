@@ -23,16 +23,15 @@ class XConnection
 {
 public:
     explicit XConnection(const QString &displayName);
-    ~XConnection();
+    ~XConnection() { xcb_disconnect(m_connection); }
     Q_DISABLE_COPY_MOVE(XConnection)
 
-    [[nodiscard]] bool isValid() const;
+    [[nodiscard]] bool isValid() const { return !xcb_connection_has_error(m_connection); }
     [[nodiscard]] xcb_connection_t *raw() const { return m_connection; }
     [[nodiscard]] const xcb_screen_t &screen() const { return *m_screen; }
     [[nodiscard]] xcb_window_t root() const { return m_screen->root; }
 
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
-    [[nodiscard]] QByteArray atomName(xcb_atom_t atom);
     /// The property's bytes, whatever its type; empty when it is absent.
     [[nodiscard]] QByteArray property(xcb_window_t window, const QByteArray &name);
     [[nodiscard]] QList<quint32> numbers(xcb_window_t window, const QByteArray &name);

@@ -1,9 +1,10 @@
 #include "ApplicationMatch.h"
 #include "EntryFolders.h"
 
-#include <QtCore/QFile>
+#include <gtest/gtest.h>
 
-#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace corvane::freedesktop {
 
@@ -11,201 +12,177 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ApplicationMatchTests : public testing::Test
-{
-protected:
+/// An entry comes, and from then on this is the application.
+struct Step {
+    QString id;
+    QByteArray keys;
+    QString found;
+};
+
+struct ApplicationMatchTests : testing::Test {
     EntryFolders folders;
     DesktopEntries entries;
-    ApplicationTraces traces{7, {}, {}, {}};
+    const ProcessFiles processes{folders.path(u"proc"_s)};
 
-    /// The id that was found; empty when none was.
-    QString found()
+    void expectSteps(const ApplicationTraces &traces, std::initializer_list<Step> steps)
     {
-        const auto entry = findApplication(entries, traces, ProcessFiles(folders.path(u"proc"_s)));
-        return entry ? entry->id : QString();
-    }
-    void setSandbox(const QByteArray &name)
-    {
-        folders.writeFile(u"proc/7/root/.flatpak-info"_s, "[Application]\nname=" + name + '\n');
-    }
-    void setProgram(const QString &executable, const QByteArray &arguments = {})
-    {
-        folders.writeFile(u"proc/7/cmdline"_s, arguments);
-        QFile::remove(folders.path(u"proc/7/exe"_s));
-        QFile::link(executable, folders.path(u"proc/7/exe"_s));
+        for (const auto &[id, keys, expected] : steps) {
+            // A file written anew in place is not noticed at once.
+            folders.remove(id);
+            EXPECT_FALSE(entries.entry(id));
+            folders.install(id, keys);
+            const auto found = findApplication(entries, traces, processes);
+            EXPECT_EQ(found ? found->id : QString(), expected) << qPrintable(id);
+        }
     }
 };
 
 } // namespace
 
-TEST_F(ApplicationMatchTests, theSurestSignDecides)
+TEST_F(ApplicationMatchTests, theSurestSignThatHasAnEntryDecides)
 {
-    const QString program = folders.addProgram(u"app-program"_s);
-    folders.install(u"org.example.Program"_s, "Exec=app-program %U");
-    folders.install(u"org.example.AppClass"_s);
-    folders.install(u"appclass"_s);
-    folders.install(u"org.example.Announced"_s, "StartupWMClass=AppClass");
-    folders.install(u"org.example.Sandboxed"_s);
-    folders.install(u"org.example.Published"_s);
+    folders.runProgram(folders.addProgram(u"program"_s), "program");
+    folders.write(u"proc/7/root/.flatpak-info"_s, "[Application]\nname=org.example.Sandboxed\n");
 
-    setProgram(program);
-    EXPECT_EQ(found(), u"org.example.Program");
-    traces.className = u"AppClass"_s;
-    EXPECT_EQ(found(), u"org.example.Announced");
-    folders.remove(u"org.example.Announced"_s);
-    EXPECT_EQ(found(), u"appclass");
-    folders.remove(u"appclass"_s);
-    EXPECT_EQ(found(), u"org.example.AppClass");
-    setSandbox("org.example.Sandboxed");
-    EXPECT_EQ(found(), u"org.example.Sandboxed");
-    traces.publishedId = u"org.example.Published"_s;
-    EXPECT_EQ(found(), u"org.example.Published");
-}
-
-TEST_F(ApplicationMatchTests, aPublishedIdMayBeAFileOrAPath)
-{
-    folders.install(u"org.example.App"_s);
-
-    for (const QString &published : {u"org.example.App"_s, u"org.example.App.desktop"_s,
-             u"/usr/share/applications/org.example.App.desktop"_s}) {
-        traces.publishedId = published;
-        EXPECT_EQ(found(), u"org.example.App") << qPrintable(published);
-    }
-}
-
-TEST_F(ApplicationMatchTests, aPublishedIdOrSandboxWithoutAnEntryGivesWay)
-{
-    folders.install(u"app"_s);
-    traces = {7, u"org.example.Uninstalled"_s, u"App"_s, u"app"_s};
-    setSandbox("org.example.Elsewhere");
-
-    EXPECT_EQ(found(), u"app");
-    folders.remove(u"app"_s);
-    EXPECT_EQ(found(), QString());
-}
-
-TEST_F(ApplicationMatchTests, aSandboxWithSeveralEntriesIsToldApartByTheClass)
-{
-    folders.install(u"org.example.Office"_s);
-    folders.install(u"org.example.Office.writer"_s, "StartupWMClass=office-writer");
-    folders.install(u"other"_s, "StartupWMClass=office-draw");
-    setSandbox("org.example.Office");
-
-    traces.className = u"office-writer"_s;
-    EXPECT_EQ(found(), u"org.example.Office.writer");
-    traces.className = u"office-draw"_s;
-    EXPECT_EQ(found(), u"org.example.Office");
-}
-
-TEST_F(ApplicationMatchTests, anEntryOfASnapNeedNotBearThePackagesName)
-{
-    folders.writeFile(u"proc/7/environ"_s, "SNAP_INSTANCE_NAME=office");
-    folders.install(u"office_write"_s);
-    EXPECT_EQ(found(), u"office_write");
-
-    folders.install(u"office_calc"_s);
-    EXPECT_EQ(found(), QString());
-
-    folders.install(u"office_office"_s);
-    EXPECT_EQ(found(), u"office_office");
+    expectSteps({7, u"/usr/org.example.Published.desktop"_s, u"AppClass"_s, {}},
+        {{u"other"_s, "StartupWMClass=Other", {}}, {u"runs"_s, "Exec=program %U", u"runs"_s},
+            {u"org.example.AppClass"_s, {}, u"org.example.AppClass"_s},
+            {u"appclass"_s, {}, u"appclass"_s},
+            {u"announced"_s, "StartupWMClass=AppClass", u"announced"_s},
+            {u"org.example.Sandboxed"_s, {}, u"org.example.Sandboxed"_s},
+            {u"org.example.Sandboxed.part"_s, "StartupWMClass=AppClass",
+                u"org.example.Sandboxed.part"_s},
+            {u"org.example.Published"_s, {}, u"org.example.Published"_s}});
 }
 
 TEST_F(ApplicationMatchTests, oneOfSeveralEntriesThatAnnounceAClassIsChosen)
 {
-    traces = {7, {}, u"Browser"_s, u"site-instance"_s};
-    folders.install(u"a.hidden"_s, "StartupWMClass=Browser\nNoDisplay=true");
-    EXPECT_EQ(found(), u"a.hidden");
-    folders.install(u"c.offered"_s, "StartupWMClass=Browser");
-    EXPECT_EQ(found(), u"c.offered");
-    folders.install(u"b.offered"_s, "StartupWMClass=Browser");
-    EXPECT_EQ(found(), u"b.offered");
-    folders.install(u"browser"_s, "StartupWMClass=Browser");
-    EXPECT_EQ(found(), u"browser");
-    folders.install(u"site"_s, "StartupWMClass=site-instance");
-    EXPECT_EQ(found(), u"site");
+    expectSteps({7, {}, u"Browser"_s, u"site-instance"_s},
+        {{u"a.hidden"_s, "StartupWMClass=Browser\nNoDisplay=true", u"a.hidden"_s},
+            {u"c.offered"_s, "StartupWMClass=Browser", u"c.offered"_s},
+            {u"b.offered"_s, "StartupWMClass=Browser", u"b.offered"_s},
+            {u"browser"_s, "StartupWMClass=Browser", u"browser"_s},
+            {u"site"_s, "StartupWMClass=site-instance", u"site"_s}});
 }
 
-TEST_F(ApplicationMatchTests, theEndOfAnIdCountsOnlyWhereItIsTheOnlyOne)
+TEST_F(ApplicationMatchTests, anUncertainSignCountsOnlyWhereItIsTheOnlyOne)
 {
-    traces = {7, {}, u"Texteditor"_s, u"window"_s};
-    folders.install(u"org.one.TextEditor"_s);
-    folders.install(u"org.one.OtherTextEditor"_s);
-    EXPECT_EQ(found(), u"org.one.TextEditor");
-
-    folders.install(u"org.two.TextEditor"_s, "NoDisplay=true");
-    EXPECT_EQ(found(), u"org.one.TextEditor");
-
-    // A file written anew in place is not noticed at once.
-    folders.remove(u"org.two.TextEditor"_s);
-    folders.install(u"org.two.TextEditor"_s);
-    EXPECT_EQ(found(), QString());
+    folders.runProgram(folders.addProgram(u"suite"_s), "suite");
+    expectSteps({7, {}, {}, {}},
+        {{u"org.example.Shell"_s, "Exec=sh -c suite", {}},
+            {u"org.example.Write"_s, "Exec=suite --write", u"org.example.Write"_s},
+            {u"org.example.Draw"_s, "Exec=suite --draw", {}},
+            {u"org.example.Draw"_s, "Exec=suite --draw\nNoDisplay=true", u"org.example.Write"_s}});
+    folders.runProgram(u"/bin/sh"_s, "sh");
+    expectSteps({7, {}, {}, {}}, {{u"org.example.Shell"_s, "Exec=sh -c suite", {}}});
+    expectSteps({7, {}, u"Texteditor"_s, u"window"_s},
+        {{u"org.one.TextEditor"_s, {}, u"org.one.TextEditor"_s},
+            {u"org.one.OtherTextEditor"_s, {}, u"org.one.TextEditor"_s},
+            {u"org.two.TextEditor"_s, "NoDisplay=true", u"org.one.TextEditor"_s},
+            {u"org.two.TextEditor"_s, {}, {}}});
+    folders.write(u"proc/7/environ"_s, "SNAP_INSTANCE_NAME=office");
+    expectSteps({7, {}, {}, {}},
+        {{u"office_write"_s, {}, u"office_write"_s}, {u"office_calc"_s, {}, {}},
+            {u"office_office"_s, {}, u"office_office"_s}});
 }
 
-TEST_F(ApplicationMatchTests, aProgramIsFoundThroughLinksAndScripts)
+TEST_F(ApplicationMatchTests, aProgramIsFoundThroughLinksScriptsAndJavaNames)
 {
-    const QString program = folders.addProgram(u"app.real"_s);
-    QFile::link(program, folders.path(u"bin/app"_s));
-    folders.install(u"org.example.Linked"_s, "Exec=app %U");
-    folders.install(u"org.example.Wrapped"_s, "Exec=/opt/start/wrapped");
-    folders.install(u"org.example.Script"_s, "Exec=env A=b script");
-    folders.install(u"org.example.Tried"_s, "Exec=sh -c tried\nTryExec=tried");
+    const QString linked = folders.addProgram(u"app.real"_s);
+    QFile::link(linked, folders.path(u"bin/app"_s));
     const QByteArray script = folders.addProgram(u"script"_s).toLocal8Bit();
     const QString tried = folders.addProgram(u"tried"_s);
-
-    setProgram(program);
-    EXPECT_EQ(found(), u"org.example.Linked");
-    setProgram(u"/opt/lib/wrapped"_s);
-    EXPECT_EQ(found(), u"org.example.Wrapped");
-    setProgram(u"/usr/bin/python3.11"_s, QByteArray("python3\0", 8) + script);
-    EXPECT_EQ(found(), u"org.example.Script");
-    setProgram(tried);
-    EXPECT_EQ(found(), u"org.example.Tried");
-}
-
-TEST_F(ApplicationMatchTests, aJavaProgramIsNamedByTheLastPartOfItsClassOrByItsCommandLine)
-{
+    for (const auto &[id, keys] : {std::pair(u"linked"_s, "Exec=app %U"),
+             {u"wrapped"_s, "Exec=/opt/start/wrapper"}, {u"scripted"_s, "Exec=env A=b script"},
+             {u"trying"_s, "Exec=sh -c tried\nTryExec=tried"}, {u"jedit"_s, ""},
+             {u"terminal"_s, ""}, {u"archive"_s, "Exec=java -jar /opt/archive/Archive.jar %U"}})
+        folders.install(id, keys);
     struct Case {
-        QString className;
+        QString program;
         QByteArray arguments;
         QString id;
-        QString plain;
+        QString className{};
+        QString plain{};
     };
-    folders.install(u"jedit"_s);
-    folders.install(u"terminal"_s);
-    folders.install(u"org.example.Archive"_s, "Exec=java -jar /opt/archive/Archive.jar %U");
     const QString swing = u"sun-awt-X11-XFramePeer"_s;
     const QString jEdit = u"org-gjt-sp-jedit-jEdit"_s;
-    for (const auto &[className, arguments, id, plain] : {Case{jEdit, {}, u"jedit"_s, jEdit},
-             Case{swing, "-jar /usr/share/jedit/jedit.jar", u"jedit"_s, u"jedit"_s},
-             Case{swing, "-cp a.jar:b.jar org.gjt.sp.jEdit", u"jedit"_s, u"jEdit"_s},
-             Case{swing, "-jar /opt/Archive.jar", u"org.example.Archive"_s, u"Archive"_s},
-             Case{swing, "-cp a.jar org.foo.Bar", {}, u"Bar"_s}, Case{swing, {}, {}, swing},
-             Case{u"gnome-terminal"_s, {}, {}, u"gnome-terminal"_s}}) {
-        SCOPED_TRACE(arguments.constData());
-        traces = {7, {}, className, swing};
-        setProgram(u"/usr/lib/jvm/bin/java"_s, ("java " + arguments).split(' ').join('\0'));
+    const QString terminal = u"gnome-terminal"_s;
+    const QString java = u"/usr/lib/jvm/bin/java"_s;
+    for (const auto &[program, arguments, id, className, plain] :
+        {Case{linked, "app", u"linked"_s}, Case{u"/opt/lib/wrapper"_s, "w", u"wrapped"_s},
+            Case{u"/usr/bin/python3.11"_s, "python3 " + script, u"scripted"_s},
+            Case{tried, "tried", u"trying"_s}, Case{java, "java", u"jedit"_s, jEdit, jEdit},
+            Case{java, "java -jar /usr/share/jedit/jedit.jar", u"jedit"_s, swing, u"jedit"_s},
+            Case{java, "java -cp a.jar:b.jar org.gjt.sp.jEdit", u"jedit"_s, swing, u"jEdit"_s},
+            Case{java, "java -jar /opt/Archive.jar", u"archive"_s, swing, u"Archive"_s},
+            Case{java, "java -cp a.jar org.foo.Bar", {}, swing, u"Bar"_s},
+            Case{java, "java", {}, swing, swing}, Case{java, "java", {}, terminal, terminal}}) {
+        folders.runProgram(program, arguments);
+        const ApplicationTraces traces{7, {}, className, className.isEmpty() ? QString() : swing};
 
-        EXPECT_EQ(found(), id);
-        EXPECT_EQ(plainName(traces, ProcessFiles(folders.path(u"proc"_s))), plain);
+        const auto found = findApplication(entries, traces, processes);
+
+        EXPECT_EQ(found ? found->id : QString(), id) << arguments.constData();
+        EXPECT_TRUE(plain.isEmpty() || plainName(traces, processes) == plain)
+            << arguments.constData();
     }
 }
 
-TEST_F(ApplicationMatchTests, aProgramOfSeveralEntriesOrOfManyThingsSaysNothing)
+TEST_F(ApplicationMatchTests, programsLeaveOutWhatOnlyRunsThem)
 {
-    const QString program = folders.addProgram(u"suite"_s);
-    folders.install(u"org.example.Write"_s, "Exec=suite --write");
-    folders.install(u"org.example.Draw"_s, "Exec=suite --draw");
-    folders.install(u"org.example.Shell"_s, "Exec=sh -c something");
+    struct Case {
+        QString executable;
+        QByteArray arguments;
+        QStringList programs;
+    };
+    for (const auto &[executable, arguments, programs] :
+        {Case{u"/usr/bin/app"_s, "app file", {u"/usr/bin/app"_s, u"app"_s}},
+            Case{u"/usr/bin/app (deleted)"_s, "/usr/bin/app", {u"/usr/bin/app"_s}},
+            Case{u"/usr/bin/python3.11"_s, "/usr/bin/python3 -O /usr/bin/app file",
+                {u"/usr/bin/app"_s}},
+            Case{u"/usr/bin/perl"_s, "renamed -w", {u"renamed"_s}}, Case{u"/bin/dash"_s, "sh", {}},
+            Case{u"/jvm/17/bin/java"_s, "java -Xmx1g -jar /usr/jedit.jar file", {u"jedit"_s}},
+            Case{u"/opt/java"_s, "java -cp a.jar:b.jar -Da=b org.foo.Bar file", {u"Bar"_s}},
+            Case{u"/opt/java"_s, "java -classpath a @options Bar", {u"Bar"_s}},
+            Case{u"/opt/java"_s, "java -p lib -m org.foo/org.foo.Bar", {u"Bar"_s}},
+            Case{u"/opt/java"_s, "java -cp a.jar", {}}}) {
+        folders.runProgram(executable, arguments);
+        EXPECT_EQ(processes.programs(7), programs) << arguments.constData();
+    }
+    EXPECT_EQ(processes.programs(8), QStringList());
+    EXPECT_EQ(
+        ProcessFiles().programs(getpid()).value(0), QFile::symLinkTarget(u"/proc/self/exe"_s));
+}
 
-    setProgram(program);
-    EXPECT_EQ(found(), QString());
-    setProgram(u"/bin/sh"_s, QByteArray("sh\0", 3));
-    EXPECT_EQ(found(), QString());
+TEST_F(ApplicationMatchTests, aSandboxNamesItsApplicationInItsOwnWay)
+{
+    const auto sandboxed = [this](pid_t pid) { return processes.sandbox(pid).value_or(Sandbox{}); };
+    const QByteArray info = "[Application]\nname=org.example.App\nruntime=runtime/org/x86_64/1\n";
+    for (const auto &file : {u"proc/7/root/.flatpak-info"_s, u"proc/-7/root/.flatpak-info"_s})
+        folders.write(file, info);
+    EXPECT_EQ(sandboxed(7), (Sandbox{u"org.example.App"_s, u"org.example.App."_s}));
+    EXPECT_EQ(processes.sandbox(-7), std::nullopt); // stands for no process
 
-    folders.install(u"org.example.Draw"_s, "Exec=suite --draw\nNoDisplay=true");
-    folders.install(u"org.example.Other"_s);
-    setProgram(program);
-    EXPECT_EQ(found(), u"org.example.Write");
+    // A pipe or a link in the place of the file is not opened.
+    folders.write(u"proc/8/root/info"_s, info);
+    folders.write(u"proc/9/root/other"_s, {});
+    QFile::link(u"info"_s, folders.path(u"proc/8/root/.flatpak-info"_s));
+    mkfifo(qPrintable(folders.path(u"proc/9/root/.flatpak-info"_s)), 0600);
+    EXPECT_EQ(processes.sandbox(8), std::nullopt);
+    EXPECT_EQ(processes.sandbox(9), std::nullopt);
+
+    const QByteArray uuid = "8d7f3c1e-5a5b-4c6d-9e8f-0123456789ab";
+    for (const auto &[group, entryId] : {std::pair("snap.web.web-" + uuid + ".scope", u"web_web"_s),
+             {"snap.office.write-it-" + uuid + ".scope", u"office_write-it"_s},
+             {"snap.office.calc." + uuid + ".scope", u"office_calc"_s},
+             {"snap.office_two.calc.service", u"office_two_calc"_s}, {"app-snap.scope", {}}}) {
+        folders.write(
+            u"proc/9/cgroup"_s, "1:name=systemd:/user.slice/" + group + "\n0::/app.slice\n");
+        EXPECT_EQ(sandboxed(9).entryId, entryId) << group.constData();
+    }
+    folders.write(
+        u"proc/9/environ"_s, QByteArray("NOT_SNAP_INSTANCE_NAME=no\0SNAP_INSTANCE_NAME=a_b\0", 49));
+    EXPECT_EQ(sandboxed(9), (Sandbox{u"a_b_a_b"_s, u"a_b_"_s}));
 }
 
 } // namespace corvane::freedesktop

@@ -1,9 +1,5 @@
-#include "EntryFolders.h"
+#include "FakeService.h"
 #include "FreedesktopSession.h"
-
-#include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusVirtualObject>
 
 #include <gmock/gmock.h>
 
@@ -13,41 +9,6 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {
-
-/// A service on the session bus that notes every call, and answers when the test says so.
-struct FakeService final : QDBusVirtualObject {
-    FakeService(const QString &name, const QString &path)
-        : bus(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name))
-    {
-        EXPECT_TRUE(bus.registerVirtualObject(path, this) && bus.registerService(name));
-    }
-    ~FakeService() override { QDBusConnection::disconnectFromBus(bus.name()); }
-
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &) override
-    {
-        message.setDelayedReply(true);
-        calls << message;
-        return true;
-    }
-    QString introspect(const QString &) const override { return {}; }
-
-    void answer(qsizetype call, const QVariantList &values)
-    {
-        bus.send(calls[call].createReply(values));
-    }
-    void refuse(qsizetype call) { bus.send(calls[call].createErrorReply(QDBusError::Failed, {})); }
-    bool hears(qsizetype count)
-    {
-        return eventually([&] { return calls.size() >= count; });
-    }
-    QVariant argument(qsizetype call, qsizetype index)
-    {
-        return calls.value(call).arguments().value(index);
-    }
-
-    QDBusConnection bus;
-    QList<QDBusMessage> calls;
-};
 
 struct OpeningSession final : FreedesktopSession {
     using FreedesktopSession::FreedesktopSession;
@@ -65,10 +26,6 @@ struct SessionTests : testing::Test {
     OpeningSession withoutBus{QDBusConnection(u"none"_s)};
 };
 
-struct NotificationTests : SessionTests {
-    FakeService service{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s};
-};
-
 struct LookTests : SessionTests {
     const QString path = u"/org/freedesktop/portal/desktop"_s;
     FakeService portal{u"org.freedesktop.portal.Desktop"_s, path};
@@ -81,52 +38,50 @@ struct LookTests : SessionTests {
         EXPECT_EQ(session.look(), DesktopLook());
         EXPECT_TRUE(portal.hears(1));
     }
-    void change(const QString &key, const QVariant &value,
-        const QString &group = u"org.freedesktop.appearance"_s)
+    struct Change {
+        QString key;
+        QVariant value;
+        QString group = u"org.freedesktop.appearance"_s;
+    };
+    void expectLooks(std::initializer_list<Change> settings, const QList<DesktopLook> &looks)
     {
-        auto signal = QDBusMessage::createSignal(
-            path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-        signal << group << key << QVariant::fromValue(QDBusVariant(value));
-        portal.bus.send(signal);
+        for (const auto &[key, value, group] : settings) {
+            auto signal = QDBusMessage::createSignal(
+                path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+            signal << group << key << QVariant::fromValue(QDBusVariant(value));
+            portal.bus.send(signal);
+        }
+        EXPECT_TRUE(eventually([&] { return changes.size() >= looks.size(); }));
+        EXPECT_EQ(changes, looks);
     }
 };
 
 } // namespace
 
-TEST_F(NotificationTests, aNotificationTakesThePlaceOfTheLastOneWithItsId)
+TEST_F(SessionTests, aNotificationTakesThePlaceOfTheLastOneWithItsIdOnceThatIsKnown)
 {
+    FakeService service{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s};
     session.notify(u"a"_s, u"Title <1>"_s, u"<b>\"x\" & y</b>"_s);
-    ASSERT_TRUE(service.hears(1));
+    for (const QString &text : {u"second"_s, u"third"_s})
+        session.notify(u"a"_s, {}, text);
+    session.notify(u"b"_s, {}, u"other"_s);
+    ASSERT_TRUE(service.hears(2));
+    service.answer(0, {7u});
+    ASSERT_TRUE(service.hears(3));
+    service.refuse(2);
+    session.notify(u"c"_s, {}, u"another"_s);
+    ASSERT_TRUE(service.hears(4));
+    session.notify(u"a"_s, {}, u"fourth"_s);
+    ASSERT_TRUE(service.hears(5));
+
     EXPECT_EQ(service.calls[0].signature(), u"susssasa{sv}i");
     EXPECT_EQ(service.argument(0, 3), u"Title <1>"_s);
-    EXPECT_EQ(service.argument(0, 4), u"&lt;b&gt;\"x\" &amp; y&lt;/b&gt;"_s);
-    service.answer(0, {7u});
-    session.notify(u"b"_s, {}, {});
-    ASSERT_TRUE(service.hears(2));
-
-    session.notify(u"a"_s, {}, {});
-
-    ASSERT_TRUE(service.hears(3));
-    EXPECT_EQ(service.argument(1, 1), 0u);
-    EXPECT_EQ(service.argument(2, 1), 7u);
-}
-
-TEST_F(NotificationTests, whileAnAnswerIsAwaitedOnlyTheNewestWaitsForIt)
-{
-    for (const QString &text : {u"first"_s, u"second"_s, u"third"_s})
-        session.notify(u"a"_s, {}, text);
-    ASSERT_TRUE(service.hears(1));
-
-    service.answer(0, {7u});
-    ASSERT_TRUE(service.hears(2));
-    service.refuse(1);
-    session.notify(u"a"_s, {}, u"fourth"_s);
-    ASSERT_TRUE(service.hears(3));
-
-    EXPECT_EQ(service.argument(1, 4), u"third"_s);
-    EXPECT_EQ(service.argument(1, 1), 7u);
-    EXPECT_EQ(service.argument(2, 4), u"fourth"_s);
-    EXPECT_EQ(service.argument(2, 1), 0u);
+    QStringList shown;
+    for (qsizetype call = 0; call < 5; ++call)
+        shown << service.argument(call, 1).toString() + u' ' + service.argument(call, 4).toString();
+    EXPECT_THAT(shown,
+        ElementsAre(u"0 &lt;b&gt;\"x\" &amp; y&lt;/b&gt;"_s, u"0 other"_s, u"7 third"_s,
+            u"0 another"_s, u"0 fourth"_s));
 }
 
 TEST_F(LookTests, isWhatThePortalSaysHoweverWrappedAndOnlyRealChangesAreTold)
@@ -137,47 +92,33 @@ TEST_F(LookTests, isWhatThePortalSaysHoweverWrappedAndOnlyRealChangesAreTold)
     const QMap<QString, QVariantMap> groups{{u"org.freedesktop.appearance"_s, values}};
     portal.answer(0, {QVariant::fromValue(groups)});
 
-    for (const quint32 scheme : {1u, 2u, 0u, 1u})
-        change(u"color-scheme"_s, scheme);
-    change(u"accent-color"_s, 1u);
-    change(u"contrast"_s, 0u);
-
-    EXPECT_TRUE(eventually([this] { return changes.size() == 4; }));
-    EXPECT_THAT(changes,
-        ElementsAre(DesktopLook{true, true, {}}, DesktopLook{false, true, {}},
-            DesktopLook{true, true, {}}, DesktopLook{true, false, {}}));
+    expectLooks({{u"color-scheme"_s, 1u}, {u"color-scheme"_s, 2u}, {u"color-scheme"_s, 0u},
+                    {u"color-scheme"_s, 1u}, {u"accent-color"_s, 1u}, {u"contrast"_s, 0u}},
+        {{true, true, {}}, {false, true, {}}, {true, true, {}}, {true, false, {}}});
 }
 
-TEST_F(LookTests, withoutAnAnswerItStaysLightUntilASettingChanges)
+TEST_F(LookTests, withoutAnAnswerItStaysLightAndAtMotionUntilASettingChanges)
 {
-    portal.refuse(0);
-    change(u"contrast"_s, 1u);
-    change(u"font-name"_s, u"Cantarell 11"_s, u"org.gnome.desktop.interface"_s);
-    change(u"font"_s, u"Noto Sans,10,-1,5"_s, u"org.kde.kdeglobals.General"_s);
-
-    EXPECT_TRUE(eventually([this] { return changes.size() == 3; }));
-    EXPECT_THAT(changes,
-        ElementsAre(DesktopLook{false, true, {}}, DesktopLook{false, true, u"Cantarell 11"_s},
-            DesktopLook{false, true, u"Noto Sans 10"_s}));
-}
-
-TEST_F(LookTests, motionIsReducedForAsLongAsAnySettingWantsThat)
-{
-    portal.refuse(0);
     const QString gnome = u"org.gnome.desktop.interface"_s;
     const QString plasma = u"org.kde.kdeglobals.KDE"_s;
-    change(u"enable-animations"_s, false, gnome);
-    change(u"reduced-motion"_s, 0u);
-    change(u"AnimationDurationFactor"_s, u"0"_s, plasma);
-    change(u"enable-animations"_s, true, gnome);
-    change(u"AnimationDurationFactor"_s, u"0.5"_s, plasma);
-    change(u"AnimationDurationFactor"_s, QString(), plasma);
-    change(u"reduced-motion"_s, 1u);
+    portal.refuse(0);
+    expectLooks({{u"contrast"_s, 1u}, {u"font-name"_s, u"Cantarell 11"_s, gnome},
+                    {u"font"_s, u"Noto Sans,10,-1,5"_s, u"org.kde.kdeglobals.General"_s},
+                    {u"contrast"_s, 0u}},
+        {{false, true, {}}, {false, true, u"Cantarell 11"_s}, {false, true, u"Noto Sans 10"_s},
+            {false, false, u"Noto Sans 10"_s}});
 
-    EXPECT_TRUE(eventually([this] { return changes.size() == 3; }));
-    EXPECT_THAT(changes,
-        ElementsAre(
-            DesktopLook{.reducesMotion = true}, DesktopLook{}, DesktopLook{.reducesMotion = true}));
+    // Motion is reduced for as long as any setting wants that.
+    changes.clear();
+    const DesktopLook plain{false, false, u"Noto Sans 10"_s};
+    DesktopLook still = plain;
+    still.reducesMotion = true;
+    expectLooks(
+        {{u"enable-animations"_s, false, gnome}, {u"reduced-motion"_s, 0u},
+            {u"AnimationDurationFactor"_s, u"0"_s, plasma}, {u"enable-animations"_s, true, gnome},
+            {u"AnimationDurationFactor"_s, u"0.5"_s, plasma},
+            {u"AnimationDurationFactor"_s, QString(), plasma}, {u"reduced-motion"_s, 1u}},
+        {still, plain, still});
 }
 
 TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
@@ -194,14 +135,21 @@ TEST_F(SessionTests, aFileIsRevealedByTheFileBrowserElseItsFolderOpens)
     EXPECT_TRUE(eventually([&] { return !session.opened.isEmpty(); }));
     EXPECT_THAT(session.opened, ElementsAre(u"file:///tmp/"_s));
     EXPECT_THAT(withoutBus.opened, ElementsAre(u"file:///tmp/"_s));
-}
-
-TEST_F(SessionTests, withoutABusNothingIsShownAndTheLookIsLight)
-{
     for (const QString &text : {u"first"_s, u"second"_s})
         withoutBus.notify(u"a"_s, text, text);
-
     EXPECT_EQ(withoutBus.look(), DesktopLook());
 }
 
 } // namespace corvane::freedesktop
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    corvane::desktop::PrivateSession session;
+    if (const QString error = session.startBus(); !error.isEmpty())
+        qFatal("%s", qUtf8Printable(error));
+    const auto address = session.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address.toLocal8Bit());
+    return RUN_ALL_TESTS();
+}

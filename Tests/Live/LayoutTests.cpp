@@ -1,4 +1,10 @@
-#include "LayoutRuns.h"
+#include "InstalledApp.h"
+#include "LiveDesk.h"
+#include "WindowLayout.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 
 #include <algorithm>
 
@@ -8,212 +14,358 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr UnitRect leftHalf{0, 0, 0.5, 1};
-constexpr UnitRect rightHalf{0.5, 0, 0.5, 1};
-constexpr UnitRect middle{0.25, 0.25, 0.5, 0.5};
+const QList<Rect> pair{{0, 0, 1920, 1080}, {1920, 0, 1600, 900}};
+const QString clientClass = u"CorvaneTestClient"_s;
 
-class LayoutTests : public LayoutRuns
+/// A column of a fifth of the display.
+Pane paneOf(const QString &app, double x)
+{
+    return {.rect = {x, 0, 0.2, 1}, .app = AppRef{app, app}};
+}
+
+/// As the tests' server names them.
+QList<DisplayKey> keysOf(const QList<Rect> &displays)
+{
+    QList<DisplayKey> keys;
+    for (const Rect &display : displays)
+        keys << DisplayKey{u"DUMMY%1"_s.arg(keys.size()), static_cast<int>(display.width),
+            static_cast<int>(display.height)};
+    return keys;
+}
+
+class LayoutTests : public LiveTests
 {
 protected:
-    /// Applies a layout for the one display.
-    AppliedLayout applyPanes(const QList<Pane> &panes)
+    // The next test starts the program again, without the layouts.
+    void TearDown() override
     {
-        keep({layout(panes)});
-        return apply(u"Desk"_s);
+        m_apps.clear();
+        LiveTests::TearDown();
+        corvane().stop();
+        QFile::remove(layoutsPath());
     }
 
-    static WindowLayout layout(const QList<Pane> &panes)
+    QString layoutsPath() { return desktop().dataFolder() + u"/Corvane/layouts.json"_s; }
+
+    /// Starts the program anew with just this layout, which Ctrl+Alt+Super and the minus key apply.
+    void keep(WindowLayout layout)
     {
-        return {.name = u"Desk"_s, .displays = keysOf({standardDisplay}), .panes = panes};
+        constexpr quint16 keyMinus = 27;
+        layout.shortcut =
+            KeyCombo(keyMinus, KeyCombo::control | KeyCombo::option | KeyCombo::command);
+        corvane().stop();
+        QDir(desktop().dataFolder()).mkpath(u"Corvane"_s);
+        QFile file(layoutsPath());
+        const QByteArray text = QJsonDocument(QJsonArray{layout.toJson()}).toJson();
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) && file.flush());
+        ASSERT_TRUE(corvane().start()) << qPrintable(desktop().logs());
+    }
+    void pressApply() { keys().press({strokes::hyper, Key::minus}); }
+
+    /// The windows of how many panes it captured.
+    qsizetype capture(const QString &name)
+    {
+        const auto answer = corvane().ask({u"--capture"_s, name, u"--json"_s});
+        return QJsonDocument::fromJson(answer.output).object()["panes"_L1].toArray().size();
     }
 
-    void expectFrame(xcb_window_t window, const UnitRect &rect)
+    /// What became of the panes, each once, after the layout has been applied.
+    std::string apply(const QString &name)
     {
-        const Rect expected = frameOf(rect, standardDisplay);
-        EXPECT_EQ(reached(window, expected), expected);
+        const auto answer = corvane().ask({u"--apply-layout"_s, name, u"--json"_s}, 9 * patience);
+        QStringList statuses;
+        for (const auto &pane : QJsonDocument::fromJson(answer.output)["panes"_L1].toArray())
+            statuses << pane.toObject()["status"_L1].toString();
+        statuses.removeDuplicates();
+        return statuses.join(u' ').toStdString();
     }
 
-    xcb_window_t showFullScreen(const QByteArray &title)
+    InstalledApp &install(const QString &name, const QStringList &steps)
     {
-        const xcb_window_t window = showAt({300, 300, 400, 300}, title);
-        pager().setFullScreen(window, Pager::Change::add);
-        EXPECT_TRUE(
-            waitUntil([&] { return probe().hasState(window, "_NET_WM_STATE_FULLSCREEN"); }));
-        EXPECT_EQ(reached(window, standardDisplay), standardDisplay);
-        return window;
+        m_apps.push_back(InstalledApp::scripted(desktop(), u"corvane.test."_s + name, steps));
+        return *m_apps.back();
     }
 
-    // Its window's class is the application's id.
-    std::unique_ptr<ChildProcess> startTerminal(const QString &app, const QString &title)
+    xcb_window_t windowOfApp(const InstalledApp &app, const QByteArray &title)
     {
-        return desktop().launch(u"xterm"_s, {u"-class"_s, app, u"-T"_s, title, u"-e"_s, u"cat"_s});
+        const auto isIt = [&](xcb_window_t window) {
+            return probe().hasClass(window, app.id().toLatin1())
+                && desktop().connection().property(window, "WM_NAME") == title;
+        };
+        return probe().waitForWindow(isIt, 3 * patience);
     }
 
-    xcb_window_t windowOfProcess(ChildProcess &process)
+    /// A minimised window, and one on the second workspace.
+    std::pair<xcb_window_t, xcb_window_t> showUnseen()
     {
-        return probe().waitForWindow([&, pid = process.pid()](xcb_window_t window) {
-            return probe().hasProcess(window, pid);
-        });
+        pager().setWorkspaceCount(2);
+        const std::pair windows{client().show({}), client().show({})};
+        pager().minimize(windows.first);
+        pager().moveToWorkspace(windows.second, 1);
+        EXPECT_TRUE(waitUntil([&] { return areUnseen(windows); }));
+        return windows;
     }
+    bool areUnseen(const std::pair<xcb_window_t, xcb_window_t> &windows)
+    {
+        return probe().isMinimized(windows.first)
+            && desktop().connection().numbers(windows.second, "_NET_WM_DESKTOP")
+            == QList<quint32>{1};
+    }
+
+    /// The client has this size.
+    void moveTo(xcb_window_t window, const Rect &place)
+    {
+        pager().moveResize(window, place);
+        EXPECT_TRUE(waitUntil([&] { return frame(window).origin() == place.origin(); }));
+    }
+
+    QList<Rect> frames(const QList<xcb_window_t> &windows)
+    {
+        QList<Rect> frames;
+        for (const xcb_window_t window : windows)
+            frames << frame(window);
+        return frames;
+    }
+
+    /// Of these windows, the last of which has the focus, once none of that changes any more.
+    testing::AssertionResult isStack(const QList<xcb_window_t> &expected)
+    {
+        const auto reading = [&] {
+            QList<xcb_window_t> stack = probe().stacking();
+            stack.removeIf([&](xcb_window_t window) { return !expected.contains(window); });
+            return stack << probe().activeWindow();
+        };
+        const auto withFocus = expected + QList{expected.last()};
+        if (waitUntil([&] { return settled(reading, Milliseconds{700}) == withFocus; }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure()
+            << testing::PrintToString(reading()) << ", not " << testing::PrintToString(withFocus);
+    }
+
+    std::vector<std::unique_ptr<InstalledApp>> m_apps;
 };
 
-// From left to right.
-std::string titles(const WindowLayout &layout)
+/// Programs that nobody wrote for these tests: a terminal with increments, Tk, Qt, and GTK with header
+/// bars.
+class RealDeskTests : public LayoutTests
 {
-    QStringList titles;
-    for (const Pane &pane : layout.panes)
-        titles << pane.titleContains.value_or(u"none"_s);
-    return titles.join(u", "_s).toStdString();
-}
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(LayoutTests::SetUp());
+        for (const auto &[id, command] : {std::pair(terminal, terminalCommand),
+                 {planner, QStringList{u"wish"_s, u"-name"_s, planner}},
+                 {u"linguist"_s, {u"/usr/lib/qt6/bin/linguist"_s}},
+                 {u"gtk3-widget-factory"_s, {u"gtk3-widget-factory"_s}}})
+            m_apps.push_back(std::make_unique<InstalledApp>(desktop(), id, command));
+    }
 
-Pane stacked(Pane pane, int stack)
-{
-    pane.stack = stack;
-    return pane;
-}
+    void TearDown() override
+    {
+        closeAll();
+        LayoutTests::TearDown();
+    }
+
+    /// Those of the programs.
+    QList<xcb_window_t> windows()
+    {
+        QList<xcb_window_t> windows = probe().clients();
+        windows.removeIf([&](xcb_window_t window) {
+            return std::ranges::none_of(m_apps,
+                [&](const auto &app) { return probe().hasClass(window, app->id().toLatin1()); });
+        });
+        return windows;
+    }
+
+    QList<Rect> framesFromLeftToRight()
+    {
+        QList<Rect> all = frames(windows());
+        std::ranges::sort(all, {}, &Rect::x);
+        return all;
+    }
+
+    void closeAll()
+    {
+        for (const xcb_window_t window : windows())
+            pager().close(window);
+        EXPECT_TRUE(waitUntil([this] { return windows().isEmpty(); }, 3 * patience));
+    }
+
+    const QString terminal = u"corvane.real.terminal"_s;
+    const QString planner = u"corvane.real.planner"_s;
+    const QStringList terminalCommand{u"xterm"_s, u"-class"_s, terminal, u"-e"_s, u"cat"_s};
+};
 
 } // namespace
 
-TEST_F(LayoutTests, windowsOfOneApplicationAreToldApartByTheirTitles)
+TEST_F(LayoutTests, anApplicationGetsItsPlaceHoweverItOpensAndOtherWindowsStayAsTheyAre)
 {
-    const InstalledApp app(desktop(), u"corvane.test.terminal"_s, {u"xterm"_s});
-    const auto first = startTerminal(app.id(), u"Upper terminal"_s);
-    const auto second = startTerminal(app.id(), u"Lower terminal"_s);
-    const xcb_window_t upper = windowOfProcess(*first);
-    const xcb_window_t lower = windowOfProcess(*second);
-    Pane right = paneFor(app.id(), rightHalf);
-    right.titleContains = u"UPPER"_s;
-    Pane left = paneFor(app.id(), leftHalf);
-    left.titleContains = u"lower term"_s;
+    struct Habit {
+        QString name;
+        QStringList steps;
+        QByteArray title; ///< of the window that ends up in the pane
+        qsizetype starts = 1;
+    };
+    const QString pipe = desktop().folder() + u"/only-one"_s;
+    const Habit habits[]{
+        {u"only"_s, {u"only-one="_s + pipe, u"open=By the first copy"_s}, "By the first copy", 2},
+        {u"splashing"_s, {u"splash"_s, u"wait=1500"_s, u"open=Main"_s, u"wait=500"_s, u"close"_s},
+            "Main"},
+        {u"restoring"_s, {u"open=Restoring"_s, u"wait-until-resized"_s, u"resize=700x300"_s},
+            "Restoring"},
+        {u"loading"_s,
+            {u"open=Loading"_s, u"wait=1500"_s, u"close"_s, u"wait=1500"_s, u"open=Main"_s},
+            "Main"},
+    };
+    WindowLayout layout{.name = u"Desk"_s, .displays = keysOf({standardDisplay})};
+    const auto target = [&](qsizetype pane) {
+        return Geometry::frame(layout.panes[pane].rect, standardDisplay, 0);
+    };
+    for (const Habit &habit : habits)
+        layout.panes << paneOf(
+            install(habit.name, habit.steps).id(), 0.2 * double(layout.panes.size()));
+    layout.panes << paneOf(clientClass, 0.8);
+    const auto firstCopy = m_apps.front()->start();
+    ASSERT_TRUE(waitUntil([&] { return QFile::exists(pipe); }));
+    const auto unseen = showUnseen();
+    const Rect before = frame(unseen.second);
+    const xcb_window_t shown = client().show({});
+    keep(layout);
 
-    const auto applied = applyPanes({right, left});
+    EXPECT_EQ(apply(layout.name), "placed");
 
-    EXPECT_EQ(applied.exitStatus, 0);
-    // Terminals come in whole characters.
-    constexpr double character = 20;
-    EXPECT_LT(distance(frame(upper), frameOf(rightHalf, standardDisplay)), character);
-    EXPECT_LT(distance(frame(lower), frameOf(leftHalf, standardDisplay)), character);
-}
-
-TEST_F(LayoutTests, windowsWithoutTitlesAreTakenFromTheFront)
-{
-    const xcb_window_t back = showAt({300, 300, 400, 300}, "");
-    const xcb_window_t front = showFocused({.geometry = {900, 300, 400, 300}, .title = ""});
-
-    const auto applied = applyPanes({clientPane(leftHalf), clientPane(rightHalf)});
-
-    EXPECT_EQ(applied.exitStatus, 0);
-    expectFrame(front, leftHalf);
-    expectFrame(back, rightHalf);
-}
-
-TEST_F(LayoutTests, aWindowThatRefusesToMoveHoldsUpNoOther)
-{
-    const xcb_window_t first = showAt({700, 300, 400, 300}, "First");
-    const xcb_window_t last = showAt({900, 300, 400, 300}, "Last");
-    const xcb_window_t stubborn = showFullScreen("Stubborn");
-
-    const auto applied = applyPanes({clientPane(leftHalf, u"First"_s),
-        clientPane(middle, u"Stubborn"_s), clientPane(rightHalf, u"Last"_s)});
-
-    EXPECT_EQ(applied.statuses(), "placed refused placed");
-    ASSERT_EQ(applied.panes.size(), 3);
-    EXPECT_EQ(applied.panes[1].reason, u"window is in native full screen"_s);
-    EXPECT_EQ(applied.exitStatus, 1);
-    expectFrame(first, leftHalf);
-    expectFrame(last, rightHalf);
-    EXPECT_EQ(frame(stubborn), standardDisplay);
-}
-
-TEST_F(LayoutTests, theWindowPlacedLastHasTheFocusAndNothingIsClosedOrMinimised)
-{
-    const xcb_window_t bystander = showAt({100, 700, 300, 200}, "Bystander");
-    const Rect before = frame(bystander);
-    const xcb_window_t bottom = showAt({300, 300, 400, 300}, "Bottom");
-    const xcb_window_t top = showAt({500, 300, 400, 300}, "Top");
-    const xcb_window_t between =
-        showFocused({.geometry = {700, 300, 400, 300}, .title = "Between"});
-
-    const auto applied = applyPanes(
-        {stacked(clientPane(middle, u"Top"_s), 0), stacked(clientPane(leftHalf, u"Bottom"_s), 7),
-            stacked(clientPane(rightHalf, u"Between"_s), 3)});
-
-    EXPECT_EQ(applied.exitStatus, 0);
-    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == top; }));
-    EXPECT_TRUE(waitUntil([&] {
-        return probe().stacking() == QList<xcb_window_t>{bystander, bottom, between, top};
-    }));
-    for (const xcb_window_t window : {bystander, bottom, top, between})
-        EXPECT_TRUE(probe().isManaged(window) && !probe().isMinimized(window));
-    EXPECT_EQ(frame(bystander), before);
-}
-
-TEST_F(LayoutTests, onlyWhatCanBeSeenIsCaptured)
-{
-    showMinimized("Minimised");
-    showElsewhere("Elsewhere");
-    showFullScreen("Full screen");
-    for (const auto &[place, title] : {std::pair(Rect{100, 100, 500, 400}, "Left"),
-             {Rect{800, 100, 500, 400}, "Right"}, {Rect{1500, 800, 90, 40}, "Small"}})
-        ASSERT_TRUE(focus(showAt(place, title)));
-
-    const WindowLayout captured = capture(u"Seen"_s);
-
-    EXPECT_EQ(titles(captured), "Left, Right");
-    EXPECT_EQ(captured.displays, keysOf({standardDisplay}));
-}
-
-TEST_F(LayoutTests, aNewApplyEndsOneThatStillWaits)
-{
-    const xcb_window_t window = showAt({300, 300, 400, 300}, "Window");
-    WindowLayout waiting =
-        layout({clientPane(leftHalf, u"Window"_s), clientPane(middle, u"No window"_s)});
-    waiting.name = u"Waiting"_s;
-    keep({waiting, layout({clientPane(rightHalf, u"Window"_s)})});
-    const auto first = desktop().launch(programUnderTest(), {u"--apply-layout"_s, waiting.name});
-    expectFrame(window, leftHalf);
-
-    EXPECT_EQ(apply(u"Desk"_s).exitStatus, 0);
-
-    EXPECT_EQ(first->waitForExit(Milliseconds{5000}), 1);
-    expectFrame(window, rightHalf);
-}
-
-TEST_F(LayoutTests, anUntouchedDeskStaysAsItIs)
-{
-    QList<xcb_window_t> windows;
-    QList<Rect> before;
-    for (const Rect &place :
-        {Rect{13, 57, 501, 333}, Rect{777, 111, 613, 707}, Rect{231, 433, 399, 501}}) {
-        windows << showAt(place, QByteArray("Window ") + char('1' + windows.size()));
-        before << frame(windows.last());
+    EXPECT_TRUE(rests(shown, target(4)));
+    for (qsizetype i = 0; i < 4; ++i) {
+        SCOPED_TRACE(qPrintable(habits[i].name));
+        const InstalledApp &app = *m_apps[static_cast<size_t>(i)];
+        EXPECT_TRUE(rests(windowOfApp(app, habits[i].title), target(i)));
+        EXPECT_EQ(app.starts(), habits[i].starts);
     }
-    const QList<xcb_window_t> stacking = probe().stacking();
-    ASSERT_EQ(capture(u"Now"_s).panes.size(), windows.size());
-
-    const auto applied = apply(u"Now"_s);
-
-    EXPECT_EQ(applied.exitStatus, 0);
-    for (qsizetype i = 0; i < windows.size(); ++i)
-        EXPECT_EQ(frame(windows[i]), before[i]);
-    EXPECT_TRUE(waitUntil([&] { return probe().stacking() == stacking; }));
+    EXPECT_TRUE(areUnseen(unseen));
+    EXPECT_EQ(frame(unseen.second), before);
 }
 
-TEST_F(LayoutTests, aShortcutAppliesItsLayoutAndSnapBackUndoesIt)
+TEST_F(LayoutTests, anOpenedWindowNeitherTakesTheFocusNorDemandsAttention)
 {
-    const xcb_window_t window = showAt({300, 300, 400, 300}, "Window");
-    const Rect before = frame(window);
-    WindowLayout desk = layout({clientPane(rightHalf, u"Window"_s)});
-    constexpr quint16 keyMinus = 27;
-    desk.shortcut = KeyCombo(keyMinus, KeyCombo::control | KeyCombo::option | KeyCombo::command);
-    keep({desk});
+    const InstalledApp &app =
+        install(u"pushing"_s, {u"open=Pushing"_s, u"demand-attention"_s, u"open=Second"_s});
+    Pane pane = paneOf(app.id(), 0);
+    pane.titleContains = u"Another title"_s; // placed, it would have the focus
+    keep({.name = u"Desk"_s, .displays = keysOf({standardDisplay}), .panes = {pane}});
+    const xcb_window_t users = showFocused();
 
-    press({strokes::hyper, Key::minus});
+    pressApply();
 
-    expectFrame(window, rightHalf);
-    EXPECT_TRUE(waitUntil([&] { return applies() == 1; }));
-    EXPECT_TRUE(moved(corvane().place(u"snapBack"_s)));
-    EXPECT_EQ(reached(window, before), before);
+    EXPECT_NE(windowOfApp(app, "Second"), xcb_window_t(XCB_WINDOW_NONE));
+    EXPECT_TRUE(isStack({users}));
+    for (const xcb_window_t window : probe().clients()) {
+        EXPECT_TRUE(waitUntil(
+            [&] { return !probe().hasState(window, "_NET_WM_STATE_DEMANDS_ATTENTION"); }));
+    }
+}
+
+TEST_F(LayoutTests, aSlowWindowJoinsTheStackUnderTheFrontOneWhichKeepsTheFocus)
+{
+    const InstalledApp &app = install(u"slow"_s, {u"wait=3000"_s, u"open=Slow"_s});
+    WindowLayout layout{.name = u"Desk"_s, .displays = keysOf({standardDisplay})};
+    for (const auto &[id, title, stack] : {std::tuple(clientClass, u"Front"_s, 0),
+             {clientClass, u"Back"_s, 2}, {app.id(), u"Slow"_s, 1}}) {
+        layout.panes << paneOf(id, 0.2);
+        layout.panes.last().titleContains = title;
+        layout.panes.last().stack = stack;
+    }
+    keep(layout);
+    const xcb_window_t front = showFocused({.title = "Front"});
+    const xcb_window_t back = client().show({.title = "Back"});
+
+    pressApply();
+
+    const Rect target = Geometry::frame(layout.panes[0].rect, standardDisplay, 0);
+    EXPECT_TRUE(rests(front, target));
+    EXPECT_TRUE(rests(back, target));
+    const xcb_window_t slow = windowOfApp(app, "Slow");
+    EXPECT_TRUE(rests(slow, target));
+    EXPECT_TRUE(isStack({back, slow, front}));
+}
+
+TEST_F(LayoutTests, whatIsSeenOfADeskIsCapturedAndComesBackWithItsStacking)
+{
+    ASSERT_TRUE(desktop().displays().arrange(pair));
+    const auto unseen = showUnseen();
+    QList<xcb_window_t> windows;
+    for (int i = 0; i < 6; ++i) {
+        const Rect &display = pair[i % 2];
+        windows << client().show({.title = "Window " + QByteArray::number(i)});
+        moveTo(windows.last(), {display.x + 37 + 211 * (i / 2), 41 + 101.0 * (i / 2), 613, 377});
+        ASSERT_TRUE(focus(windows.last()));
+    }
+    ASSERT_TRUE(isStack(windows));
+    const QList<Rect> before = frames(windows);
+    ASSERT_EQ(capture(u"Six"_s), windows.size());
+
+    EXPECT_EQ(apply(u"Six"_s), "placed");
+    EXPECT_EQ(frames(windows), before) << "untouched, it stays as it is";
+    EXPECT_TRUE(isStack(windows));
+
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        const xcb_window_t window = windows[(i * 5 + 3) % windows.size()];
+        moveTo(window, {500.0 + 11 * double(i), 300.0 + 13 * double(i), 300, 200});
+        ASSERT_TRUE(focus(window));
+    }
+    EXPECT_EQ(apply(u"Six"_s), "placed");
+    EXPECT_EQ(frames(windows), before);
+    EXPECT_TRUE(isStack(windows) && areUnseen(unseen));
+}
+
+TEST_F(LayoutTests, displaysThatArePluggedInApplyTheirLayout)
+{
+    ASSERT_TRUE(desktop().displays().arrange(pair));
+    WindowLayout layout{.name = u"Desk"_s, .displays = keysOf(pair), .applyOnConnect = true};
+    QList<xcb_window_t> windows;
+    for (int i = 0; i < 2; ++i) {
+        const QString title = u"Window %1"_s.arg(i);
+        windows << client().show({.title = title.toUtf8()});
+        layout.panes << paneOf(clientClass, 0.2);
+        layout.panes.last().display = i;
+        layout.panes.last().titleContains = title;
+    }
+    keep(layout);
+    const auto applies = [this] { return corvane().log().count(u"layout applied"_s); };
+
+    for (const Rect &other : {Rect(), Rect{1920, 0, 1280, 1024}}) {
+        const qsizetype before = applies();
+        for (const Rect &second : {other, pair[1], other, pair[1]})
+            ASSERT_TRUE(desktop().displays().arrange({pair[0], second}));
+
+        EXPECT_TRUE(waitUntil([&] { return applies() > before; }, 3 * patience));
+        for (int i = 0; i < 2; ++i)
+            EXPECT_TRUE(rests(windows[i], Geometry::frame(layout.panes[i].rect, pair[i], 0)));
+        // Once for each time that the displays were steady.
+        EXPECT_LE(settled(applies, Milliseconds{1500}), before + 2);
+    }
+}
+
+TEST_F(RealDeskTests, aDeskOfRealProgramsComesBackAfterAllWereClosed)
+{
+    std::vector<std::unique_ptr<ChildProcess>> running;
+    for (const size_t program : {0, 0, 1, 2, 3}) {
+        running.push_back(m_apps[program]->start());
+        const auto isShown = [&] { return windows().size() == qsizetype(running.size()); };
+        ASSERT_TRUE(waitUntil(isShown, 6 * patience)) << program;
+        const double index = static_cast<double>(running.size());
+        const xcb_window_t window = windows().last();
+        moveTo(window, {17 + 171 * index, 23 + 31 * index, 433, 463});
+        moveTo(window, Geometry::clamp(frame(window), standardDisplay));
+    }
+    const QList<Rect> before = framesFromLeftToRight();
+    ASSERT_EQ(capture(u"Desk"_s), before.size()) << testing::PrintToString(before);
+    closeAll();
+
+    EXPECT_EQ(apply(u"Desk"_s), "placed");
+
+    EXPECT_TRUE(waitUntil([&] { return framesFromLeftToRight() == before; }, 3 * patience))
+        << testing::PrintToString(framesFromLeftToRight()) << "\nnot\n"
+        << testing::PrintToString(before);
 }
 
 } // namespace corvane::desktop

@@ -1,9 +1,8 @@
 #include "LiveDesk.h"
 
-#include <QtCore/QFileInfo>
+#include <QtCore/QCoreApplication>
 
 #include <algorithm>
-#include <ostream>
 
 namespace corvane {
 
@@ -12,91 +11,41 @@ void PrintTo(const Rect &rect, std::ostream *stream)
     *stream << rect.x << ',' << rect.y << ' ' << rect.width << 'x' << rect.height;
 }
 
-void PrintTo(const Point &point, std::ostream *stream)
-{
-    *stream << point.x << ',' << point.y;
-}
-
-void PrintTo(const Size &size, std::ostream *stream)
-{
-    *stream << size.width << 'x' << size.height;
-}
-
 } // namespace corvane
 
 namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-namespace {
+std::unique_ptr<VirtualDesktop> LiveTests::s_desktop;
+std::unique_ptr<WindowManagerProcess> LiveTests::s_manager;
+std::unique_ptr<CorvaneProcess> LiveTests::s_corvane;
 
-struct Shared {
-    std::unique_ptr<LiveDesk> desk;
-    QString error;
-};
-
-Shared &sharedDesk()
+Rect frameOf(Placement placement, const Rect &area)
 {
-    static Shared shared;
-    return shared;
+    return Geometry::frame(unitRect(placement).value_or(UnitRect{}), area, 0);
 }
-
-} // namespace
 
 QString programUnderTest()
 {
     return qEnvironmentVariable("CORVANE_PROGRAM", QString::fromUtf8(CORVANE_PROGRAM));
 }
 
-LiveDesk *LiveDesk::shared()
+void LiveTests::endDesk()
 {
-    Shared &shared = sharedDesk();
-    if (!shared.desk && shared.error.isEmpty()) {
-        auto desk = std::make_unique<LiveDesk>();
-        shared.error = desk->start();
-        if (shared.error.isEmpty())
-            shared.desk = std::move(desk);
-    }
-    return shared.desk.get();
-}
-
-QString LiveDesk::error()
-{
-    return sharedDesk().error;
-}
-
-QString LiveDesk::managerName()
-{
-    return qEnvironmentVariable("CORVANE_TEST_WM", u"openbox"_s);
-}
-
-void LiveDesk::end()
-{
-    if (LiveDesk *desk = sharedDesk().desk.get()) {
-        desk->corvane.reset();
-        desk->manager.reset();
-        sharedDesk().desk.reset();
-    }
-}
-
-QString LiveDesk::start()
-{
-    auto started = VirtualDesktop::start({});
-    if (!started)
-        return started.error();
-    desktop = std::move(*started);
-    auto process = WindowManagerProcess::start(*desktop, managerName());
-    if (!process)
-        return process.error();
-    manager = std::move(*process);
-    corvane = std::make_unique<CorvaneProcess>(*desktop, programUnderTest());
-    return corvane->start() ? QString() : u"the program did not start:\n%1"_s.arg(desktop->logs());
+    s_corvane.reset();
+    s_manager.reset();
+    s_desktop.reset();
 }
 
 void LiveTests::SetUp()
 {
-    m_desk = LiveDesk::shared();
-    ASSERT_TRUE(m_desk) << qPrintable(LiveDesk::error());
+    if (!s_desktop) {
+        auto started = VirtualDesktop::start({});
+        ASSERT_TRUE(started) << qPrintable(started.error());
+        s_desktop = std::move(*started);
+        s_corvane = std::make_unique<CorvaneProcess>(desktop(), programUnderTest());
+    }
     if (desktop().displays().displays() != QList{standardDisplay}) {
         ASSERT_TRUE(desktop().displays().arrange({standardDisplay}));
     }
@@ -109,12 +58,22 @@ void LiveTests::SetUp()
 
 void LiveTests::TearDown()
 {
-    m_client.reset();
-    if (!m_desk)
+    if (!m_client)
         return;
+    m_client.reset();
     EXPECT_TRUE(corvane().isRunning()) << "the program ended";
     if (HasFailure())
         std::fprintf(stderr, "%s\n", qPrintable(desktop().logs(3000)));
+}
+
+void LiveTests::ensureManager(const QString &name)
+{
+    if (manager() && manager()->isRunning() && manager()->name() == name)
+        return;
+    manager().reset();
+    auto process = WindowManagerProcess::start(desktop(), name);
+    ASSERT_TRUE(process) << qPrintable(process.error());
+    manager() = std::move(*process);
 }
 
 xcb_window_t LiveTests::showFocused(const WindowRequest &request)
@@ -125,31 +84,18 @@ xcb_window_t LiveTests::showFocused(const WindowRequest &request)
     return window;
 }
 
-xcb_window_t LiveTests::showFocusedOn(const Rect &display)
-{
-    const Rect place{display.x + 200, display.y + 200, 500, 400};
-    const xcb_window_t window = showFocused({.geometry = place});
-    pager().moveResize(window, place);
-    EXPECT_TRUE(waitUntil([&] {
-        const Rect now = frame(window);
-        return now.midX() > display.x && now.midX() < display.maxX() && now.midY() > display.y
-            && now.midY() < display.maxY();
-    }));
-    EXPECT_TRUE(focus(window));
-    return window;
-}
-
 bool LiveTests::focus(xcb_window_t window)
 {
     if (probe().activeWindow() != window)
         pager().activate(window);
-    return waitUntil([&] { return probe().activeWindow() == window; }, Milliseconds{3000});
+    return waitUntil([&] { return probe().activeWindow() == window; });
 }
 
-Rect LiveTests::reached(xcb_window_t window, const Rect &expected)
+xcb_window_t LiveTests::windowOf(const ChildProcess &process)
 {
-    static_cast<void>(probe().waitForFrame(window, expected, Milliseconds{3000}));
-    return frame(window);
+    return probe().waitForWindow(
+        [&](xcb_window_t window) { return probe().hasProcess(window, process.pid()); },
+        3 * patience);
 }
 
 Rect LiveTests::frame(xcb_window_t window)
@@ -157,35 +103,37 @@ Rect LiveTests::frame(xcb_window_t window)
     return probe().settledFrame(window).value_or(Rect());
 }
 
-void LiveTests::ensureManager()
+testing::AssertionResult LiveTests::rests(
+    xcb_window_t window, const Rect &expected, Milliseconds deadline)
 {
-    if (m_desk->manager->isRunning())
-        return;
-    auto process = WindowManagerProcess::start(desktop(), LiveDesk::managerName());
-    ASSERT_TRUE(process) << qPrintable(process.error());
-    m_desk->manager = std::move(*process);
-}
-
-bool LiveTests::isManager(std::initializer_list<const char *> names)
-{
-    return std::ranges::any_of(
-        names, [](const char *name) { return LiveDesk::managerName() == QLatin1StringView(name); });
-}
-
-testing::AssertionResult moved(const CorvaneProcess::Answer &answer)
-{
-    if (answer.exitStatus == 0 && answer.name() == u"moved")
+    const bool does = waitUntil(
+        [&] { return probe().visibleFrame(window) == expected && frame(window) == expected; },
+        deadline);
+    if (does)
         return testing::AssertionSuccess();
     return testing::AssertionFailure()
-        << "status " << answer.exitStatus.value_or(-1) << ": " << answer.output.constData();
+        << testing::PrintToString(frame(window)) << ", not " << testing::PrintToString(expected);
 }
 
-testing::AssertionResult refused(const CorvaneProcess::Answer &answer, const QString &reason)
+testing::AssertionResult LiveTests::lands(
+    xcb_window_t window, Placement placement, const Rect &area)
 {
-    if (answer.exitStatus == 1 && answer.name() != u"moved" && answer.reason().contains(reason))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-        << "status " << answer.exitStatus.value_or(-1) << ": " << answer.output.constData();
+    press(placement);
+    return rests(window, frameOf(placement, area)) << " (" << rawValue(placement).data() << ')';
+}
+
+void LiveTests::press(Placement placement)
+{
+    keys().press(std::ranges::find(shortcuts, placement, &Shortcut::first)->second);
 }
 
 } // namespace corvane::desktop
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    const int status = RUN_ALL_TESTS();
+    corvane::desktop::LiveTests::endDesk();
+    return status;
+}

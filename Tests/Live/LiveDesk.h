@@ -1,87 +1,116 @@
 #pragma once
 
 #include "CorvaneProcess.h"
+#include "Geometry.h"
 #include "KeyPresser.h"
 #include "Pager.h"
-#include "Placements.h"
+#include "Placement.h"
 #include "TestClient.h"
 #include "WindowManagerProcess.h"
 #include "WindowProbe.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace corvane {
 
 void PrintTo(const Rect &rect, std::ostream *stream);
-void PrintTo(const Point &point, std::ostream *stream);
-void PrintTo(const Size &size, std::ostream *stream);
 
 } // namespace corvane
 
 namespace corvane::desktop {
 
+/// A placement and the keys that it has from the start.
+using Shortcut = std::pair<Placement, KeyStroke>;
+
+namespace strokes {
+inline constexpr quint8 plain = KeyStroke::control | KeyStroke::alt;
+inline constexpr quint8 shifted = plain | KeyStroke::shift;
+inline constexpr quint8 hyper = plain | KeyStroke::super;
+} // namespace strokes
+
+/// In an order in which no press continues the cycle of the one before.
+inline constexpr std::array shortcuts{
+    Shortcut{Placement::leftHalf, {strokes::hyper, Key::left}},
+    Shortcut{Placement::rightHalf, {strokes::hyper, Key::right}},
+    Shortcut{Placement::topHalf, {strokes::hyper, Key::up}},
+    Shortcut{Placement::bottomHalf, {strokes::hyper, Key::down}},
+    Shortcut{Placement::topLeft, {strokes::shifted, Key::left}},
+    Shortcut{Placement::topRight, {strokes::shifted, Key::up}},
+    Shortcut{Placement::bottomLeft, {strokes::shifted, Key::down}},
+    Shortcut{Placement::bottomRight, {strokes::shifted, Key::right}},
+    Shortcut{Placement::leftThird, {strokes::plain, Key::d}},
+    Shortcut{Placement::centerThird, {strokes::plain, Key::f}},
+    Shortcut{Placement::rightThird, {strokes::plain, Key::g}},
+    Shortcut{Placement::leftTwoThirds, {strokes::plain, Key::e}},
+    Shortcut{Placement::rightTwoThirds, {strokes::plain, Key::t}},
+    Shortcut{Placement::maximize, {strokes::hyper, Key::m}},
+    Shortcut{Placement::snapBack, {strokes::hyper, Key::slash}},
+    Shortcut{Placement::original, {strokes::hyper, Key::o}},
+    Shortcut{Placement::nextDisplay, {strokes::plain, Key::right}},
+    Shortcut{Placement::previousDisplay, {strokes::plain, Key::left}},
+};
+
+/// Where a placement puts a window.
+[[nodiscard]] Rect frameOf(Placement placement, const Rect &area);
+
 /// The program under test: $CORVANE_PROGRAM, else the one of this build.
 [[nodiscard]] QString programUnderTest();
 
-/// One desktop with one window manager and the resident program, shared by every test of the process.
-class LiveDesk
-{
-public:
-    /// Null when it could not be started; the reason is in `error()`.
-    static LiveDesk *shared();
-    static QString error();
-    /// The window manager under test: $CORVANE_TEST_WM, by default openbox.
-    static QString managerName();
-    static void end();
-
-    std::unique_ptr<VirtualDesktop> desktop;
-    std::unique_ptr<WindowManagerProcess> manager;
-    std::unique_ptr<CorvaneProcess> corvane;
-
-private:
-    QString start();
-};
-
-/// A test on the shared desktop. It begins with one display of 1920 × 1080, the window manager and
-/// the program running, and no windows.
+/// A test on the desktop that every test of the process shares. It begins with one display of
+/// 1920 × 1080, the window manager and the program running, and no windows.
 class LiveTests : public testing::Test
 {
+public:
+    static void endDesk();
+
 protected:
     static constexpr Rect standardDisplay{0, 0, 1920, 1080};
 
     void SetUp() override;
     void TearDown() override;
 
-    VirtualDesktop &desktop() { return *m_desk->desktop; }
-    CorvaneProcess &corvane() { return *m_desk->corvane; }
-    LiveDesk &desk() { return *m_desk; }
+    VirtualDesktop &desktop() { return *s_desktop; }
+    CorvaneProcess &corvane() { return *s_corvane; }
+    std::unique_ptr<WindowManagerProcess> &manager() { return s_manager; }
     WindowProbe probe() { return WindowProbe(desktop().connection()); }
     Pager pager() { return Pager(desktop().connection()); }
     KeyPresser keys() { return KeyPresser(desktop().connection()); }
     TestClient &client() { return *m_client; }
 
+    /// The window manager under test: $CORVANE_TEST_WM, by default openbox.
+    static QString managerName()
+    {
+        return qEnvironmentVariable("CORVANE_TEST_WM", QStringLiteral("openbox"));
+    }
+    static bool isManager(const QStringList &names) { return names.contains(managerName()); }
+    /// Starts the window manager unless it runs.
+    void ensureManager(const QString &name = managerName());
+
     /// Puts a window on the desktop and the focus into it.
     xcb_window_t showFocused(const WindowRequest &request = {});
-    /// As `showFocused`, in the upper left of the display; i3 opens windows where the focus was.
-    xcb_window_t showFocusedOn(const Rect &display);
     [[nodiscard]] bool focus(xcb_window_t window);
-    /// The window's frame: the expected one as soon as it is that and stays so, else the one at which
-    /// it came to rest.
-    Rect reached(xcb_window_t window, const Rect &expected);
+    xcb_window_t windowOf(const ChildProcess &process);
+
     Rect frame(xcb_window_t window);
-    void press(const KeyStroke &stroke) { keys().press(stroke); }
-    /// Starts the window manager again if it has ended.
-    void ensureManager();
-    static bool isManager(std::initializer_list<const char *> names);
+    /// Whether the window comes to rest there, however often it moves before.
+    testing::AssertionResult rests(
+        xcb_window_t window, const Rect &expected, Milliseconds deadline = patience);
+    /// Whether the placement's shortcut puts the window on its part of the area.
+    testing::AssertionResult lands(
+        xcb_window_t window, Placement placement, const Rect &area = standardDisplay);
+    void press(Placement placement);
+    [[nodiscard]] CorvaneProcess::Answer place(Placement placement)
+    {
+        return corvane().place(rawValue(placement));
+    }
 
 private:
-    LiveDesk *m_desk = nullptr;
+    static std::unique_ptr<VirtualDesktop> s_desktop;
+    static std::unique_ptr<WindowManagerProcess> s_manager;
+    static std::unique_ptr<CorvaneProcess> s_corvane;
     std::unique_ptr<TestClient> m_client;
 };
-
-/// An outcome in which the window moved, told in the exit status, too.
-testing::AssertionResult moved(const CorvaneProcess::Answer &answer);
-/// A refusal with status 1 whose reason contains the text.
-testing::AssertionResult refused(const CorvaneProcess::Answer &answer, const QString &reason);
 
 } // namespace corvane::desktop

@@ -1,7 +1,5 @@
 #include "LiveDesk.h"
 #include "PanelProcess.h"
-#include "PointerPresser.h"
-#include "PopupProbe.h"
 
 #include <algorithm>
 
@@ -11,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Button = PointerPresser::Button;
+using Button = KeyPresser::Button;
 
 constexpr Rect somewhere{500, 300, 600, 400};
 /// Where neither a window nor a menu stands.
@@ -25,73 +23,75 @@ Point centre(const Rect &rect)
 }
 
 /// On fluxbox-tray the icon's window stands in the window manager's own toolbar, else a panel draws
-/// the icon.
+/// the icon, a new one for each test.
 class TrayTests : public LiveTests
 {
 protected:
     void SetUp() override
     {
         ASSERT_NO_FATAL_FAILURE(LiveTests::SetUp());
-        pointer().moveTo({900, 900});
-        if (!isEmbedded())
-            startPanel();
+        keys().moveTo({900, 900});
+        if (!isEmbedded()) {
+            auto panel = PanelProcess::start(desktop());
+            ASSERT_TRUE(panel) << qPrintable(panel.error());
+            m_panel = std::move(*panel);
+        }
         m_window = showFocused({.geometry = somewhere});
     }
 
-    static bool isEmbedded() { return isManager({"fluxbox-tray"}); }
-    PointerPresser pointer() { return PointerPresser(desktop().connection()); }
-    QList<xcb_window_t> menus()
-    {
-        return PopupProbe(desktop().connection()).openMenus(corvane().pid());
-    }
-
-    void startPanel()
-    {
-        auto panel = PanelProcess::start(desktop());
-        ASSERT_TRUE(panel) << qPrintable(panel.error());
-        m_panel = std::move(*panel);
-    }
+    static bool isEmbedded() { return isManager({u"fluxbox-tray"_s}); }
+    QList<xcb_window_t> menus() { return probe().openMenus(corvane().pid()); }
+    void press(Key key) { keys().press({0, key}); }
 
     Rect icon()
     {
         if (m_panel) {
-            EXPECT_TRUE(waitUntil([this] { return m_panel->showsIcon(); }));
+            EXPECT_TRUE(waitUntil([this] { return m_panel->showsIcon(); }, 2 * patience));
             return m_panel->iconPlace();
         }
         xcb_window_t icon = XCB_WINDOW_NONE;
         EXPECT_TRUE(waitUntil([&] {
-            icon = PopupProbe(desktop().connection()).trayIcon(corvane().pid());
+            icon = probe().trayIcon(corvane().pid());
             return icon != XCB_WINDOW_NONE;
         }));
         return frame(icon);
     }
 
     /// Clicks on the icon; the menu's place once it is there.
-    std::optional<Rect> openMenu(Button button = Button::left)
+    std::optional<Rect> openMenu()
     {
-        pointer().click(centre(icon()), button);
+        keys().click(centre(icon()));
         if (!waitUntil([this] { return menus().size() == 1 && holdsPointer(); }))
             return std::nullopt;
         return probe().clientGeometry(menus().first());
     }
+
     /// A menu is on the screen a moment before it hears of clicks and keys.
     bool holdsPointer()
     {
-        xcb_connection_t *raw = desktop().connection().raw();
-        const auto cookie = xcb_grab_pointer(raw, 0, desktop().connection().root(),
-            XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
-            XCB_CURSOR_NONE, XCB_CURRENT_TIME);
-        const Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(raw, cookie, nullptr));
-        xcb_ungrab_pointer(raw, XCB_CURRENT_TIME);
-        desktop().connection().sync();
-        return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
-    }
-    bool isClosed()
-    {
-        return waitUntil([this] { return menus().isEmpty(); });
+        const bool isFree = grabPointer() == XCB_GRAB_STATUS_SUCCESS;
+        if (isFree)
+            ungrab();
+        return !isFree;
     }
 
-    void press(Key key) { LiveTests::press({0, key}); }
+    int grabPointer()
+    {
+        XConnection &holder = desktop().connection();
+        const auto cookie = xcb_grab_pointer(holder.raw(), 0, holder.root(),
+            XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
+            XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+        const Reply<xcb_grab_pointer_reply_t> reply(
+            xcb_grab_pointer_reply(holder.raw(), cookie, nullptr));
+        return reply ? reply->status : quint8(XCB_GRAB_STATUS_FROZEN);
+    }
+
+    void ungrab()
+    {
+        xcb_ungrab_pointer(desktop().connection().raw(), XCB_CURRENT_TIME);
+        xcb_ungrab_keyboard(desktop().connection().raw(), XCB_CURRENT_TIME);
+        desktop().connection().sync();
+    }
 
     void popUp()
     {
@@ -99,6 +99,7 @@ protected:
         ASSERT_EQ(corvane().ask({u"--pop-menu"_s}).exitStatus, 0);
         ASSERT_TRUE(waitUntil([this] { return menus().size() == 1; }));
     }
+
     /// Sooner than a menu gives up that neither keys nor clicks reach.
     bool closesBy(const std::function<void()> &doing)
     {
@@ -107,30 +108,6 @@ protected:
             return menus().isEmpty();
         };
         return waitUntil(isClosing, Milliseconds{2000});
-    }
-
-    /// A point of the row that has just been lit, below the one that was.
-    Point litRow(const Rect &menu, const QByteArray &before)
-    {
-        QByteArray now;
-        EXPECT_TRUE(
-            waitUntil([&] { return (now = pixelsOn(desktop().connection(), menu)) != before; }));
-        const qsizetype line = static_cast<qsizetype>(menu.width) * bytesPerPixel;
-        qsizetype lowest = static_cast<qsizetype>(menu.height) - 1;
-        while (lowest > 0 && now.mid(lowest * line, line) == before.mid(lowest * line, line))
-            --lowest;
-        return {menu.midX(), menu.y + static_cast<double>(lowest) - 8};
-    }
-
-    /// What the hot key makes of the window, which is then put back.
-    Rect leftHalf()
-    {
-        LiveTests::press(strokes::leftHalf);
-        EXPECT_TRUE(waitUntil([this] { return frame(m_window).x == 0; }));
-        const Rect half = frame(m_window);
-        pager().moveResize(m_window, somewhere);
-        EXPECT_TRUE(waitUntil([&] { return frame(m_window).x > half.x; }));
-        return half;
     }
 
     xcb_window_t m_window = XCB_WINDOW_NONE;
@@ -143,21 +120,19 @@ TEST_F(TrayTests, aClickOpensTheMenuBesideTheIconUntilAKeyOrAClickClosesIt)
 {
     const Rect place = icon();
     const std::function<void()> ways[]{[this] { press(Key::escape); },
-        [this] { pointer().click(elsewhere); }, [&] { pointer().click(centre(place)); }};
+        [this] { keys().click(elsewhere); }, [&] { keys().click(centre(place)); }};
     for (const auto &closeMenu : ways) {
         const auto menu = openMenu();
         ASSERT_TRUE(menu);
         const double apart =
             std::min(std::abs(menu->y - place.maxY()), std::abs(place.y - menu->maxY()));
         EXPECT_LE(apart, place.height);
-        EXPECT_GE(std::min(menu->x, menu->y), 0);
-        EXPECT_LE(menu->maxX(), standardDisplay.maxX());
-        EXPECT_LE(menu->maxY(), standardDisplay.maxY());
+        EXPECT_EQ(Geometry::clamp(*menu, standardDisplay), *menu);
         EXPECT_EQ(probe().activeWindow(), m_window);
 
         closeMenu();
 
-        EXPECT_TRUE(isClosed());
+        EXPECT_TRUE(waitUntil([this] { return menus().isEmpty(); }));
         EXPECT_FALSE(waitUntil([this] { return !menus().isEmpty(); }, Milliseconds{500}));
         EXPECT_EQ(probe().activeWindow(), m_window);
     }
@@ -166,111 +141,63 @@ TEST_F(TrayTests, aClickOpensTheMenuBesideTheIconUntilAKeyOrAClickClosesIt)
 TEST_F(TrayTests, aRightClickOpensAMenu)
 {
     // A panel that never passes right clicks on draws the menu itself.
-    PopupProbe popups(desktop().connection());
-    pointer().click(centre(icon()), Button::right);
+    keys().click(centre(icon()), Button::right);
 
-    ASSERT_TRUE(waitUntil([&] { return !popups.openMenus().isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !probe().openMenus().isEmpty(); }));
     EXPECT_EQ(menus().isEmpty(), !isEmbedded());
     EXPECT_EQ(probe().activeWindow(), m_window);
     EXPECT_TRUE(waitUntil([&] {
         press(Key::escape);
-        return popups.openMenus().isEmpty();
+        return probe().openMenus().isEmpty();
     }));
 }
 
-TEST_F(TrayTests, aPlacementChosenWithTheKeyboardMovesTheWindowThatHadTheFocus)
+TEST_F(TrayTests, aPlacementChosenWithKeysOrMouseMovesTheWindowThatHadTheFocus)
 {
-    const Rect half = leftHalf();
-    ASSERT_TRUE(openMenu());
+    std::optional<Rect> half; // beside the panel, as the hot key makes it
+    const auto openSubmenu = [&] {
+        ASSERT_TRUE(openMenu());
+        for (int row = 0; row <= rowsAboveHalves; ++row)
+            press(Key::down);
+        press(Key::right);
+        ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
+    };
+    const std::function<void()> choices[]{[&] { LiveTests::press(Placement::leftHalf); },
+        [&] {
+            openSubmenu();
+            press(Key::enter);
+        },
+        [&] {
+            openSubmenu();
+            const Rect submenu = frame(menus().value(1));
+            keys().click({submenu.midX(), submenu.y + 16});
+        }};
+    for (const auto &choose : choices) {
+        choose();
 
-    for (int row = 0; row <= rowsAboveHalves; ++row)
-        press(Key::down);
-    press(Key::right);
-    ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
-    press(Key::enter);
-
-    EXPECT_EQ(reached(m_window, half), half);
-    EXPECT_TRUE(isClosed());
-    EXPECT_EQ(probe().activeWindow(), m_window);
+        EXPECT_TRUE(waitUntil([&] { return frame(m_window).x == 0; }));
+        EXPECT_EQ(frame(m_window), half.value_or(frame(m_window)));
+        EXPECT_TRUE(waitUntil([this] { return menus().isEmpty(); }));
+        EXPECT_EQ(probe().activeWindow(), m_window);
+        half = frame(m_window);
+        pager().moveResize(m_window, somewhere);
+        EXPECT_TRUE(waitUntil([&] { return frame(m_window).x > 0; }));
+    }
 }
 
-TEST_F(TrayTests, aPlacementChosenWithTheMouseMovesTheWindowThatHadTheFocus)
-{
-    const Rect half = leftHalf();
-    const auto menu = openMenu();
-    ASSERT_TRUE(menu);
-    for (int row = 0; row < rowsAboveHalves; ++row)
-        press(Key::down);
-    const QByteArray before = settled([&] { return pixelsOn(desktop().connection(), *menu); });
-    press(Key::down);
-
-    pointer().click(litRow(*menu, before));
-    ASSERT_TRUE(waitUntil([this] { return menus().size() == 2; }));
-    const Rect submenu = frame(menus().last());
-    pointer().click({submenu.midX(), submenu.y + 16});
-
-    EXPECT_EQ(reached(m_window, half), half);
-    EXPECT_TRUE(isClosed());
-    EXPECT_EQ(probe().activeWindow(), m_window);
-}
-
-TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsTheKeyboardGetsItLater)
+TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsKeyboardOrPointerGetsThemLater)
 {
     XConnection &holder = desktop().connection();
     xcb_grab_keyboard(
         holder.raw(), 0, holder.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     popUp();
-
-    xcb_ungrab_keyboard(holder.raw(), XCB_CURRENT_TIME);
-
+    ungrab();
     EXPECT_TRUE(closesBy([this] { press(Key::escape); }));
-}
 
-TEST_F(TrayTests, aMenuThatOpensWhileAnotherProgramHoldsThePointerGetsItLater)
-{
-    XConnection &holder = desktop().connection();
-    xcb_grab_pointer(holder.raw(), 0, holder.root(), XCB_EVENT_MASK_BUTTON_PRESS,
-        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE, XCB_CURSOR_NONE,
-        XCB_CURRENT_TIME);
+    ASSERT_EQ(grabPointer(), XCB_GRAB_STATUS_SUCCESS);
     popUp();
-
-    xcb_ungrab_pointer(holder.raw(), XCB_CURRENT_TIME);
-
-    EXPECT_TRUE(closesBy([this] { pointer().click(elsewhere); }));
-}
-
-TEST_F(TrayTests, aRivalWithoutAWindowIsInTheMenuAndQuitsWhenChosenOrAskedTo)
-{
-    auto rival = desktop().launchIdle(u"cortile"_s);
-    popUp();
-
-    EXPECT_TRUE(closesBy([this] {
-        // After the row with the program's name.
-        press(Key::down);
-        press(Key::down);
-        press(Key::enter);
-    }));
-    EXPECT_TRUE(waitUntil([&] { return !rival->isRunning(); }));
-
-    rival = desktop().launchIdle(u"cortile"_s);
-    EXPECT_EQ(corvane().ask({u"--quit-competitors"_s}).output, "Asked Cortile to quit.\n");
-    EXPECT_TRUE(waitUntil([&] { return !rival->isRunning(); }));
-}
-
-TEST_F(TrayTests, withoutATrayTheProgramSaysSoOnceAndStaysReachable)
-{
-    if (isEmbedded())
-        GTEST_SKIP() << "the tray is the window manager's";
-    m_panel->stop();
-    ASSERT_TRUE(waitUntil([this] { return !m_panel->isRunning(); }));
-    corvane().stop();
-    ASSERT_TRUE(corvane().start());
-
-    ASSERT_TRUE(corvane().waitForLog(u"no tray"_s, 0, Milliseconds{20000}));
-    EXPECT_TRUE(moved(corvane().place(u"rightHalf"_s)));
-    popUp();
-    EXPECT_TRUE(closesBy([this] { press(Key::escape); }));
-    EXPECT_EQ(corvane().log().filter(u"no tray"_s).size(), 1);
+    ungrab();
+    EXPECT_TRUE(closesBy([this] { keys().click(elsewhere); }));
 }
 
 } // namespace corvane::desktop

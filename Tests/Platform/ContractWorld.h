@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
 namespace corvane {
 
@@ -21,6 +20,7 @@ struct ContractWindow {
     bool maximised = false;
     bool minimised = false;
     bool onOtherWorkspace = false;
+    quint64 number = 0; ///< of a window that is gone; 0: any
 };
 
 /// A desktop with a back end on it, and the hand of a person who uses that desktop. It starts with
@@ -28,18 +28,15 @@ struct ContractWindow {
 class ContractWorld
 {
 public:
-    /// What a world may be unable to arrange. Tests that need it are skipped there.
-    enum class Ability { reusedNumbers, otherWorkspaces, panels, displays, trust, keyRepeat };
     enum class Edge { top, bottom, left, right };
+    static constexpr quint16 missingKey = 52; ///< on this desktop's keyboard
 
     virtual ~ContractWorld() = default;
 
     virtual Platform &platform() = 0;
-    [[nodiscard]] virtual bool can(Ability ability) const = 0;
 
     /// An application that, once opened, shows one standard window, or that cannot be opened.
-    virtual void install(
-        const QString &bundleIdentifier, const QString &name, Installation::State state) = 0;
+    virtual void install(const QString &id, const QString &name, Installation::State state) = 0;
     /// A process without a window.
     virtual pid_t startApplication() = 0;
     /// A program that moves windows by shortcuts, and shows none.
@@ -48,8 +45,6 @@ public:
     /// Returns once the desktop shows the window. A standard window or dialog takes the focus
     /// unless it is minimised or elsewhere.
     virtual WindowElement openWindow(pid_t pid, const ContractWindow &window = {}) = 0;
-    /// A window with the number of one that is gone.
-    virtual WindowElement openWindowNumbered(pid_t pid, quint64 number) = 0;
     virtual void closeWindow(const WindowElement &window) = 0;
     /// From now on the window says that it belongs to this application.
     virtual void renameWindow(const WindowElement &window, const QString &application) = 0;
@@ -67,9 +62,6 @@ public:
     /// Until it has repeated.
     virtual void holdKey(quint16 keyCode, quint32 modifiers) = 0;
     virtual void takeKeyByRival(quint16 keyCode, quint32 modifiers) = 0;
-    /// A key that this keyboard lacks.
-    virtual quint16 missingKey() = 0;
-
     virtual void holdPointerButton(bool isDown) = 0;
 
     virtual void loseTrust() = 0;
@@ -79,8 +71,6 @@ public:
     virtual void pump() = 0;
     /// Pumps until nothing is under way any more.
     virtual void settle() = 0;
-    /// Pumps until the condition holds; false when it does not within five seconds.
-    [[nodiscard]] bool waitUntil(const std::function<bool()> &condition);
 };
 
 /// The parameter of the contract: a name for the test's name, and how to make a fresh world.
@@ -88,7 +78,5 @@ struct ContractWorldFactory {
     std::string name;
     std::function<std::unique_ptr<ContractWorld>()> make;
 };
-
-void PrintTo(const ContractWorldFactory &factory, std::ostream *stream);
 
 } // namespace corvane

@@ -1,58 +1,66 @@
 #include "PlatformContract.h"
 
-#include <ostream>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
 
 namespace corvane {
-
-std::string PlatformContract::nameOf(const testing::TestParamInfo<ContractWorldFactory> &info)
-{
-    return info.param.name;
-}
 
 void PlatformContract::SetUp()
 {
     m_world = GetParam().make();
-    ASSERT_TRUE(m_world);
     world().settle();
 
-    QObject *listener = &m_listener;
-    QObject::connect(&windows(), &WindowAccess::windowCreated, listener,
-        [this](const WindowElement &window) { created << window; });
-    QObject::connect(&windows(), &WindowAccess::windowClosed, listener,
-        [this](const WindowElement &window) { closed << window; });
-    QObject::connect(&windows(), &WindowAccess::trustChanged, listener,
-        [this](bool trusted) { trust << trusted; });
-    QObject::connect(&applications(), &Applications::launched, listener,
-        [this](const RunningApplication &application) { launched << application.pid; });
-    QObject::connect(&applications(), &Applications::terminated, listener,
-        [this](pid_t pid) { terminated << pid; });
-    QObject::connect(
-        &hotKeys(), &HotKeys::pressed, listener, [this](quint32 id) { pressed << id; });
-    QObject::connect(&displays(), &Displays::changed, listener, [this] { ++displayChanges; });
+    const auto note = [this](auto &sender, auto signal, auto take) {
+        QObject::connect(&sender, signal, &m_listener, [this, take](const auto &told) {
+            ++notices;
+            take(told);
+        });
+    };
+    note(windows(), &WindowAccess::windowCreated, [this](auto &window) { created << window; });
+    note(windows(), &WindowAccess::windowClosed, [this](auto &window) { closed << window; });
+    note(windows(), &WindowAccess::trustChanged, [this](bool trusted) { trust << trusted; });
+    note(applications(), &Applications::launched, [this](auto &told) { launched << told.pid; });
+    note(applications(), &Applications::terminated, [this](pid_t pid) { terminated << pid; });
+    note(hotKeys(), &HotKeys::pressed, [this](quint32 id) { pressed << id; });
+    QObject::connect(&displays(), &Displays::changed, &m_listener, [this] {
+        ++notices;
+        ++displayChanges;
+    });
+}
+
+bool PlatformContract::eventually(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(std::chrono::seconds(15));
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        world().pump();
+    }
+    return true;
 }
 
 testing::AssertionResult PlatformContract::reaches(const WindowElement &window, const Rect &frame)
 {
-    if (world().waitUntil([&] { return windows().frame(window) == frame; }))
+    if (eventually([&] { return windows().frame(window) == frame; }))
         return testing::AssertionSuccess();
     const auto reached = windows().frame(window);
-    if (!reached)
-        return testing::AssertionFailure() << "its frame reads error " << int(reached.error());
-    return testing::AssertionFailure() << "it is at " << testing::PrintToString(*reached);
+    return testing::AssertionFailure()
+        << (reached ? testing::PrintToString(*reached) : std::to_string(int(reached.error())));
 }
 
-testing::AssertionResult PlatformContract::takesFocus(const WindowElement &window)
+QList<AXError> PlatformContract::answersAbout(const WindowElement &window)
 {
-    if (world().waitUntil([&] { return windows().focusedWindow().window == window; }))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "another one has it";
+    const auto of = [](const auto &read) { return read ? AXError::success : read.error(); };
+    return {of(windows().frame(window)), of(windows().title(window)),
+        of(windows().isFullScreen(window)), of(windows().isMinimized(window)),
+        of(windows().isWindow(window)), of(windows().isStandard(window)),
+        windows().setPosition(window, {1, 1}), windows().setSize(window, {300, 300}),
+        windows().restore(window, {1, 1, 300, 300}, std::nullopt)};
 }
 
-int PlatformContract::noticeCount() const
+void PrintTo(const ContractWorldFactory &factory, std::ostream *stream)
 {
-    return int(created.size() + closed.size() + launched.size() + terminated.size() + trust.size()
-               + pressed.size())
-        + displayChanges;
+    *stream << factory.name;
 }
 
 void PrintTo(const Rect &rect, std::ostream *stream)
@@ -60,9 +68,11 @@ void PrintTo(const Rect &rect, std::ostream *stream)
     *stream << rect.width << 'x' << rect.height << " at " << rect.x << ',' << rect.y;
 }
 
-void PrintTo(const WindowElement &window, std::ostream *stream)
-{
-    *stream << "window " << window.number << " of generation " << window.generation;
-}
-
 } // namespace corvane
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}

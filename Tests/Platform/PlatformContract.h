@@ -2,8 +2,6 @@
 
 #include "ContractWorld.h"
 
-#include <QtCore/QHash>
-
 #include <gmock/gmock.h>
 
 namespace corvane {
@@ -15,10 +13,12 @@ namespace corvane {
 class PlatformContract : public testing::TestWithParam<ContractWorldFactory>
 {
 public:
-    static std::string nameOf(const testing::TestParamInfo<ContractWorldFactory> &info);
+    static std::string nameOf(const testing::TestParamInfo<ContractWorldFactory> &info)
+    {
+        return info.param.name;
+    }
 
 protected:
-    using Ability = ContractWorld::Ability;
     using Kind = ContractWindow::Kind;
 
     void SetUp() override;
@@ -29,9 +29,21 @@ protected:
     Applications &applications() { return m_world->platform().applications(); }
     HotKeys &hotKeys() { return m_world->platform().hotKeys(); }
 
+    /// A window of a process of its own.
+    WindowElement open(const ContractWindow &window = {})
+    {
+        return world().openWindow(world().startApplication(), window);
+    }
+    /// Pumps until the condition holds; false when it does not in time.
+    [[nodiscard]] bool eventually(const std::function<bool()> &condition);
+    [[nodiscard]] bool takesFocus(const WindowElement &window)
+    {
+        return eventually([&] { return windows().focusedWindow().window == window; });
+    }
     /// Waits until the window is where it should be; on failure the frame it has.
     testing::AssertionResult reaches(const WindowElement &window, const Rect &frame);
-    testing::AssertionResult takesFocus(const WindowElement &window);
+    /// The errors of all calls about one window.
+    QList<AXError> answersAbout(const WindowElement &window);
 
     // Every notice that came, in order.
     QList<WindowElement> created;
@@ -41,19 +53,14 @@ protected:
     QList<bool> trust;
     QList<quint32> pressed;
     int displayChanges = 0;
-    [[nodiscard]] int noticeCount() const;
+    int notices = 0; ///< of any kind
 
 private:
     std::unique_ptr<ContractWorld> m_world;
     QObject m_listener; ///< before the world, so that no notice comes while it goes
 };
 
+void PrintTo(const ContractWorldFactory &factory, std::ostream *stream);
 void PrintTo(const Rect &rect, std::ostream *stream);
-void PrintTo(const WindowElement &window, std::ostream *stream);
-
-/// Skips the test in a world that cannot arrange what it needs.
-#define CORVANE_NEEDS(ability)                                                                     \
-    if (!world().can(Ability::ability))                                                            \
-    GTEST_SKIP() << "this world cannot arrange it"
 
 } // namespace corvane

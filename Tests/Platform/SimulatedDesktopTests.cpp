@@ -1,6 +1,8 @@
-#include "SimulatedPlatform.h"
+#include "DeskFile.h"
 
-#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -9,195 +11,245 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::MatchesRegex;
 using testing::SizeIs;
 
-class SimulatedDesktopTests : public testing::Test
+namespace {
+
+/// The example that the description of a desk's file gives.
+QByteArray example()
 {
-protected:
-    SimulatedDesktopTests()
-    {
-        desktop.plug({.frame = {0, 0, 1000, 800}});
-        pid = desktop.start(u"org.example.Editor"_s, u"Editor"_s);
-        platform.deliver();
-    }
+    QFile file(QStringLiteral(CORVANE_DESK_DESCRIPTION));
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto start = text.indexOf("```json\n") + 8;
+    return text.mid(start, text.indexOf("```", start) - start);
+}
 
-    Rect frameOf(const WindowElement &window) { return windows.frame(window).value_or(Rect{}); }
+expected<std::unique_ptr<SimulatedPlatform>, QString> load(const QByteArray &json)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"desk.json"_s));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(json) == json.size());
+    file.close();
+    return loadDesk(file.fileName());
+}
 
-    SimulatedPlatform platform;
-    SimulatedDesktop &desktop = platform.desktop();
-    SimulatedWindows &windows = platform.windows();
-    ManualClock &clock = platform.manualClock();
-    pid_t pid = 0;
-};
+/// What the file's sentence says after naming the file; empty when it was read.
+std::string complaint(const QByteArray &json)
+{
+    const auto desk = load(json);
+    return desk ? std::string() : desk.error().section(u"desk.json\" "_s, 1).toStdString();
+}
 
-TEST_F(SimulatedDesktopTests, aRefusedWriteChangesNothingAndSaysWhy)
+/// A desk on a manual clock with more of its own, and an application "a" with one window.
+std::unique_ptr<SimulatedPlatform> desk(
+    const QByteArray &application, const QByteArray &window = {}, const QByteArray &more = {})
+{
+    auto desk = load("{\"clock\": \"manual\", \"displays\": [{}]," + more
+        + "\"applications\": [{\"id\": \"a\"," + application + "\"windows\": [{" + window
+        + "}]}]}");
+    EXPECT_TRUE(desk) << qPrintable(desk.error());
+    return std::move(*desk);
+}
+
+} // namespace
+
+TEST(SimulatedDesktopTests, actionsRunAtTheirTimesInTheOrderOfTheirAdding)
+{
+    ManualClock clock;
+    QList<std::pair<int, Clock::Duration>> ran;
+    QObject context;
+    auto dying = std::make_unique<QObject>();
+    const auto note = [&](Clock::Duration delay, int number) {
+        clock.after(delay, &context, [&, number] { ran.emplace_back(number, clock.now()); });
+    };
+    note(30ms, 1);
+    clock.after(10ms, &context, [&] { note(5ms, 2), note(80ms, 3), dying.reset(); });
+    clock.after(11ms, dying.get(), [&] { ADD_FAILURE() << "its context is gone"; });
+    note(30ms, 4);
+    note(31ms, 5);
+
+    clock.advance(30ms);
+    EXPECT_THAT(ran, ElementsAre(std::pair(2, 15ms), std::pair(1, 30ms), std::pair(4, 30ms)));
+    const QDateTime before = clock.date();
+    clock.sleep(70ms);
+    EXPECT_THAT(ran, SizeIs(3));
+    EXPECT_EQ(before.msecsTo(clock.date()), 70);
+    clock.advance(0ms);
+    EXPECT_THAT(ran.mid(3), ElementsAre(std::pair(5, 100ms), std::pair(3, 100ms)));
+}
+
+TEST(SimulatedDesktopTests, aRefusedWriteChangesNothingAndSaysWhy)
 {
     struct Case {
-        const char *name;
-        WindowSpec spec;
-        bool tiling;
+        QByteArray window;
+        QByteArray desk;
         AXError position;
         AXError size;
-        QString detail;
+        QString detail{};
     };
-    const auto failure = AXError::failure;
-    const auto success = AXError::success;
-    for (const Case &each :
-        {
-            Case{"position", {.refusesPosition = failure, .refusalDetail = u"pinned"_s}, false,
-                failure, success, u"pinned"_s},
-            Case{"size", {.refusesSize = AXError::cannotComplete}, false, success,
-                AXError::cannotComplete, {}},
-            Case{"full screen", {.fullScreen = true}, false, failure, failure, u"in full screen"_s},
-            Case{"tiled", {}, true, failure, failure, u"tiled by the window manager"_s},
-            Case{"floating dialog", {.kind = WindowKind::dialog}, true, success, success, {}},
-        }) {
-        SCOPED_TRACE(each.name);
-        desktop.tiling = each.tiling;
-        const auto window = desktop.openWindow(pid, each.spec);
-        Rect expected = frameOf(window);
-        if (each.size == success)
-            expected = {expected.x, expected.y, 600, 500};
-        if (each.position == success)
-            expected = {50, 40, expected.width, expected.height};
-        windows.clearWrites();
+    constexpr auto failure = AXError::failure;
+    constexpr auto done = AXError::success;
+    for (const auto &[window, more, position, size, detail] :
+        {Case{R"("refusesPosition": -25200, "refusalDetail": "pinned")", {}, failure, done,
+             u"pinned"_s},
+            Case{R"("refusesSize": -25204)", {}, done, AXError::cannotComplete},
+            Case{R"("fullScreen": true)", {}, failure, failure, u"in full screen"_s},
+            Case{{}, R"("tiling": true,)", failure, failure, u"tiled by the window manager"_s},
+            Case{R"("kind": "dialog")", R"("tiling": true,)", done, done},
+            Case{R"("vanishesAfterCalls": 1)", {}, AXError::invalidUIElement, done}}) {
+        SCOPED_TRACE(window.constData());
+        const auto platform = desk({}, window, more);
+        SimulatedWindows &windows = platform->windows();
+        const WindowElement element = platform->desktop().stack().first();
+        const Rect before = platform->desktop().window(element).frame;
 
-        EXPECT_EQ(windows.setSize(window, {600, 500}), each.size);
-        EXPECT_EQ(windows.setPosition(window, {50, 40}), each.position);
+        EXPECT_EQ(windows.setSize(element, {600, 500}), size);
+        EXPECT_EQ(windows.setPosition(element, {50, 40}), position);
 
-        EXPECT_EQ(frameOf(window), expected);
-        EXPECT_EQ(windows.refusalDetail(window), each.detail);
+        EXPECT_EQ(windows.refusalDetail(element), detail);
         EXPECT_THAT(windows.writes(),
-            ElementsAre(WindowWrite{window, Size{600, 500}, each.size},
-                WindowWrite{window, Point{50, 40}, each.position}));
+            ElementsAre(WindowWrite{element, Size{600, 500}, size},
+                WindowWrite{element, Point{50, 40}, position}));
+        const SimulatedWindow *there = platform->desktop().findWindow(element);
+        ASSERT_EQ(there == nullptr, position == AXError::invalidUIElement);
+        if (there) {
+            EXPECT_EQ(there->frame.size(), size == done ? Size(600, 500) : before.size());
+            EXPECT_EQ(there->frame.origin(), position == done ? Point(50, 40) : before.origin());
+        }
     }
 }
 
-TEST_F(SimulatedDesktopTests, aVanishingWindowAnswersSoManyCallsAndIsGone)
+TEST(SimulatedDesktopTests, aHeldSizeIsAskedForAtTheNewPlace)
 {
-    const auto window = desktop.openWindow(pid, {.vanishesAfterCalls = 2});
+    const auto platform = desk({}, R"("frame": [1500, 900, 200, 100])");
+    SimulatedDesktop &desktop = platform->desktop();
+    desktop.fitsSizesToDisplay = desktop.holdsSizes = true;
+    const WindowElement window = desktop.stack().first();
+    const WindowOperation operation(platform->windows());
 
-    EXPECT_EQ(windows.setSize(window, {500, 500}), AXError::success);
-    EXPECT_TRUE(windows.frame(window));
-    EXPECT_EQ(windows.setPosition(window, {1, 1}), AXError::invalidUIElement);
-    EXPECT_EQ(desktop.findWindow(window), nullptr);
-}
-
-TEST_F(SimulatedDesktopTests, aHeldSizeIsAskedForAtTheNewPlace)
-{
-    desktop.fitsSizesToDisplay = true;
-    desktop.holdsSizes = true;
-    const auto window = desktop.openWindow(pid, {.frame = {700, 500, 200, 200}});
-    const WindowOperation operation(windows);
-
-    EXPECT_EQ(windows.setSize(window, {600, 600}), AXError::success);
-    EXPECT_EQ(desktop.window(window).frame, (Rect{700, 500, 200, 200}));
-    EXPECT_EQ(windows.setPosition(window, {100, 100}), AXError::success);
+    EXPECT_EQ(platform->windows().setSize(window, {600, 600}), AXError::success);
+    EXPECT_EQ(desktop.window(window).frame, (Rect{1500, 900, 200, 100}));
+    EXPECT_EQ(platform->windows().setPosition(window, {100, 100}), AXError::success);
 
     EXPECT_EQ(desktop.window(window).frame, (Rect{100, 100, 600, 600}));
 }
 
-TEST_F(SimulatedDesktopTests, launchedApplicationsOpenTheirWindowsTheirOwnWay)
+TEST(SimulatedDesktopTests, applicationsOpenTheirWindowsTheirOwnWayAtTheirTime)
 {
     struct Case {
-        const char *name;
-        InstalledApplication application;
-        int windowsAtOnce;
-        int windowsLater;
-        bool runsLater;
-    };
-    const WindowSpec main{.title = u"Main"_s};
-    const WindowSpec splash{.kind = WindowKind::splash};
-    for (const Case &each : {
-             Case{"at once", {.windows = {main, main}}, 2, 2, true},
-             Case{"slowly", {.windows = {main}, .opensAfter = 3s}, 0, 1, true},
-             Case{"never", {.windows = {main}, .opensAfter = std::nullopt}, 0, 0, true},
-             Case{"splash", {.windows = {main, main}, .opensAfter = 3s, .splash = splash}, 1, 2,
-                 true},
-             Case{"exits at once", {.opensAfter = 3s, .exitsAfter = 0s}, 0, 0, false},
-             Case{"exits early", {.windows = {main}, .opensAfter = 3s, .exitsAfter = 1s}, 0, 0,
-                 false},
-         }) {
-        SCOPED_TRACE(each.name);
-        InstalledApplication application = each.application;
-        application.bundleIdentifier = QString::fromLatin1(each.name);
-        desktop.install(application);
-
-        const pid_t launched = desktop.launch(application.bundleIdentifier).value_or(0);
-
-        EXPECT_THAT(*windows.windows(launched), SizeIs(each.windowsAtOnce));
-        clock.advance(4s);
-        EXPECT_THAT(*windows.windows(launched), SizeIs(each.windowsLater));
-        EXPECT_EQ(desktop.findApplication(launched) != nullptr, each.runsLater);
-        EXPECT_EQ(desktop.focused(), std::nullopt);
-    }
-    EXPECT_EQ(desktop.launch(u"not installed"_s), std::nullopt);
-}
-
-TEST_F(SimulatedDesktopTests, aFurtherWindowComesInTheApplicationsOwnWay)
-{
-    using enum InstalledApplication::FurtherStart;
-    struct Case {
-        const char *name;
-        InstalledApplication application;
+        QByteArray manner;
+        std::array<int, 3> shown; ///< windows at once, in the end, and once asked for a further one
         int processes; ///< in the end
-        int windows;
+        QList<Clock::Duration> launches{0s};
     };
-    const QList<WindowSpec> main{{.title = u"Main"_s}};
-    for (const Case &each : {
-             Case{"processes", {.windows = main}, 2, 2},
-             Case{"windows", {.windows = main, .furtherStart = window}, 1, 2},
-             Case{"one", {.windows = main, .furtherStart = windowIfItHasNone}, 1, 1},
-             Case{"action",
-                 {.windows = main, .furtherStart = windowIfItHasNone, .opensFurtherWindows = true},
-                 1, 2},
-             Case{"says so", {.windows = main, .hasOneWindow = true}, 1, 1},
-         }) {
-        SCOPED_TRACE(each.name);
-        InstalledApplication application = each.application;
-        application.bundleIdentifier = QString::fromLatin1(each.name);
-        desktop.install(application);
-        const pid_t first = desktop.launch(application.bundleIdentifier).value_or(0);
-        const auto shown = windows.windows(first).value_or(QList<WindowElement>());
-        for (const WindowElement &element : shown)
-            desktop.closeWindow(element);
+    const QByteArray further = R"("furtherStart": "windowIfItHasNone",)";
+    for (const auto &[manner, shown, processes, launches] :
+        {Case{{}, {1, 1, 2}, 2, {0s, 4s}}, Case{R"("opens": false,)", {0, 0, 0}, 0, {}},
+            Case{R"("opensAfter": 3000,)", {0, 1, 2}, 2, {3s, 7s}},
+            Case{R"("opensAfter": 3000, "splash": {},)", {1, 1, 2}, 2, {3s, 7s}},
+            Case{R"("opensAfter": 3000, "exitsAfter": 1000,)", {0, 0, 0}, 0, {}},
+            Case{R"("furtherStart": "window",)", {1, 1, 2}, 1}, Case{further, {1, 1, 1}, 1},
+            Case{further + R"("opensFurtherWindows": true,)", {1, 1, 2}, 1},
+            Case{R"("hasOneWindow": true,)", {1, 1, 1}, 1}}) {
+        SCOPED_TRACE(manner.constData());
+        const auto platform = desk(R"("running": false,)" + manner);
+        SimulatedDesktop &desktop = platform->desktop();
+        ManualClock &clock = platform->manualClock();
+        QList<Clock::Duration> times;
+        QObject::connect(
+            &platform->applications(), &Applications::launched, [&] { times << clock.now(); });
 
-        const auto openWindow = [&] {
-            return platform.applications().openWindow(application.bundleIdentifier);
-        };
-        // Living on without a window, an application shows its first one at a start.
-        if (application.furtherStart == process)
-            desktop.openWindow(first, application.windows.first());
-        else
-            EXPECT_TRUE(openWindow());
-        EXPECT_THAT(*windows.windows(first), SizeIs(1));
-        EXPECT_EQ(openWindow().has_value(), !application.hasOneWindow);
-
-        qsizetype count = 0;
-        qsizetype processes = 0;
-        for (const RunningApplication &running : desktop.running()) {
-            if (running.bundleIdentifier != application.bundleIdentifier)
-                continue;
-            ++processes;
-            count += windows.windows(running.pid)->size();
-        }
-        EXPECT_EQ(processes, each.processes);
-        EXPECT_EQ(count, each.windows);
+        const pid_t launched = desktop.launch(u"a"_s).value_or(0);
+        EXPECT_EQ(desktop.stack().size(), shown[0]);
+        clock.advance(4s);
+        EXPECT_EQ(desktop.stack().size(), shown[1]);
+        EXPECT_EQ(desktop.findApplication(launched) == nullptr, manner.contains("exits"));
+        EXPECT_EQ(platform->applications().openWindow(u"a"_s).has_value(), !manner.contains("One"));
+        clock.advance(4s);
+        EXPECT_EQ(desktop.stack().size(), shown[2]);
+        EXPECT_EQ(desktop.running().size(), processes);
+        EXPECT_EQ(times, launches);
+        EXPECT_EQ(desktop.focused(), std::nullopt);
+        EXPECT_EQ(desktop.launch(u"not installed"_s), std::nullopt);
     }
 }
 
-TEST_F(SimulatedDesktopTests, noticesComeAtTheirTimeOnTheManualClock)
+TEST(SimulatedDesktopTests, theDescribedDeskIsReadWithItsWindowsFrontToBack)
 {
-    QList<Clock::Duration> times;
-    desktop.install({.bundleIdentifier = u"slow"_s, .windows = {{}}, .opensAfter = 3s});
-    QObject::connect(
-        &platform.applications(), &Applications::launched, [&] { times << clock.now(); });
+    const auto desk = load(example());
+    ASSERT_TRUE(desk) << desk.error().toStdString();
+    SimulatedPlatform &platform = **desk;
 
-    desktop.launch(u"slow"_s);
-    clock.advance(10s);
+    EXPECT_EQ(&Platform::current(), &platform);
+    ASSERT_THAT(platform.displays().all(), SizeIs(2));
+    EXPECT_EQ(platform.displays().all()[0].visibleFrame, (Rect{0, 28, 1440, 872}));
+    QStringList titles;
+    for (const WindowElement &element : platform.desktop().stack())
+        titles << platform.desktop().window(element).title;
+    EXPECT_EQ(titles, QStringList({u"Shell"_s, u"Letter"_s, u"Print"_s}));
+    const auto focused = platform.windows().focusedWindow().window.value_or(WindowElement{});
+    EXPECT_EQ(platform.windows().title(focused), u"Letter"_s);
+    EXPECT_EQ(platform.hotKeys().registerHotKey(1, 123, HotKeys::controlKey | HotKeys::optionKey),
+        HotKeys::hotKeyExists);
+    EXPECT_NE(platform.desktop().installed(u"org.example.Mail"_s), nullptr);
+    EXPECT_THAT(platform.applications().running(), SizeIs(2));
 
-    EXPECT_THAT(times, ElementsAre(3s));
+    const auto other = load(R"({"trusted": false, "distrustReason": "Closed.", "unknown": [1, {}],
+        "applications": [{"id": "a", "windows": [{"minimised": true}, {"title": "2"}]},
+            {"id": "b", "windows": [{"title": "3"}]}]})");
+    ASSERT_TRUE(other);
+    EXPECT_EQ((*other)->windows().distrustReason(), u"Closed."_s);
+    EXPECT_EQ((*other)->desktop().focused(), (*other)->desktop().stack()[1]);
+}
+
+TEST(SimulatedDesktopTests, badFilesAreExplainedInOneSentence)
+{
+    const std::string window = R"(.*\.windows\[0\])";
+    const auto withWindow = [](const QByteArray &keys) {
+        return R"({"applications": [{"id": "a", "windows": [{)" + keys + "}]}]}";
+    };
+    for (const auto &[json, sentence] :
+        {std::pair(QByteArray("[]"), std::string("the whole of it must be an object")),
+            {R"({"trusted": 1})", R"("trusted" must be true or false)"},
+            {R"({"clock": "slow"})", R"("clock" must be one of "manual", "real")"},
+            {R"({"displays": {}})", R"("displays" must be a list)"},
+            {R"({"displays": [{}, {"frame": [0, 0, "wide", 9]}]})",
+                R"("displays\[1\].frame" must be a list of four numbers: x, y, .* above 0)"},
+            {R"({"displays": [{"frame": [0, 0, 100, 0]}]})", ".* width and height above 0"},
+            {R"({"displays": [{"panels": [{"thickness": -4}]}]})",
+                R"("displays\[0\].panels\[0\].thickness" must be a number from 0 to 1000)"},
+            {R"({"displays": [{"frame": [0, 0, 50, 50], "panels": [{"thickness": 50}]}]})",
+                R"("displays\[0\].panels" must be thin enough to leave room between them)"},
+            {R"({"applications": [{"name": "A"}]})",
+                R"("applications\[0\].id" must be a text that names the application)"},
+            {withWindow(R"("kind": "round")"), window + R"(.kind" must be one of "standard", .*)"},
+            {withWindow(R"("refusesSize": -1)"), window + R"(.refusesSize" must be -25200, .*)"},
+            {R"({"rivals": [{}]})", R"("rivals\[0\].keyCode" must be a key code)"},
+            {R"({"missingKeys": [1.5]})", R"("missingKeys\[0\]" must be a whole number)"}})
+        EXPECT_THAT(complaint(json), MatchesRegex("cannot be used: " + sentence + "\\."));
+    for (const QByteArray &json : {QByteArray(), QByteArray("{\"a\": tru}"), QByteArray(5000, '[')})
+        EXPECT_THAT(complaint(json), MatchesRegex("is not JSON: .* at byte [0-9]+\\."));
+    EXPECT_TRUE(loadDesk(u"/none.json"_s).error().startsWith(u"The desk file \"/none.json\""_s));
+}
+
+TEST(SimulatedDesktopTests, aSpoiledDeskIsReadOrExplained)
+{
+    const QString desk = QString::fromUtf8(example());
+    const QRegularExpression value(
+        uR"((?<=[:\[,] )(true|false|-?\d+|"[^"]*"(?!:)|\[[^\[\]]*\]|{[^{}]*}))"_s);
+    int explained = 0;
+    for (const auto &found : value.globalMatch(desk)) {
+        for (const char *odd : {"null", "true", "-1", "0.5", "1e300", "\"?\"", "[]", "[1, 2, 3]",
+                 "[-1, -1]", "[0, 0, 0, 0]", "[{}]", "{}"}) {
+            QString spoiled = desk;
+            spoiled.replace(found.capturedStart(), found.capturedLength(), QLatin1StringView(odd));
+            const std::string text = complaint(spoiled.toUtf8());
+            explained += !text.empty();
+            EXPECT_THAT(text, MatchesRegex("(cannot be used: .*\\.)?")) << qPrintable(spoiled);
+        }
+    }
+    EXPECT_GT(explained, 200);
 }
 
 } // namespace corvane

@@ -1,8 +1,6 @@
 #include "PlatformContract.h"
 #include "SimulatedPlatform.h"
 
-#include <utility>
-
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -20,23 +18,16 @@ public:
     {
         m_desktop.holdsSizes = m_desktop.sharesReads = manner == Manner::thrifty;
         m_primary = m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
+        m_keys.removeKey(missingKey);
     }
 
     Platform &platform() override { return m_platform; }
-    bool can(Ability) const override { return true; }
 
-    void install(
-        const QString &bundleIdentifier, const QString &name, Installation::State state) override
+    void install(const QString &id, const QString &name, Installation::State state) override
     {
-        m_desktop.install({.bundleIdentifier = bundleIdentifier,
-            .name = name,
-            .state = state,
-            .windows = {WindowSpec{}}});
+        m_desktop.install({id, name, state, {WindowSpec{}}});
     }
-    pid_t startApplication() override
-    {
-        return m_desktop.start(u"org.example.Contract"_s, u"Contract"_s);
-    }
+    pid_t startApplication() override { return m_desktop.start(u"org.example.App"_s, u"App"_s); }
     pid_t startRival() override
     {
         const pid_t pid = startApplication();
@@ -45,26 +36,18 @@ public:
     }
     void quitApplication(pid_t pid) override { m_desktop.quit(pid); }
     WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
-    WindowElement openWindowNumbered(pid_t pid, quint64 number) override
-    {
-        return m_desktop.openWindow(pid, {.number = number});
-    }
     void closeWindow(const WindowElement &window) override { m_desktop.closeWindow(window); }
     void renameWindow(const WindowElement &window, const QString &application) override
     {
         m_desktop.renameWindow(window, application);
     }
     void focus(const WindowElement &window) override { m_desktop.focus(window); }
-
     void drag(const WindowElement &window, Point origin) override
     {
         m_desktop.moveWindow(m_desktop.window(window), origin);
     }
 
-    void plugDisplay() override
-    {
-        m_second = m_desktop.plug({.frame = {1440, -100, 1920, 1080}, .name = u"Desk"_s});
-    }
+    void plugDisplay() override { m_second = m_desktop.plug({{1440, -100, 1920, 1080}}); }
     void unplugDisplay() override { m_desktop.unplug(m_second); }
     void addPanel(Edge edge, double thickness) override
     {
@@ -73,26 +56,18 @@ public:
         m_desktop.addPanel(m_primary, {edges[int(edge)], thickness});
     }
 
-    void pressKey(quint16 keyCode, quint32 modifiers) override
-    {
-        m_platform.hotKeys().press(keyCode, modifiers);
-    }
-    void holdKey(quint16 keyCode, quint32 modifiers) override
+    void pressKey(quint16 key, quint32 modifiers) override { m_keys.press(key, modifiers); }
+    void holdKey(quint16 key, quint32 modifiers) override
     {
         for (int repeat = 0; repeat < 3; ++repeat)
-            m_platform.hotKeys().keyDown(keyCode, modifiers);
-        m_platform.hotKeys().keyUp(keyCode);
+            m_keys.keyDown(key, modifiers);
+        m_keys.keyUp(key);
     }
-    void takeKeyByRival(quint16 keyCode, quint32 modifiers) override
+    void takeKeyByRival(quint16 key, quint32 modifiers) override
     {
-        m_platform.hotKeys().takeByRival(keyCode, modifiers);
+        m_keys.takeByRival(key, modifiers);
     }
     void holdPointerButton(bool isDown) override { m_platform.session().isButtonDown = isDown; }
-    quint16 missingKey() override
-    {
-        m_platform.hotKeys().removeKey(105);
-        return 105;
-    }
 
     void loseTrust() override { m_desktop.loseTrust(); }
     void regainTrust() override { m_desktop.regainTrust(); }
@@ -104,6 +79,7 @@ private:
     Manner m_manner;
     SimulatedPlatform m_platform;
     SimulatedDesktop &m_desktop = m_platform.desktop();
+    SimulatedHotKeys &m_keys = m_platform.hotKeys();
     quint32 m_primary = 0;
     quint32 m_second = 0;
 };
@@ -112,19 +88,19 @@ WindowElement SimulatedWorld::openWindow(pid_t pid, const ContractWindow &window
 {
     using enum WindowKind;
     constexpr std::array kinds{standard, dialog, splash, panel, desktop};
-    WindowSpec spec;
-    spec.title = window.title;
-    spec.application = window.application;
-    spec.frame = window.frame;
-    spec.kind = kinds[int(window.kind)];
-    spec.minimum = window.minimum.value_or(spec.minimum);
-    spec.fixedSize = window.fixedSize;
-    spec.fullScreen = window.fullScreen;
-    spec.maximised = window.maximised;
-    spec.minimised = window.minimised;
-    spec.onOtherWorkspace = window.onOtherWorkspace;
-    spec.resizesAfter = m_manner == Manner::resizingLate ? 120ms : 0ms;
-    return m_desktop.openWindow(pid, spec);
+    return m_desktop.openWindow(pid,
+        {.title = window.title,
+            .frame = window.frame,
+            .kind = kinds[int(window.kind)],
+            .minimum = window.minimum.value_or(Size{1, 1}),
+            .fixedSize = window.fixedSize,
+            .resizesAfter = m_manner == Manner::resizingLate ? 120ms : 0ms,
+            .application = window.application,
+            .fullScreen = window.fullScreen,
+            .maximised = window.maximised,
+            .minimised = window.minimised,
+            .onOtherWorkspace = window.onOtherWorkspace,
+            .number = window.number});
 }
 
 ContractWorldFactory factory(const char *name, Manner manner)

@@ -1,8 +1,9 @@
 #include "Catalogues.h"
 #include "MainMenu.h"
-#include "MenuChecks.h"
-#include "MenuDesk.h"
+#include "ModelDesk.h"
 #include "PlacementIcon.h"
+#include "RowDrawing.h"
+#include "RowMenu.h"
 #include "StatusIcon.h"
 #include "StatusMenu.h"
 
@@ -10,6 +11,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 
+#include <cmath>
 #include <cstdio>
 
 using namespace corvane;
@@ -17,18 +19,47 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int border = 16;
+constexpr quint64 allModifiers = KeyCombo::control | KeyCombo::option | KeyCombo::command;
 
-struct Look {
-    QString name;
-    DesktopLook look;
-};
+QSet<QString> failures;
 
-const QList<Look> &looks()
+void expect(bool holds, const QString &subject, const QString &rule)
 {
-    static const QList<Look> looks{{u"light"_s, {false, false}}, {u"dark"_s, {true, false}},
-        {u"light-contrast"_s, {false, true}}, {u"dark-contrast"_s, {true, true}}};
-    return looks;
+    if (!holds)
+        failures << subject + u": "_s + rule;
+}
+
+bool fits(const QFont &font, const QString &text, const QRectF &rect)
+{
+    const QFontMetricsF metrics(font);
+    return metrics.horizontalAdvance(text) <= rect.width() + 0.5
+        && metrics.height() <= rect.height() + 0.5;
+}
+
+/// What must hold of a menu's row however large its text is.
+void check(const RowMenu &menu, QAction *action)
+{
+    expect(action->isSeparator() || !action->text().isEmpty(), u"a row"_s, u"has a name"_s);
+    const auto found = MenuRow::of(*action);
+    if (!found)
+        return;
+    const MenuRow &row = *found;
+    const QRectF rect = menu.actionGeometry(action);
+    const auto at = RowDrawing::places(rect, row, menu.look(), RowDrawing::kindOf(*action));
+    const auto that = [&row](bool holds, const QString &rule) { expect(holds, row.title, rule); };
+
+    that(QRectF(menu.rect()).contains(rect), u"is within the menu"_s);
+    that(rect.height() <= Board::length(row.subtitle ? 46 : 30), u"is as tall as its text"_s);
+    that(fits(menu.look().titleFont, row.title, at.title), u"is shown whole"_s);
+    that(!row.subtitle || fits(Board::font(Board::Type::secondary), *row.subtitle, at.subtitle),
+        u"its subtitle is shown whole"_s);
+    if (at.trailing.isNull())
+        return;
+    that(rect.contains(at.trailing), u"its key caps are within the row"_s);
+    that(std::abs(at.trailing.right() - rect.left() - menu.columnEnd()) < 0.01,
+        u"its trailing part ends where those of the others do"_s);
+    that(at.trailing.left() - at.title.right() >= Board::length(20),
+        u"its key caps stand clear of the title"_s);
 }
 
 /// Every row can be chosen.
@@ -39,174 +70,145 @@ MenuTarget fullTarget()
         nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing};
 }
 
-/// Draws the pictures of one look at the process's scale and size of text.
-class MenuScreens
-{
-public:
-    MenuScreens(const QString &folder, const Look &look, AppModel &model)
-        : m_folder(folder), m_look(look), m_model(model)
+/// The pictures of one look, at the process's scale and size of text.
+struct MenuScreens {
+    QString folder;
+    QString name;
+    DesktopLook look;
+    const Board::Palette &palette = Board::palette(look);
+
+    /// Draws on the ground of a window.
+    template <typename Draw>
+    void picture(const QString &what, QSize size, Draw draw) const
     {
-        m_model.look = look.look;
+        const double scale = qApp->devicePixelRatio();
+        QPixmap pixmap(size * scale);
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(palette.ground);
+        QPainter painter(&pixmap);
+        draw(painter);
+        painter.end();
+        const QString file = u"%1/menus-%2-%3-%4x-%5px.png"_s.arg(folder, what, name)
+                                 .arg(scale)
+                                 .arg(QApplication::font().pixelSize());
+        expect(pixmap.save(file), file, u"can be written"_s);
     }
-
-    void drawStatusMenus();
-    void drawMainMenu();
-    void drawKeyCaps();
-    void drawPlacementIcons();
-    void drawStatusIcons();
-    [[nodiscard]] const QStringList &failures() const { return m_failures; }
-
-private:
-    /// On the ground of a window.
-    [[nodiscard]] QPixmap ground(QSize size) const;
-    void save(const QPixmap &picture, const QString &name);
-    void shoot(QMenu &menu, const QString &name, qsizetype lit = -1);
-    void shootSubmenus(StatusMenu &status);
-
-    QString m_folder;
-    const Look &m_look;
-    AppModel &m_model;
-    QStringList m_failures;
+    void shoot(QMenu &menu, const QString &what, qsizetype lit) const
+    {
+        constexpr int border = 16;
+        menu.ensurePolished();
+        menu.resize(menu.sizeHint());
+        menu.setActiveAction(menu.actions().value(lit));
+        for (QAction *action : menu.actions())
+            check(static_cast<RowMenu &>(menu), action);
+        const QPixmap shot = menu.grab();
+        picture(what, menu.size() + QSize(2, 2) * border,
+            [&](QPainter &painter) { painter.drawPixmap(border, border, shot); });
+    }
+    void drawMenus(AppModel &model) const;
+    void drawKeyCaps() const;
+    void drawIcons() const;
 };
 
-QPixmap MenuScreens::ground(QSize size) const
+void MenuScreens::drawMenus(AppModel &model) const
 {
-    const double scale = qApp->devicePixelRatio();
-    QPixmap pixmap(size * scale);
-    pixmap.setDevicePixelRatio(scale);
-    pixmap.fill(Board::palette(m_look.look).ground);
-    return pixmap;
-}
-
-void MenuScreens::save(const QPixmap &picture, const QString &name)
-{
-    const QString file = u"%1/menus-%2-%3-%4x-%5px.png"_s.arg(m_folder, name, m_look.name)
-                             .arg(qApp->devicePixelRatio())
-                             .arg(QApplication::font().pixelSize());
-    if (!picture.save(file))
-        m_failures << u"%1 could not be written"_s.arg(file);
-}
-
-void MenuScreens::shoot(QMenu &menu, const QString &name, qsizetype lit)
-{
-    menu.ensurePolished();
-    menu.resize(menu.sizeHint());
-    menu.setActiveAction(lit < 0 ? nullptr : menu.actions().at(lit));
-    m_failures << MenuChecks::failures(static_cast<RowMenu &>(menu));
-    const QPixmap menuPicture = menu.grab();
-    QPixmap picture = ground(menu.size() + QSize(2, 2) * border);
-    QPainter painter(&picture);
-    painter.drawPixmap(border, border, menuPicture);
-    painter.end();
-    save(picture, name);
-}
-
-void MenuScreens::shootSubmenus(StatusMenu &status)
-{
-    for (QAction *action : status.menu().actions()) {
-        if (auto *submenu = action->menu<QMenu *>()) {
-            const QString title = MenuRow::of(*action)->title;
-            shoot(*submenu, u"status-"_s + title.toLower(), 1);
-        }
-    }
-}
-
-void MenuScreens::drawStatusMenus()
-{
-    StatusMenu status(RowForm::drawn, m_model, fullTarget());
+    StatusMenu status(RowForm::drawn, model, fullTarget());
     status.fill();
-    shoot(status.menu(), u"status"_s, status.menu().actions().size() - 7);
-    shootSubmenus(status);
+    QMenu &menu = status.menu();
+    shoot(menu, u"status"_s, menu.actions().size() - 7);
+    for (QAction *action : menu.actions()) {
+        if (auto *submenu = action->menu<QMenu *>())
+            shoot(*submenu, u"status-"_s + MenuRow::of(*action)->title.toLower(), 1);
+    }
+    MenuRows rows(RowForm::drawn);
+    const auto bar = MainMenu::build(rows, fullTarget(), model);
+    for (const QAction *action : bar->actions())
+        shoot(*action->menu<QMenu *>(), u"main-"_s + action->text().toLower(), 0);
 
-    m_model.accessibilityTrusted = false;
-    m_model.unregistered = QSet<ShortcutOwner>{
-        {Placement::leftHalf}, {Placement::maximize}, {m_model.layouts().first().id}};
-    m_model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
-    m_model.updateStatus = UpdateStatus{.availability = {UpdateAvailability::Available{u"1.2"_s}},
+    model.accessibilityTrusted = false;
+    model.unregistered = QSet<ShortcutOwner>{
+        {Placement::leftHalf}, {Placement::maximize}, {model.layouts().first().id}};
+    model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
+    model.updateStatus = UpdateStatus{.availability = {UpdateAvailability::Available{u"1.2"_s}},
         .lastChecked = {},
         .canUpdate = true};
     status.fill();
-    shoot(status.menu(), u"status-flags"_s);
-    m_model.accessibilityTrusted = true;
-    m_model.unregistered = QSet<ShortcutOwner>();
-    m_model.competitors = QList<Competitor::Running>();
-    m_model.updateStatus = UpdateStatus();
+    shoot(menu, u"status-flags"_s, -1);
+    model.accessibilityTrusted = true;
+    model.unregistered = QSet<ShortcutOwner>();
+    model.competitors = QList<Competitor::Running>();
+    model.updateStatus = UpdateStatus();
 }
 
-void MenuScreens::drawMainMenu()
+void MenuScreens::drawKeyCaps() const
 {
-    MenuRows rows(RowForm::drawn);
-    const auto bar = MainMenu::build(rows, fullTarget(), m_model);
-    for (const QAction *action : bar->actions())
-        shoot(*action->menu<QMenu *>(), u"main-"_s + action->text().toLower(), 0);
-}
-
-void MenuScreens::drawKeyCaps()
-{
-    const auto &palette = Board::palette(m_look.look);
     const KeyCapStyle style = KeyCapStyle::ofHeight(20);
     const int row = Board::length(30);
-    QPixmap picture = ground({Board::length(620), 5 * row});
-    QPainter painter(&picture);
     QStringList glyphs;
     for (const QStringView glyph : KeyCap::glyphs)
         glyphs << glyph.toString();
-    KeyCaps(glyphs, style).paint(painter, {10, 8}, palette, KeyCaps::Form::plain);
-    const KeyCaps caps(KeyCombo(123, MenuDesk::allModifiers).parts()
-            << u"F12"_s << u"Space"_s << u","_s << u"g"_s << u"Q"_s,
+    const KeyCaps caps(
+        KeyCombo(123, allModifiers).parts() << u"F12"_s << u"Space"_s << u","_s << u"g"_s << u"Q"_s,
         style);
-    caps.paint(painter, QPointF(10, row + 8), palette, KeyCaps::Form::plain);
-    caps.paint(painter, QPointF(10, 2 * row + 8), palette, KeyCaps::Form::dimmed);
-    painter.fillRect(QRect(0, 3 * row, picture.width(), row + 8), palette.accent);
-    caps.paint(painter, QPointF(10, 3 * row + 8), palette, KeyCaps::Form::lit);
-    painter.end();
-    save(picture, u"key-caps"_s);
+    const QSize size(Board::length(620), 5 * row);
+    picture(u"key-caps"_s, size, [&](QPainter &painter) {
+        KeyCaps(glyphs, style).paint(painter, {10, 8}, palette, KeyCaps::Form::plain);
+        caps.paint(painter, QPointF(10, row + 8), palette, KeyCaps::Form::plain);
+        caps.paint(painter, QPointF(10, 2 * row + 8), palette, KeyCaps::Form::dimmed);
+        painter.fillRect(QRect(0, 3 * row, size.width(), row + 8), palette.accent);
+        caps.paint(painter, QPointF(10, 3 * row + 8), palette, KeyCaps::Form::lit);
+    });
 }
 
-void MenuScreens::drawPlacementIcons()
+void MenuScreens::drawIcons() const
 {
-    const auto &palette = Board::palette(m_look.look);
-    QPixmap picture = ground({34 * placementCount + 10, 160});
-    QPainter painter(&picture);
-    double y = 8;
-    for (const int height : {16, 24, 13}) {
-        for (const auto form : {PlacementIcon::Form::plain, PlacementIcon::Form::lit}) {
-            const bool isLit = form == PlacementIcon::Form::lit;
-            if (isLit)
-                painter.fillRect(QRectF(0, y - 2, picture.width(), height + 4), palette.accent);
-            double x = 8;
-            for (const Placement placement : allPlacements()) {
-                const QRectF rect(x, y, height * 1.25, height);
-                PlacementIcon::paint(
-                    painter, rect, placement, PlacementIcon::colors(palette, form));
-                x += height * 1.25 + 4;
+    const QSize size(34 * placementCount + 10, 160);
+    picture(u"placement-icons"_s, size, [&](QPainter &painter) {
+        double y = 8;
+        for (const int height : {16, 24, 13}) {
+            for (const auto form : {PlacementIcon::Form::plain, PlacementIcon::Form::lit}) {
+                if (form == PlacementIcon::Form::lit)
+                    painter.fillRect(QRectF(0, y - 2, size.width(), height + 4), palette.accent);
+                QRectF rect(8, y, height * 1.25, height);
+                for (const Placement placement : allPlacements()) {
+                    PlacementIcon::paint(
+                        painter, rect, placement, PlacementIcon::colors(palette, form));
+                    rect.translate(rect.width() + 4, 0);
+                }
+                y += height + 8;
             }
-            y += height + 8;
         }
-    }
-    painter.end();
-    save(picture, u"placement-icons"_s);
-}
-
-void MenuScreens::drawStatusIcons()
-{
-    QPixmap picture = ground({560, 160});
-    QPainter painter(&picture);
-    DesktopLook other = m_look.look;
+    });
+    DesktopLook other = look;
     other.isDark = !other.isDark;
-    painter.fillRect(0, 80, 560, 80, Board::palette(other).ground); // a panel of the other tone
-    for (const double y : {10, 88}) {
-        double x = 10;
-        for (const int size : {16, 22, 24, 32, 48, 64}) {
-            for (const auto form : {StatusIcon::Form::ordinary, StatusIcon::Form::attention}) {
-                StatusIcon::paint(
-                    painter, QRectF(x, y, size, size), form, StatusIcon::colors(m_look.look));
-                x += size + 8;
+    picture(u"status-icons"_s, {560, 160}, [&](QPainter &painter) {
+        painter.fillRect(0, 80, 560, 80, Board::palette(other).ground); // a panel of the other tone
+        for (const double y : {10, 88}) {
+            double x = 10;
+            for (const int side : {16, 22, 24, 32, 48, 64}) {
+                for (const auto form : {StatusIcon::Form::ordinary, StatusIcon::Form::attention}) {
+                    StatusIcon::paint(
+                        painter, QRectF(x, y, side, side), form, StatusIcon::colors(look));
+                    x += side + 8;
+                }
             }
         }
+    });
+}
+
+void addLayouts(const ModelDesk &desk)
+{
+    QList<WindowLayout> layouts;
+    for (const auto &[name, shortcut] :
+        {std::pair(u"Writing"_s, std::optional(KeyCombo(18, allModifiers))),
+            {u"Review & Chat"_s, KeyCombo(19, allModifiers)},
+            {u"Desk with Two Displays"_s, std::nullopt}}) {
+        layouts << ModelDesk::leftHalfLayout(Screens::signature());
+        layouts.last().name = name;
+        layouts.last().shortcut = shortcut;
     }
-    painter.end();
-    save(picture, u"status-icons"_s);
+    layouts.last().displays << DisplayKey{u"Desk"_s, 1920, 1080};
+    std::ignore = LayoutStore(desk.folder.path()).save(layouts);
 }
 
 } // namespace
@@ -222,20 +224,18 @@ int main(int argc, char **argv)
     QApplication::setFont(font);
     QDir().mkpath(arguments.at(2));
 
-    MenuDesk desk;
-    desk.addLayouts();
+    ModelDesk desk;
+    addLayouts(desk);
     AppModel model = desk.model();
-    QStringList failures;
-    for (const Look &look : looks()) {
-        MenuScreens screens(arguments.at(2), look, model);
-        screens.drawStatusMenus();
-        screens.drawMainMenu();
+    for (const auto &[name, look] :
+        {std::pair(u"light"_s, DesktopLook{false, false}), {u"dark"_s, {true, false}},
+            {u"light-contrast"_s, {false, true}}, {u"dark-contrast"_s, {true, true}}}) {
+        model.look = look;
+        const MenuScreens screens{arguments.at(2), name, look};
+        screens.drawMenus(model);
         screens.drawKeyCaps();
-        screens.drawPlacementIcons();
-        screens.drawStatusIcons();
-        failures << screens.failures();
+        screens.drawIcons();
     }
-    failures.removeDuplicates();
     for (const QString &failure : std::as_const(failures))
         std::fprintf(stderr, "%s\n", qUtf8Printable(failure));
     return failures.isEmpty() ? 0 : 1;

@@ -1,29 +1,35 @@
 #include "Desk.h"
 
+#include "Screens.h"
+
 namespace corvane {
 
-using namespace Qt::StringLiterals;
+const AppRef Desk::editorApp{u"org.example.Editor"_s, u"Editor"_s};
+const AppRef Desk::mail{u"org.example.Mail"_s, u"Mail"_s};
 
 Desk::Desk()
 {
-    laptopID = desktop.plug(
-        {.frame = laptop, .name = u"Laptop"_s, .panels = {{SimulatedPanel::Edge::top, 25}}});
-    editor = desktop.start(u"org.example.Editor"_s, u"Editor"_s);
-}
-
-quint32 Desk::plugMonitor()
-{
-    return desktop.plug({.frame = monitor, .name = u"Monitor"_s});
-}
-
-AXWindow Desk::open(const WindowSpec &wanted)
-{
-    return openFrom(editor, wanted);
+    laptop = desktop.plug({.frame = {0, 0, 1440, 900},
+        .name = u"Laptop"_s,
+        .panels = {{SimulatedPanel::Edge::top, 25}}});
+    editor = desktop.start(editorApp.bundleID, editorApp.name);
+    engine.onPlaced = [this](const AXWindow &window, const Rect &previous) {
+        placed << window;
+        placedFrom << previous;
+        placedAt << platform.clock().now();
+    };
+    engine.onDiagnostic = [this](const QString &line) { diagnostics << line; };
+    watcher.onDiagnostic = engine.onDiagnostic;
 }
 
 AXWindow Desk::openFrom(pid_t pid, const WindowSpec &wanted)
 {
     return {desktop.openWindow(pid, wanted), pid};
+}
+
+AXWindow Desk::openOf(const AppRef &app, const WindowSpec &wanted)
+{
+    return openFrom(desktop.start(app.bundleID, app.name), wanted);
 }
 
 void Desk::drag(const AXWindow &window, const Rect &frame)
@@ -32,14 +38,51 @@ void Desk::drag(const AXWindow &window, const Rect &frame)
     desktop.resizeWindow(simulated(window), frame.size());
 }
 
-Rect Desk::frameOf(const AXWindow &window)
+void Desk::later(Clock::Duration delay, std::function<void()> event)
 {
-    return simulated(window).frame;
+    platform.clock().after(delay, &desktop, std::move(event));
 }
 
-SimulatedWindow &Desk::simulated(const AXWindow &window)
+QString Desk::stack()
 {
-    return desktop.window(window.element);
+    QString titles;
+    for (const WindowElement &element : desktop.stack())
+        titles += desktop.window(element).title;
+    return titles;
+}
+
+Pane Desk::left(const AppRef &app, const QString &title, std::optional<int> stack)
+{
+    return {.rect = {0, 0, 0.5, 1}, .app = app, .titleContains = title, .stack = stack};
+}
+
+Pane Desk::right(const AppRef &app, const QString &title)
+{
+    return {.rect = {0.5, 0, 0.5, 1}, .app = app, .titleContains = title};
+}
+
+QString Desk::apply(const WindowLayout &layout, Clock::Duration retryFor)
+{
+    bool isDone = false;
+    const auto keep = [&](const QList<PaneResult> &done) {
+        results = done;
+        applied = platform.clock().now();
+        isDone = true;
+    };
+    const auto task = engine.apply(layout, 8s, retryFor).then(keep);
+    const Clock::Duration deadline = platform.clock().now() + 60s;
+    while (!isDone && platform.clock().now() < deadline)
+        advance(50ms);
+    EXPECT_TRUE(isDone);
+    QStringList names;
+    for (const PaneResult &result : std::as_const(results))
+        names << statusName(result.status);
+    return names.join(u' ');
+}
+
+QString Desk::fill(const QList<Pane> &panes, Clock::Duration retryFor)
+{
+    return apply({.displays = Screens::signature(), .panes = panes}, retryFor);
 }
 
 std::ostream &operator<<(std::ostream &out, const Rect &rect)
@@ -51,12 +94,6 @@ std::ostream &operator<<(std::ostream &out, const Rect &rect)
 std::ostream &operator<<(std::ostream &out, Placement placement)
 {
     return out << rawValue(placement).data();
-}
-
-std::ostream &operator<<(std::ostream &out, const MoveOutcome &outcome)
-{
-    return out << qPrintable(outcomeName(outcome)) << ": "
-               << qPrintable(refusalText(outcome, std::nullopt));
 }
 
 } // namespace corvane

@@ -1,260 +1,234 @@
+#include "LayoutHistory.h"
 #include "PaneSpan.h"
+#include "Testing.h"
 
-#include <gtest/gtest.h>
+#include <cmath>
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-using Spans = QList<PaneSpan>;
-
 constexpr double minimum = 0.05;
-constexpr double third = 1.0 / 3.0;
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+const QList<CutLines> bothCuts{CutLines::vertical, CutLines::horizontal};
 
-/// On display 1, beside a pane of display 0 that no edit of display 1 may touch.
+/// Bands from edge to edge in percent of the display, such as "0-50 50-100".
+WindowLayout bands(const QString &text, CutLines cut)
+{
+    WindowLayout layout;
+    for (const QString &band : text.split(u' ')) {
+        const double start = band.section(u'-', 0, 0).toDouble() / 100;
+        layout.panes << Pane{};
+        setSpan(layout.panes.last().rect, cut,
+            {start, band.section(u'-', 1, 1).toDouble() / 100 - start});
+    }
+    return layout;
+}
+
+std::string textOf(const WindowLayout &layout, CutLines cut)
+{
+    const auto percent = [](double part) { return double(std::lround(part * 1e4)) / 100; };
+    QStringList texts;
+    for (const Pane &pane : layout.panes) {
+        const PaneSpan span = spanOf(pane.rect, cut);
+        texts << u"%1-%2"_s.arg(percent(span.start)).arg(percent(span.end()));
+    }
+    return texts.join(u' ').toStdString();
+}
+
 WindowLayout layoutOf(const QList<UnitRect> &rects)
 {
-    WindowLayout layout{.panes = {Pane{.id = {}}}};
+    WindowLayout layout;
     for (const UnitRect &rect : rects)
-        layout.panes << Pane{.display = 1, .rect = rect};
+        layout.panes << Pane{.rect = rect};
     return layout;
 }
 
-WindowLayout bands(const Spans &spans, CutLines cut)
-{
-    WindowLayout layout = layoutOf(QList<UnitRect>(spans.size()));
-    for (qsizetype i = 0; i < spans.size(); ++i)
-        setSpan(layout.panes[i + 1].rect, cut, spans[i]);
-    return layout;
-}
+enum class Edit { split, remove, drag, type, add, drop };
 
-void expectRects(const WindowLayout &layout, const QList<UnitRect> &expected)
+/// Of the pane or band with the number `a`, or of the edge that is there.
+void perform(Edit edit, double a, double b, WindowLayout &layout, CutLines cut)
 {
-    const QList<Pane> panes = layout.panesOn(1);
-    EXPECT_EQ(layout.panesOn(0), layoutOf({}).panes);
-    ASSERT_EQ(panes.size(), expected.size());
-    for (qsizetype i = 0; i < panes.size(); ++i) {
-        for (const CutLines cut : {CutLines::vertical, CutLines::horizontal}) {
-            EXPECT_NEAR(spanOf(panes[i].rect, cut).start, spanOf(expected[i], cut).start, 1e-9);
-            EXPECT_NEAR(spanOf(panes[i].rect, cut).length, spanOf(expected[i], cut).length, 1e-9);
-        }
+    switch (edit) {
+    case Edit::split:
+        return layout.split(layout.panes[int(a)].id, cut);
+    case Edit::remove:
+        return layout.remove(layout.panes[int(a)].id);
+    case Edit::drag:
+        return layout.moveEdge(0, cut, a, b, minimum);
+    case Edit::type:
+        return layout.setGridBand(0, cut, int(a), b, minimum);
+    case Edit::add:
+        return layout.addGridBand(0, cut, minimum);
+    case Edit::drop:
+        return layout.removeGridBand(0, cut);
     }
-}
-
-void expectBands(const WindowLayout &layout, const Spans &expected, CutLines cut)
-{
-    QList<UnitRect> rects;
-    for (const Pane &pane : bands(expected, cut).panesOn(1))
-        rects << pane.rect;
-    expectRects(layout, rects);
 }
 
 } // namespace
 
-class BandEditingTests : public testing::TestWithParam<CutLines>
+RC_GTEST_PROP(LayoutEditingProperties, editsKeepPanesInsideTheirDisplayAndApart, ())
 {
-};
+    constexpr double rounding = 1e-6;
+    const Pane bystander{.display = 1};
+    WindowLayout layout{.panes = {Pane{}, bystander}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Both, BandEditingTests, testing::Values(CutLines::vertical, CutLines::horizontal));
+    for (int edits = between(0, 40); edits > 0 && layout.panes.first() != bystander; --edits) {
+        const CutLines cut = anyOf(bothCuts);
+        const int index = between(0, int(layout.panes.size()) - 2);
+        const auto edit = Edit(between(0, 5));
+        const double edge = spanOf(layout.panes[index].rect, cut).end();
+        if (between(0, 9) == 0)
+            layout.panes.removeAt(index); // leaves a hole
+        else
+            perform(edit, edit == Edit::drag ? edge : index, between(-10, 110) * 0.01, layout, cut);
 
-TEST_P(BandEditingTests, theFirstNeighbourWithAWholeEdgeGrowsIntoTheSpace)
-{
-    struct Example {
-        Spans before;
-        int removed;
-        Spans after;
-    };
-    const PaneSpan left{0, third};
-    const PaneSpan middle{third, third};
-    const PaneSpan right{2 * third, third};
-    const Example examples[]{
-        {{left, middle, right}, 1, {{0, 2 * third}, right}},
-        {{right, middle, left}, 1, {{third, 2 * third}, left}},
-        {{left, middle}, 0, {{0, 2 * third}}},
-        {{{0, 0.503}, {0.5, 0.5}}, 1, {{0, 1}}},
-        {{left, right}, 0, {right}},
-    };
-
-    for (const Example &example : examples) {
-        WindowLayout layout = bands(example.before, GetParam());
-        layout.remove(layout.panes[1 + example.removed].id);
-        expectBands(layout, example.after, GetParam());
+        RC_ASSERT(layout.panes.last() == bystander);
+        for (const Pane &pane : layout.panesOn(0)) {
+            const auto &[x, y, w, h] = pane.rect;
+            RC_ASSERT(x >= -rounding && w > 0 && x + w <= 1 + rounding);
+            RC_ASSERT(y >= -rounding && h > 0 && y + h <= 1 + rounding);
+            for (const Pane &other : layout.panesOn(0))
+                RC_ASSERT(other == pane || !overlap(other.rect, pane.rect));
+        }
     }
 }
 
-TEST_P(BandEditingTests, panesOnBothSidesFollowAnEdgeAsFarAsTheyCan)
+TEST(LayoutEditingTests, anEditOfBandsGivesTheBandsBesideIt)
 {
-    struct Example {
-        const char *what;
-        Spans before;
-        double from;
-        double to;
-        Spans after;
-    };
-    const Spans halves{{0, 0.5}, {0.5, 0.5}};
-    const Spans withGap{{0, 0.3}, {0.6, 0.4}};
-    const Spans narrow{{0, 0.04}, {0.04, 0.05}};
-    const Example examples[]{
-        {"both", halves, 0.503, 0.7, {{0, 0.7}, {0.7, 0.3}}},
-        {"far minimum", halves, 0.5, 2, {{0, 0.95}, {0.95, 0.05}}},
-        {"near minimum", halves, 0.5, -2, {{0, 0.05}, {0.05, 0.95}}},
-        {"no edge there", halves, 0.51, 0.7, halves},
-        {"no number", halves, 0.5, notANumber, halves},
-        {"the display ends", {{0, 0.3}}, 0.3, 1.5, {{0, 1}}},
-        {"a pane behind a gap", withGap, 0.3, 0.9, {{0, 0.6}, {0.6, 0.4}}},
-        {"a pane before a gap", withGap, 0.6, 0.1, {{0, 0.3}, {0.3, 0.7}}},
-        {"no room for two minimums", narrow, 0.04, 0.05, narrow},
-        {"a pane that lies over it already", halves + Spans{{0.6, 0.2}}, 0.5, 0.7,
-            {{0, 0.7}, {0.7, 0.3}, {0.6, 0.2}}},
+    using enum Edit;
+    const std::tuple<QString, Edit, double, double, std::string> examples[]{
+        // The first neighbour in the list with a whole edge grows.
+        {u"0-30 30-60 60-100"_s, remove, 1, 0, "0-60 60-100"},
+        {u"60-100 30-60 0-30"_s, remove, 1, 0, "30-100 0-30"},
+        {u"0-30 30-60"_s, remove, 0, 0, "0-60"},
+        {u"0-50.3 50-100"_s, remove, 1, 0, "0-100"},
+        {u"0-30 60-100"_s, remove, 0, 0, "60-100"},
+        // Panes on both sides follow as far as they can, and no further than a pane behind a gap.
+        {u"0-50 50-100"_s, drag, 0.503, 0.7, "0-70 70-100"},
+        {u"0-50 50-100"_s, drag, 0.5, 2, "0-95 95-100"},
+        {u"0-50 50-100"_s, drag, 0.5, -2, "0-5 5-100"},
+        {u"0-50 50-100"_s, drag, 0.51, 0.7, "0-50 50-100"},
+        {u"0-50 50-100"_s, drag, 0.5, notANumber, "0-50 50-100"},
+        {u"0-30"_s, drag, 0.3, 1.5, "0-100"},
+        {u"0-30 60-100"_s, drag, 0.3, 0.9, "0-60 60-100"},
+        {u"0-30 60-100"_s, drag, 0.6, 0.1, "0-30 30-100"},
+        {u"0-4 4-9"_s, drag, 0.04, 0.05, "0-4 4-9"},
+        {u"0-50 50-100 60-80"_s, drag, 0.5, 0.7, "0-70 70-100 60-80"},
+        // The next band absorbs the change, for the last one the band before.
+        {u"0-30 30-60 60-100"_s, type, 0, 0.5, "0-50 50-60 60-100"},
+        {u"0-30 30-60 60-100"_s, type, 0, 0.7, "0-55 55-60 60-100"},
+        {u"0-30 30-60 60-100"_s, type, 0, -1, "0-5 5-60 60-100"},
+        {u"0-30 30-60 60-100"_s, type, 2, 0.5, "0-30 30-50 50-100"},
+        {u"0-30 30-60 60-100"_s, type, 3, 0.5, "0-30 30-60 60-100"},
+        {u"0-30 30-60 60-100"_s, type, -1, 0.5, "0-30 30-60 60-100"},
+        {u"0-30 30-60 60-100"_s, type, 0, notANumber, "0-30 30-60 60-100"},
+        {u"0-90 90-100"_s, add, 0, 0, "0-90 90-95 95-100"},
+        {u"0-91 91-100"_s, add, 0, 0, "0-91 91-100"},
+        {u"0-90 90-95 95-100"_s, drop, 0, 0, "0-90 90-100"},
+        {u"0-100"_s, drop, 0, 0, "0-100"},
+        {u"0-60 60-100"_s, split, 0, 0, "0-30 30-60 60-100"},
     };
 
-    for (const Example &example : examples) {
-        SCOPED_TRACE(example.what);
-        WindowLayout layout = bands(example.before, GetParam());
-        layout.moveEdge(1, GetParam(), example.from, example.to, minimum);
-        expectBands(layout, example.after, GetParam());
+    for (const CutLines cut : bothCuts) {
+        for (const auto &[before, edit, a, b, after] : examples) {
+            WindowLayout layout = bands(before, cut);
+            perform(edit, a, b, layout, cut);
+            EXPECT_EQ(textOf(layout, cut), after) << qPrintable(before);
+        }
     }
 }
 
-TEST_P(BandEditingTests, theNextBandAbsorbsAChangeAndKeepsItsMinimum)
+TEST(LayoutEditingTests, appsStayInTheFirstHalfAndInTheFirstBandsInReadingOrder)
 {
-    struct Example {
-        int index;
-        double fraction;
-        Spans after;
-    };
-    const Spans thirds{{0, third}, {third, third}, {2 * third, third}};
-    const PaneSpan last = thirds[2];
-    const Example examples[]{
-        {0, 0.5, {{0, 0.5}, {0.5, 2 * third - 0.5}, last}},
-        {0, 0.65, {{0, 2 * third - 0.05}, {2 * third - 0.05, 0.05}, last}},
-        {2, 0.5, {{0, third}, {third, 2 * third - 0.5}, {0.5, 0.5}}},
-        {3, 0.5, thirds},
-        {-1, 0.5, thirds},
-        {0, notANumber, thirds},
-    };
-
-    for (const Example &example : examples) {
-        SCOPED_TRACE(example.index);
-        WindowLayout layout = bands(thirds, GetParam());
-        layout.setGridBand(1, GetParam(), example.index, example.fraction, minimum);
-        expectBands(layout, example.after, GetParam());
-    }
-}
-
-TEST_P(BandEditingTests, theLastBandSplitsInTwoUnlessItIsNarrowAndMergesBack)
-{
-    const Spans two{{0, 0.9}, {0.9, 0.1}};
-    WindowLayout layout = bands(two, GetParam());
-    const CutLines other = crossing(GetParam());
-
-    layout.addGridBand(1, GetParam(), minimum);
-    layout.addGridBand(1, GetParam(), minimum);
-    expectBands(layout, {{0, 0.9}, {0.9, 0.05}, {0.95, 0.05}}, GetParam());
-    layout.addGridBand(1, other, minimum);
-    EXPECT_EQ(layout.panesOn(1).size(), 6);
-    layout.removeGridBand(1, other);
-    layout.removeGridBand(1, other);
-    layout.removeGridBand(1, GetParam());
-    expectBands(layout, two, GetParam());
-    layout.removeGridBand(1, GetParam());
-    layout.removeGridBand(1, GetParam());
-    expectBands(layout, {{0, 1}}, GetParam());
-}
-
-TEST(LayoutEditingTests, aSplitLeavesTheAppInTheFirstHalfAndPutsTheOtherDirectlyAfter)
-{
-    WindowLayout layout = layoutOf({{0, 0, 0.5, 1}, {0.5, 0, 0.5, 1}});
+    WindowLayout layout = layoutOf({{0.5, 0, 0.5, 1}, {0, 0, 0.5, 1}});
     layout.panes[1].app = AppRef{u"org.example.Mail"_s, u"Mail"_s};
     layout.panes[1].launch = false;
-    const Pane before = layout.panes[1];
+    const Pane mail = layout.panes[1];
 
-    layout.split(before.id, CutLines::vertical);
-    layout.split(layout.panes[2].id, CutLines::horizontal);
-
-    expectRects(
-        layout, {{0, 0, 0.25, 1}, {0.25, 0, 0.25, 0.5}, {0.25, 0.5, 0.25, 0.5}, {0.5, 0, 0.5, 1}});
-    EXPECT_EQ(layout.panes[1].app, before.app);
-    EXPECT_EQ(layout.panes[1].id, before.id);
+    layout.split(mail.id, CutLines::horizontal);
     const Pane added = layout.panes[2];
-    EXPECT_EQ(added, (Pane{.id = added.id, .display = 1, .rect = added.rect}));
+    EXPECT_EQ(added, (Pane{.id = added.id, .rect = {0, 0.5, 0.5, 0.5}}));
+
+    layout.panes[0].app = AppRef{};
+    const QUuid last = layout.panes[0].id;
+    layout.setSplit(0, {0.4, 0.6}, CutLines::horizontal);
+    EXPECT_EQ(textOf(layout, CutLines::horizontal), "0-40 40-100");
+    EXPECT_TRUE(layout.panes[0].id == mail.id && layout.panes[0].app == mail.app);
+    EXPECT_EQ(layout.panes[1].id, last);
+
+    const WindowLayout before = layout;
+    for (const QList<double> &unfit : {QList<double>{}, {0.5, 0.0}, {0.7, 0.4}, {notANumber}})
+        layout.setSplit(0, unfit, CutLines::vertical);
+    EXPECT_EQ(layout, before);
 }
 
-TEST(LayoutEditingTests, theEdgesToDragAreDistinctAndNotTheDisplaysOwn)
-{
-    const WindowLayout layout =
-        layoutOf({{0, 0, 0.5, 0.5}, {0.502, 0, 0.498, 0.5}, {0.002, 0.5, 0.998, 0.499}});
-
-    EXPECT_EQ(layout.edges(1).vertical, QList{0.5});
-    EXPECT_EQ(layout.edges(1).horizontal, QList{0.5});
-    EXPECT_EQ(WindowLayout::distinct({0.3, 0.006, 0.0, 0.003, 0.3}), (QList{0.0, 0.006, 0.3}));
-}
-
-TEST(LayoutEditingTests, panesAreAGridWhenEachCellHoldsOne)
+TEST(LayoutEditingTests, panesAreAGridWhenEachCellHoldsOneAndShareTheEdgesToDrag)
 {
     const UnitRect topLeft{0, 0, 0.5, 0.5};
-    const UnitRect topRight{0.5, 0, 0.5, 0.5};
-    const UnitRect bottomLeft{0, 0.5, 0.5, 0.5};
+    const UnitRect topRight{0.502, 0, 0.498, 0.5};
+    const UnitRect bottomLeft{0.002, 0.5, 0.498, 0.4995};
     const UnitRect bottomRight{0.5, 0.501, 0.5, 0.499};
-    const QList<UnitRect> notGrids[]{{}, {topLeft}, {topLeft, topRight, bottomLeft},
-        {topLeft, topLeft, topRight, bottomLeft}, {{0, 0, 1, 0.5}, bottomLeft, bottomRight},
-        {{0, 0, 0, 1}, {0, 0, 1, 1}}, {{1, 0, -1, 1}}};
+    const WindowLayout layout = layoutOf({bottomRight, topLeft, bottomLeft, topRight});
 
-    const auto grid = layoutOf({bottomRight, topLeft, bottomLeft, topRight}).grid(1);
-
-    ASSERT_TRUE(grid);
-    EXPECT_EQ(grid->cells[1][0].rect, bottomLeft);
-    EXPECT_EQ(grid->cells[1][1].rect, bottomRight);
-    for (const QList<UnitRect> &rects : notGrids)
-        EXPECT_FALSE(layoutOf(rects).grid(1)) << rects.size();
-}
-
-TEST(LayoutEditingTests, newBandsTakeOverTheAppsInReadingOrder)
-{
-    WindowLayout layout = layoutOf({{0.5, 0, 0.5, 1}, {0, 0, 0.25, 1}, {0.25, 0, 0.25, 1}});
-    layout.panes[1].app = layout.panes[2].app = AppRef{};
-    const QList<Pane> before = layout.panesOn(1);
-
-    layout.setSplit(1, {0.4, 0.6}, CutLines::horizontal);
-
-    expectBands(layout, {{0, 0.4}, {0.4, 0.6}}, CutLines::horizontal);
-    EXPECT_EQ(layout.panesOn(1)[0].id, before[1].id);
-    EXPECT_EQ(layout.panesOn(1)[1].id, before[0].id);
-}
-
-TEST(LayoutEditingTests, whatFitsNoDisplayChangesNothing)
-{
-    const WindowLayout before = layoutOf({{0, 0, 1, 1}});
-    const QList<Pane> cells = before.panesOn(1);
-    WindowLayout layout = before;
-
-    for (const QList<double> &fractions : {QList<double>{}, {0.5, 0.0}, {0.7, 0.4}, {notANumber}})
-        layout.setSplit(1, fractions, CutLines::vertical);
-    layout.setGrid(1, {{0.5, 0.5}, {1}, {cells}});
-    layout.setGrid(1, {{1}, {0.5, 0.5}, {cells}});
-    layout.setGrid(1, {{notANumber}, {1}, {cells}});
-
-    EXPECT_EQ(layout, before);
+    ASSERT_TRUE(layout.grid(0));
+    EXPECT_EQ(layout.grid(0)->cells[1][0].rect, bottomLeft);
+    EXPECT_EQ(layout.grid(0)->cells[1][1].rect, bottomRight);
+    EXPECT_EQ(layout.edges(0).vertical, QList{0.5});
+    EXPECT_EQ(layout.edges(0).horizontal, QList{0.5});
+    for (const QList<UnitRect> &rects :
+        QList<QList<UnitRect>>{{}, {topLeft}, {topLeft, topRight, bottomLeft},
+            {topLeft, topLeft, topRight, bottomLeft}, {{0, 0, 1, 0.5}, bottomLeft, bottomRight},
+            {{0, 0, 0, 1}, {0, 0, 1, 1}}, {{1, 0, -1, 1}}})
+        EXPECT_FALSE(layoutOf(rects).grid(0)) << rects.size();
 }
 
 TEST(LayoutEditingTests, fractionsAreNumbersBetweenCommasSlashesAndSpaces)
 {
-    const std::pair<QString, QList<double>> good[]{
-        {u"40 / 30 / 30"_s, {0.4, 0.3, 0.3}},
-        {u" 40,\t30\n30,"_s, {0.4, 0.3, 0.3}},
-        {u"1 0 -5 3"_s, {0.25, 0.75}},
-    };
-    const QString bad[]{u"40 / x"_s, u"40%"_s, u"0 0"_s, u" ,/ "_s, u"nan 1"_s, u"1 inf"_s,
-        u"1e999"_s, u"1e308 1e308"_s, u"1e-300 1e300"_s};
-
-    for (const auto &[text, fractions] : good)
-        EXPECT_EQ(WindowLayout::parseFractions(text), fractions) << qPrintable(text);
-    for (const QString &text : bad)
+    EXPECT_EQ(WindowLayout::parseFractions(u" 40,\t0 -5 30\n/ 30,"), (QList{0.4, 0.3, 0.3}));
+    for (const QString &text :
+        {u"40 / x"_s, u"0"_s, u"nan 1"_s, u"1e308 1e308"_s, u"1e-300 1e300"_s})
         EXPECT_EQ(WindowLayout::parseFractions(text), std::nullopt) << qPrintable(text);
+}
+
+RC_GTEST_PROP(LayoutHistoryProperties, editsAreUndoneAndRedoneOneByOneUpToTheDepth, ())
+{
+    LayoutHistory history;
+    QList<LayoutHistory::Layouts> versions{{WindowLayout{}}};
+    qsizetype first = 0;
+    qsizetype at = 0;
+    const auto version = [&](bool isThere, qsizetype index) {
+        return isThere ? std::optional(versions[at = index]) : std::nullopt;
+    };
+
+    for (int steps = between(0, 300); steps > 0 || at > first; --steps) { // then all the way back
+        const LayoutHistory::Layouts present = versions[at];
+        if (const int step = steps > 0 ? between(0, 9) : 0; step < 2) {
+            RC_ASSERT(history.undo(present) == version(at > first, at - 1));
+        } else if (step == 2) {
+            RC_ASSERT(history.redo(present) == version(at + 1 < versions.size(), at + 1));
+        } else {
+            history.record(QString::number(++at), present);
+            versions = versions.first(at) << LayoutHistory::Layouts{WindowLayout{}};
+            first = std::max(first, at - LayoutHistory::depth);
+        }
+        RC_ASSERT(history.undoTitle().value_or(u"0"_s) == QString::number(at > first ? at : 0));
+    }
+    RC_ASSERT(!history.undo(versions[at]));
+}
+
+TEST(LayoutHistoryTests, revertPutsOneLayoutBackAndCanItselfBeUndone)
+{
+    const WindowLayout saved{.name = u"Desk"_s};
+    WindowLayout edited = saved;
+    edited.name = u"Work"_s;
+    const QList<WindowLayout> present{WindowLayout{}, edited};
+    LayoutHistory history;
+    history.setSaved({saved});
+
+    EXPECT_EQ(history.revert(saved.id, {saved}), std::nullopt);
+    EXPECT_EQ(history.revert(present[0].id, present), std::nullopt);
+    EXPECT_EQ(history.revert(saved.id, present), (QList{present[0], saved}));
+    EXPECT_EQ(history.undo({}), present);
 }
 
 } // namespace corvane

@@ -1,246 +1,116 @@
 #include "Desk.h"
 
-#include <QtCore/QStringList>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <memory>
-
 namespace corvane {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
 constexpr Rect opened{50, 60, 400, 300};
 constexpr Rect elsewhere{500, 400, 300, 200};
 
-class WindowWatcherTests : public testing::Test
+class WindowWatcherTests : public testing::Test, protected Desk
 {
-protected:
-    WindowWatcherTests()
-    {
-        desk.watcher.onDiagnostic = [this](const QString &text) { told << text; };
-    }
-
-    std::optional<Rect> original(const AXWindow &window) { return desk.watcher.original(window); }
-
-    pid_t startOther() { return desk.desktop.start(u"org.example.Other"_s, u"Other"_s); }
-
-    void openMany(pid_t pid, int count)
-    {
-        for (int i = 0; i < count; ++i)
-            desk.openFrom(pid);
-    }
-
-    Desk desk;
-    QStringList told;
 };
+
+/// A window, and what the watcher is to know of it while it is open.
+struct Seen {
+    AXWindow window;
+    Clock::Duration settled; ///< from when on
+    std::optional<Rect> original = {};
+};
+
+/// What people, programs and the model do to a desk. Whether windows are watched from then on.
+bool happens(Desk &desk, QList<Seen> &windows, QList<pid_t> &pids, bool isWatched)
+{
+    const Clock::Duration now = desk.platform.clock().now();
+    const Rect frame{double(between(0, 900)), double(between(0, 500)), 400, 300};
+    const int event = between(0, 8);
+    if (event < 3) {
+        const WindowKind kind = between(0, 3) == 0 ? WindowKind::dialog : WindowKind::standard;
+        const AXWindow window = desk.openFrom(anyOf(pids), {.frame = frame, .kind = kind});
+        windows << Seen{window, isWatched ? now + 400ms : Clock::Duration::max()};
+    } else if (event == 3) {
+        const pid_t pid = anyOf(pids);
+        desk.desktop.quit(pid);
+        pids.replace(pids.indexOf(pid), desk.desktop.start(Desk::mail.bundleID, u"Mail"_s));
+    } else if (event == 4) {
+        desk.watcher.restart();
+        for (Seen &each : windows)
+            each.settled = now;
+        return true;
+    } else if (event < 7 && !windows.isEmpty()) {
+        const AXWindow window = anyOf(windows).window;
+        if (desk.desktop.findWindow(window.element) && event == 5)
+            desk.desktop.closeWindow(window.element);
+        else if (desk.desktop.findWindow(window.element))
+            desk.drag(window, frame);
+    } else {
+        desk.advance(between(1, 5) * 100ms - between(0, 1) * 1ms);
+    }
+    return isWatched;
+}
 
 } // namespace
 
-TEST_F(WindowWatcherTests, windowsOpenBeforehandAreKnownByTheirFrameAtTheStart)
+RC_GTEST_PROP(WindowWatcherProperties, aWindowsFirstFrameIsKnownForAsLongAsItIsOpen, ())
 {
-    const AXWindow window = desk.open({.frame = opened});
-    EXPECT_EQ(original(window), std::nullopt);
+    Desk desk;
+    QList<Seen> windows;
+    QList<pid_t> pids{desk.editor};
+    bool isWatched = false;
 
-    desk.watcher.start();
-    desk.drag(window, elsewhere);
-    desk.watcher.restart();
+    for (int events = between(1, 40); events > 0; --events) {
+        isWatched = happens(desk, windows, pids, isWatched);
+        desk.platform.deliver();
 
-    EXPECT_EQ(original(window), opened);
+        for (Seen &each : windows) {
+            const SimulatedWindow *there = desk.desktop.findWindow(each.window.element);
+            const bool isKnown = there && there->kind == WindowKind::standard
+                && desk.platform.clock().now() >= each.settled;
+            if (isKnown && !each.original)
+                each.original = there->frame;
+            RC_ASSERT(desk.watcher.original(each.window)
+                == (isKnown ? each.original : std::optional<Rect>()));
+        }
+    }
 }
 
-TEST_F(WindowWatcherTests, aNewWindowIsKnownByTheFrameItHasOnceSettled)
+TEST_F(WindowWatcherTests, withoutTrustNothingStartsAndNothingIsForgotten)
 {
-    desk.open();
-    desk.watcher.start();
-    const AXWindow window = desk.open({.frame = opened});
-
-    desk.advance(399ms);
-    EXPECT_EQ(original(window), std::nullopt);
-    desk.drag(window, elsewhere);
-    desk.advance(1ms);
-    EXPECT_EQ(original(window), elsewhere);
-
-    desk.drag(window, opened);
-    desk.advance(1s);
-    EXPECT_EQ(original(window), elsewhere);
-}
-
-TEST_F(WindowWatcherTests, theFirstSightingWins)
-{
-    desk.open();
-    desk.watcher.start();
-    const AXWindow window = desk.open({.frame = opened});
-    desk.advance(100ms);
-    desk.watcher.restart();
-    desk.drag(window, elsewhere);
-    desk.advance(1s);
-
-    EXPECT_EQ(original(window), opened);
-}
-
-TEST_F(WindowWatcherTests, onlyStandardWindowsThatAreStillThereCount)
-{
-    desk.open();
-    desk.watcher.start();
-    desk.open({.kind = WindowKind::dialog});
-    desk.open({.kind = WindowKind::panel});
-    const AXWindow brief = desk.open();
-    desk.advance(200ms);
-    desk.desktop.closeWindow(brief.element);
-    desk.advance(1s);
-
-    EXPECT_EQ(desk.watcher.count(), 1);
-}
-
-TEST_F(WindowWatcherTests, anApplicationLaunchedLaterIsWatchedFromItsFirstWindow)
-{
-    desk.watcher.start();
-    const AXWindow window = desk.open({.frame = opened});
-    desk.advance(400ms);
-
-    EXPECT_EQ(original(window), opened);
-}
-
-TEST_F(WindowWatcherTests, anApplicationThatQuitsIsForgotten)
-{
-    const pid_t other = startOther();
-    const AXWindow kept = desk.open({.frame = opened});
-    const AXWindow gone = desk.openFrom(other);
-    desk.watcher.start();
-    ASSERT_EQ(desk.watcher.count(), 2);
-
-    desk.desktop.quit(other);
-    desk.platform.deliver();
-
-    EXPECT_EQ(original(kept), opened);
-    EXPECT_EQ(original(gone), std::nullopt);
-    EXPECT_FALSE(desk.platform.windows().isObserving(other));
-}
-
-TEST_F(WindowWatcherTests, anEndThatIsToldBeforeItsWindowsCloseForgetsThemToo)
-{
-    desk.open();
-    desk.watcher.start();
-
-    Q_EMIT desk.platform.applications().terminated(desk.editor);
-
-    EXPECT_EQ(desk.watcher.count(), 0);
-}
-
-TEST_F(WindowWatcherTests, aClosedWindowIsForgottenAndItsNumberMeansAnotherWindow)
-{
-    const AXWindow first = desk.open({.frame = opened, .number = 77});
-    desk.watcher.start();
-    desk.desktop.closeWindow(first.element);
-    const AXWindow second = desk.open({.frame = elsewhere, .number = 77});
-    desk.platform.deliver();
-    EXPECT_EQ(desk.watcher.count(), 0);
-    desk.advance(1s);
-
-    EXPECT_EQ(original(second), elsewhere);
-    EXPECT_EQ(original(first), std::nullopt);
-}
-
-TEST_F(WindowWatcherTests, withoutTrustNothingStartsAndALaterStartDoes)
-{
-    const AXWindow window = desk.open({.frame = opened});
-    desk.desktop.loseTrust();
-    desk.watcher.start();
-    EXPECT_FALSE(desk.platform.windows().isObserving(desk.editor));
-
-    desk.desktop.regainTrust();
-    desk.watcher.start();
-
-    EXPECT_EQ(original(window), opened);
-}
-
-TEST_F(WindowWatcherTests, whatWasKnownOutlivesALossOfTrust)
-{
-    const AXWindow window = desk.open({.frame = opened});
-    desk.watcher.start();
-    desk.drag(window, elsewhere);
-
-    desk.desktop.loseTrust();
-    desk.watcher.restart();
-    EXPECT_FALSE(desk.platform.windows().isObserving(desk.editor));
-    const AXWindow unseen = desk.open({.frame = elsewhere});
-    desk.desktop.regainTrust();
-    desk.watcher.restart();
-
-    EXPECT_EQ(original(window), opened);
-    EXPECT_EQ(original(unseen), elsewhere);
-    EXPECT_TRUE(desk.platform.windows().isObserving(desk.editor));
-}
-
-TEST_F(WindowWatcherTests, restartingDoesNotMultiplyTheNotices)
-{
-    desk.open();
-    desk.watcher.start();
-    desk.watcher.start();
-    desk.watcher.restart();
-    desk.advance(1s);
-    desk.open();
-    const int before = desk.platform.windows().operationCount();
-
-    desk.advance(1s);
-
-    EXPECT_EQ(desk.platform.windows().operationCount() - before, 1);
-}
-
-TEST_F(WindowWatcherTests, fourThousandAreKeptAndOneMoreLeavesTwoThousand)
-{
-    openMany(desk.editor, 4000);
-    desk.watcher.start();
-    desk.platform.deliver();
-    EXPECT_EQ(desk.watcher.count(), 4000);
-    EXPECT_THAT(told, IsEmpty());
-
-    desk.open();
-    desk.advance(400ms);
-
-    EXPECT_EQ(desk.watcher.count(), 2000);
-    EXPECT_THAT(told, ElementsAre(u"window watcher pruned to 2000"_s));
-}
-
-TEST_F(WindowWatcherTests, pruningFirstDropsWhatCanNoLongerBeRead)
-{
-    const pid_t other = startOther();
-    openMany(desk.editor, 1000);
-    openMany(other, 3000);
-    desk.watcher.start();
-    desk.platform.deliver();
-    desk.desktop.application(other).hung = true;
-
-    desk.open();
-    desk.advance(400ms);
-
-    EXPECT_EQ(desk.watcher.count(), 1001);
-    EXPECT_THAT(told, ElementsAre(u"window watcher pruned to 1001"_s));
-}
-
-TEST(WindowWatcherOnAnotherDesktopTests, startsAnewThere)
-{
-    WindowWatcher watcher;
-    auto first = std::make_unique<Desk>();
-    first->open();
+    const AXWindow window = open({.frame = opened});
     watcher.start();
-    ASSERT_EQ(watcher.count(), 1);
-    first.reset();
+    drag(window, elsewhere);
 
-    Desk second;
+    desktop.loseTrust();
     watcher.restart();
-    EXPECT_EQ(watcher.count(), 0);
-    const AXWindow window = second.open({.frame = opened});
-    second.advance(1s);
+    EXPECT_FALSE(platform.windows().isObserving(editor));
+    const AXWindow unseen = open({.frame = elsewhere});
+    desktop.regainTrust();
+    watcher.restart();
 
     EXPECT_EQ(watcher.original(window), opened);
+    EXPECT_EQ(watcher.original(unseen), elsewhere);
+    Q_EMIT platform.applications().terminated(editor); // before its windows close
+    EXPECT_EQ(watcher.count(), 0);
+    EXPECT_FALSE(platform.windows().isObserving(editor));
+}
+
+TEST_F(WindowWatcherTests, beyondFourThousandTheUnreadableGoFirstAndThenAllButTwoThousand)
+{
+    for (const auto &[isHung, kept] : {std::pair(false, 2000), std::pair(true, 1001)}) {
+        Desk desk;
+        const pid_t other = desk.desktop.start(Desk::mail.bundleID, u"Mail"_s);
+        for (int i = 0; i < 4000; ++i)
+            desk.openFrom(i < 1000 ? desk.editor : other);
+        desk.watcher.start();
+        EXPECT_EQ(desk.watcher.count(), 4000);
+        desk.desktop.application(other).hung = isHung;
+
+        desk.open();
+        desk.advance(400ms);
+
+        EXPECT_EQ(desk.watcher.count(), kept);
+        EXPECT_EQ(desk.diagnostics, QStringList{u"window watcher pruned to %1"_s.arg(kept)});
+    }
 }
 
 } // namespace corvane

@@ -1,0 +1,202 @@
+#include "PlatformContract.h"
+
+namespace corvane {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr quint16 keyJ = 38;
+constexpr quint16 keyK = 40;
+constexpr quint32 chord = HotKeys::controlKey | HotKeys::optionKey | HotKeys::shiftKey;
+constexpr quint32 largerChord = chord | HotKeys::cmdKey;
+
+} // namespace
+
+TEST_P(PlatformContract, displaysComeAndGoWithOneNoticeEach)
+{
+    const QList<ScreenInfo> before = displays().all();
+    ASSERT_EQ(before.size(), 1);
+    EXPECT_EQ(before[0].frame.origin(), (Point{0, 0}));
+    EXPECT_EQ(before[0].visibleFrame, before[0].frame);
+    EXPECT_NE(before[0].name, QString());
+
+    world().plugDisplay();
+    EXPECT_TRUE(eventually([&] { return displayChanges > 0; }));
+    world().settle();
+    const QList<ScreenInfo> both = displays().all();
+    EXPECT_EQ(displayChanges, 1);
+    ASSERT_EQ(both.size(), 2);
+    EXPECT_EQ(both[0], before[0]);
+    EXPECT_EQ(both[0].frame.intersectionArea(both[1].frame), 0);
+    EXPECT_NE(both[0].displayID, both[1].displayID);
+
+    world().unplugDisplay();
+    EXPECT_TRUE(eventually([&] { return displayChanges > 1; }));
+    world().settle();
+    EXPECT_EQ(displayChanges, 2);
+    EXPECT_EQ(displays().all(), before);
+}
+
+TEST_P(PlatformContract, panelsTakeTheirEdgesFromTheVisibleFrame)
+{
+    using enum ContractWorld::Edge;
+    struct Case {
+        ContractWorld::Edge edge;
+        double thickness;
+        Rect lost; ///< from the visible frame, by side
+    };
+    Rect expected = displays().all().first().frame;
+    for (const auto &[edge, thickness, lost] :
+        {Case{top, 25, {0, 25, 0, -25}}, Case{bottom, 40, {0, 0, 0, -40}},
+            Case{left, 60, {60, 0, -60, 0}}, Case{right, 30, {0, 0, -30, 0}}}) {
+        displayChanges = 0;
+        expected = {expected.x + lost.x, expected.y + lost.y, expected.width + lost.width,
+            expected.height + lost.height};
+
+        world().addPanel(edge, thickness);
+
+        EXPECT_TRUE(eventually([&] { return displayChanges > 0; }));
+        world().settle();
+        EXPECT_EQ(displays().all().first().visibleFrame, expected);
+        EXPECT_EQ(displayChanges, 1);
+    }
+}
+
+TEST_P(PlatformContract, eachPressOfAHotKeyAndOfNoOtherIsToldInTurnUntilItIsForgotten)
+{
+    EXPECT_EQ(hotKeys().registerHotKey(7, keyJ, chord), HotKeys::noErr);
+    EXPECT_EQ(hotKeys().registerHotKey(8, keyK, chord), HotKeys::noErr);
+    EXPECT_EQ(hotKeys().registerHotKey(9, keyJ, largerChord), HotKeys::noErr);
+    for (const auto &[key, modifiers] : {std::pair(keyK, largerChord), {keyJ, HotKeys::controlKey},
+             {keyK, chord}, {keyJ, chord}, {keyJ, largerChord}, {keyK, chord}})
+        world().pressKey(key, modifiers);
+    EXPECT_TRUE(eventually([&] { return pressed.size() >= 4; }));
+    world().settle();
+    EXPECT_THAT(pressed, ElementsAre(8u, 7u, 9u, 8u));
+
+    world().pressKey(keyJ, chord);
+    hotKeys().unregisterHotKey(7);
+    hotKeys().unregisterHotKey(99);
+    pressed.clear();
+    world().pressKey(keyJ, chord);
+    world().settle();
+    EXPECT_THAT(pressed, IsEmpty());
+
+    EXPECT_EQ(hotKeys().registerHotKey(2, keyJ, chord), HotKeys::noErr);
+    world().pressKey(keyJ, chord);
+    EXPECT_TRUE(eventually([&] { return !pressed.isEmpty(); }));
+    EXPECT_THAT(pressed, ElementsAre(2u));
+}
+
+TEST_P(PlatformContract, aCombinationThatARivalHoldsOrTheKeyboardLacksIsNotHad)
+{
+    world().takeKeyByRival(keyJ, chord);
+
+    EXPECT_EQ(hotKeys().registerHotKey(1, keyJ, chord), HotKeys::hotKeyExists);
+    EXPECT_EQ(hotKeys().registerHotKey(2, keyK, chord), HotKeys::noErr);
+    EXPECT_EQ(
+        hotKeys().registerHotKey(3, ContractWorld::missingKey, chord), HotKeys::hotKeyInvalid);
+    world().pressKey(keyJ, chord);
+    world().pressKey(keyK, chord);
+
+    EXPECT_TRUE(eventually([&] { return !pressed.isEmpty(); }));
+    world().settle();
+    EXPECT_THAT(pressed, ElementsAre(2u));
+}
+
+TEST_P(PlatformContract, aHeldKeyIsToldOnceAndAHeldButtonForAsLong)
+{
+    EXPECT_EQ(hotKeys().registerHotKey(1, keyJ, chord), HotKeys::noErr);
+    world().holdKey(keyJ, chord);
+    EXPECT_TRUE(eventually([&] { return !pressed.isEmpty(); }));
+    world().settle();
+    EXPECT_THAT(pressed, ElementsAre(1u));
+    world().pressKey(keyJ, chord);
+    EXPECT_TRUE(eventually([&] { return pressed.size() == 2; }));
+
+    for (const bool isDown : {true, false}) {
+        world().holdPointerButton(isDown);
+        EXPECT_TRUE(eventually(
+            [&] { return world().platform().session().isPointerButtonDown() == isDown; }));
+    }
+}
+
+TEST_P(PlatformContract, windowsOfObservedProcessesAreToldOnceAsTheyComeAndGo)
+{
+    const pid_t observed = world().startApplication();
+    world().openWindow(observed);
+    world().settle();
+    EXPECT_EQ(windows().observe(observed), AXError::success);
+
+    open();
+    const WindowElement window = world().openWindow(observed);
+    EXPECT_TRUE(eventually([&] { return !created.isEmpty(); }));
+    std::ignore = windows().setPosition(window, {150, 150});
+    windows().stopObserving(observed);
+    const WindowElement stays = world().openWindow(observed);
+    world().closeWindow(window);
+    EXPECT_TRUE(eventually([&] { return !closed.isEmpty(); }));
+    world().settle();
+
+    EXPECT_THAT(created, ElementsAre(window));
+    EXPECT_THAT(closed, ElementsAre(window));
+    EXPECT_TRUE(windows().frame(stays));
+}
+
+TEST_P(PlatformContract, nothingIsToldFromInsideACall)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement window = world().openWindow(pid);
+    const WindowElement closing = world().openWindow(pid);
+    world().settle();
+    EXPECT_EQ(windows().observe(pid), AXError::success);
+    EXPECT_EQ(hotKeys().registerHotKey(5, keyJ, chord), HotKeys::noErr);
+    const WindowElement opened = world().openWindow(pid);
+    world().closeWindow(closing);
+    world().pressKey(keyJ, chord);
+
+    const int before = notices;
+    {
+        const WindowOperation operation(windows());
+        std::ignore = answersAbout(window);
+        std::ignore = answersAbout(closing);
+        windows().raise(window);
+    }
+    std::ignore = windows().windows(pid);
+    std::ignore = windows().focusedWindow();
+    hotKeys().unregisterHotKey(6);
+    std::ignore = applications().running();
+    std::ignore = displays().all();
+
+    EXPECT_EQ(notices, before);
+    EXPECT_TRUE(eventually([&] {
+        return created.contains(opened) && closed.contains(closing) && pressed.contains(5u);
+    }));
+}
+
+TEST_P(PlatformContract, withoutTrustEveryCallIsDisabledUntilItComesBack)
+{
+    const pid_t pid = world().startApplication();
+    const WindowElement window = world().openWindow(pid);
+    for (const bool isTrusted : {false, true}) {
+        isTrusted ? world().regainTrust() : world().loseTrust();
+        EXPECT_TRUE(eventually([&] { return trust.contains(isTrusted); }));
+
+        const AXError answer = isTrusted ? AXError::success : AXError::apiDisabled;
+        EXPECT_EQ(windows().isTrusted(), isTrusted);
+        EXPECT_EQ(windows().distrustReason().isEmpty(), isTrusted);
+        EXPECT_EQ(windows().focusedWindow().status, answer);
+        EXPECT_TRUE(
+            eventually([&] { return windows().windows(pid)->contains(window) == isTrusted; }));
+        EXPECT_THAT(answersAbout(window), Each(answer));
+        EXPECT_EQ(windows().observe(pid), answer);
+    }
+    world().settle();
+    EXPECT_THAT(trust, ElementsAre(false, true));
+    EXPECT_EQ(displayChanges, 0);
+}
+
+} // namespace corvane
