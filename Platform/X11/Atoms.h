@@ -58,6 +58,8 @@ enum class Atom {
     wmState,
     i3FloatingWindow,
     edid,
+    netWmPing,
+    wmProtocols,
     count,
 };
 
@@ -111,6 +113,8 @@ inline constexpr std::array<const char *, static_cast<std::size_t>(Atom::count)>
     "WM_STATE",
     "I3_FLOATING_WINDOW",
     "EDID",
+    "_NET_WM_PING",
+    "WM_PROTOCOLS",
 };
 
 } // namespace corvane::x11

@@ -132,9 +132,16 @@ void Connection::drain()
 
 void Connection::followRoot(quint32 additionalEvents)
 {
-    const quint32 mask =
+    m_rootEvents =
         XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | additionalEvents;
-    xcb_change_window_attributes(m_xcb, root(), XCB_CW_EVENT_MASK, &mask);
+    xcb_change_window_attributes(m_xcb, root(), XCB_CW_EVENT_MASK, &m_rootEvents);
+}
+
+void Connection::hearClients(bool isListening)
+{
+    const quint32 events =
+        m_rootEvents | (isListening ? quint32(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY) : 0);
+    xcb_change_window_attributes(m_xcb, root(), XCB_CW_EVENT_MASK, &events);
 }
 
 void Connection::sendToRoot(xcb_window_t window, Atom type, const std::array<quint32, 5> &data)

@@ -102,6 +102,9 @@ public:
     /// Asks for further events of the root window; those of its properties and structure always
     /// come.
     void followRoot(quint32 additionalEvents);
+    /// Whether messages come that clients send to their window manager. Every change of a top-level
+    /// window comes with them, so listen only for a moment.
+    void hearClients(bool isListening);
     /// Sends a client message to the root window, as window managers expect it.
     void sendToRoot(xcb_window_t window, Atom type, const std::array<quint32, 5> &data);
 
@@ -137,6 +140,7 @@ private:
     QList<EventSink *> m_sinks;
     std::vector<std::function<void()>> m_deferred;
     quint64 m_unanswered = 0;
+    quint32 m_rootEvents = 0;
     std::optional<unsigned> m_overdue; ///< the last question that was given up
     quint64 m_readBefore = 0; ///< bytes from the server when it was
     bool m_pumping = false;

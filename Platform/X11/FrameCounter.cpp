@@ -2,6 +2,8 @@
 
 #include "Properties.h"
 
+#include <utility>
+
 namespace corvane::x11 {
 
 FrameCounter::FrameCounter(Connection &connection) : m_connection(connection)
@@ -30,12 +32,20 @@ void FrameCounter::start(xcb_window_t window)
     if (counters.isEmpty() || m_alarmNotice == 0)
         return;
     m_isExtended = counters.size() > 1;
+    followCounter(counters.last());
+    if (readList(m_connection, window, Atom::wmProtocols)
+            .contains(m_connection.atom(Atom::netWmPing)))
+        ping(window);
+}
+
+void FrameCounter::followCounter(xcb_sync_counter_t counter)
+{
     m_alarm = xcb_generate_id(m_connection.xcb());
     // At every change.
     constexpr quint32 mask = XCB_SYNC_CA_COUNTER | XCB_SYNC_CA_VALUE_TYPE | XCB_SYNC_CA_VALUE
         | XCB_SYNC_CA_TEST_TYPE | XCB_SYNC_CA_DELTA | XCB_SYNC_CA_EVENTS;
     const xcb_sync_create_alarm_value_list_t values{
-        .counter = counters.last(),
+        .counter = counter,
         .valueType = XCB_SYNC_VALUETYPE_RELATIVE,
         .value = {0, 1},
         .testType = XCB_SYNC_TESTTYPE_POSITIVE_COMPARISON,
@@ -46,8 +56,28 @@ void FrameCounter::start(xcb_window_t window)
     xcb_flush(m_connection.xcb());
 }
 
+/// The answer goes to the root window, where every window manager ignores a time that is not its own.
+void FrameCounter::ping(xcb_window_t window)
+{
+    m_connection.hearClients(true);
+    m_isAwaited = true;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = m_connection.atom(Atom::wmProtocols);
+    message.data.data32[0] = m_connection.atom(Atom::netWmPing);
+    message.data.data32[1] = ++m_pings;
+    message.data.data32[2] = window;
+    xcb_send_event(m_connection.xcb(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+        reinterpret_cast<const char *>(&message));
+    xcb_flush(m_connection.xcb());
+}
+
 void FrameCounter::stop()
 {
+    if (std::exchange(m_isAwaited, false))
+        m_connection.hearClients(false);
     if (m_alarm != XCB_NONE)
         xcb_sync_destroy_alarm(m_connection.xcb(), m_alarm);
     m_alarm = XCB_NONE;
@@ -55,7 +85,16 @@ void FrameCounter::stop()
 
 void FrameCounter::handle(const xcb_generic_event_t &event)
 {
-    if (m_alarm == XCB_NONE || (event.response_type & 0x7f) != m_alarmNotice)
+    const int type = event.response_type & 0x7f;
+    if (m_isAwaited && type == XCB_CLIENT_MESSAGE) {
+        const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(event);
+        if (message.data.data32[0] == m_connection.atom(Atom::netWmPing)
+            && message.data.data32[1] == m_pings) {
+            m_isAwaited = false;
+            m_connection.hearClients(false);
+        }
+    }
+    if (m_isAwaited || m_alarm == XCB_NONE || type != m_alarmNotice)
         return;
     const auto &notice = reinterpret_cast<const xcb_sync_alarm_notify_event_t &>(event);
     const bool isDrawing = m_isExtended && notice.counter_value.lo % 2 == 1;

@@ -52,18 +52,11 @@ protected:
 
 TEST_F(WindowStateTests, aMaximisedWindowLandsExactlyAndSnapBackGivesStateAndFrameBack)
 {
-    const WindowRequest shadowed{
-        .geometry = {200, 150, 700, 500}, .decorated = false, .shadow = {24, 28, 23, 29}};
-    WindowRequest slow = shadowed;
-    slow.shadowDelay = 110;
-    for (const WindowRequest &request : {WindowRequest{}, shadowed, slow}) {
-        SCOPED_TRACE(testing::Message() << request.shadow.left << ", " << request.shadowDelay);
-        const xcb_window_t window = showFocused(request);
-        expectStateBack(window, &Pager::setMaximized, topRight);
-        expectStateBack(window, &Pager::setMaximizedVertically, bottomRight);
-        expectStateBack(window, &Pager::setMaximized, maximize);
-        client().close(window);
-    }
+    const xcb_window_t plain = showFocused();
+    expectStateBack(plain, &Pager::setMaximized, topRight);
+    expectStateBack(plain, &Pager::setMaximizedVertically, bottomRight);
+    expectStateBack(plain, &Pager::setMaximized, maximize);
+    client().close(plain);
     SCOPED_TRACE("GTK");
     const auto application = desktop().launch(u"gtk3-demo"_s);
     const xcb_window_t window = windowOf(*application);

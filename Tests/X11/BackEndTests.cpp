@@ -196,7 +196,9 @@ TEST_F(BackEndTests, aWindowWithoutAProcessHereBelongsToTheApplicationOfItsClass
         EXPECT_TRUE(pid == elsewhere ? told < -1 : told == pid) << told;
         EXPECT_EQ(windows.setPosition(*window, {30, 40}), AXError::success);
         if (pid == elsewhere) {
-            EXPECT_EQ(applications.application(told)->localizedName.toUtf8(), className) << told;
+            EXPECT_TRUE(eventually([&] { return applications.application(told).has_value(); }))
+                << told;
+            EXPECT_EQ(applications.application(told)->localizedName.toUtf8(), className);
             pids[className + machine] << told;
         }
     }
