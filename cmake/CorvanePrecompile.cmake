@@ -15,7 +15,7 @@ function(corvane_precompile target)
     get_target_property(sources ${target} SOURCES)
     get_target_property(libraries ${target} LINK_LIBRARIES)
     if(NOT type MATCHES "LIBRARY|EXECUTABLE" OR type STREQUAL "INTERFACE_LIBRARY"
-            OR NOT sources MATCHES "\\.cpp" OR NOT libraries MATCHES "corvane|Qt6")
+            OR NOT sources MATCHES "\\.cpp" OR NOT libraries MATCHES "corvane")
         return()
     endif()
     set(kind program)
