@@ -53,7 +53,8 @@ expected<void, QString> appendWhole(const FileDescriptor &file, QByteArray lines
 /// and leaves in it the piece of a line that starts earlier. False once `visit` has had enough.
 bool showLines(QByteArrayView &text, const std::function<bool(QByteArrayView)> &visit)
 {
-    for (qsizetype newline; (newline = text.lastIndexOf('\n')) >= 0;) {
+    // In an empty view Qt 6.8 looks at the byte behind it.
+    for (qsizetype newline; !text.isEmpty() && (newline = text.lastIndexOf('\n')) >= 0;) {
         const QByteArrayView line = text.sliced(newline + 1);
         text = text.first(newline);
         if (!line.isEmpty() && !visit(line))
