@@ -1,6 +1,7 @@
 #include "KeyFile.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QHash>
 
 #include <glib.h>
 
@@ -37,6 +38,27 @@ QByteArray contentsOfPlainFile(const QString &path, KeyFile::Links links)
     return contents;
 }
 
+/// What is no escape stays as it is written, such as `\$` in a command line by hand. Whether GLib takes
+/// such a value depends on its release.
+QByteArray unescaped(const QByteArray &value)
+{
+    static const QHash<char, char> escapes{
+        {'s', ' '}, {'n', '\n'}, {'t', '\t'}, {'r', '\r'}, {'\\', '\\'}};
+    QByteArray plain;
+    bool isEscape = false;
+    for (const char letter : value) {
+        if (!isEscape && letter == '\\') {
+            isEscape = true;
+            continue;
+        }
+        if (isEscape && !escapes.contains(letter))
+            plain += '\\';
+        plain += isEscape ? escapes.value(letter, letter) : letter;
+        isEscape = false;
+    }
+    return plain;
+}
+
 } // namespace
 
 void KeyFile::Free::operator()(_GKeyFile *file) const
@@ -56,8 +78,11 @@ KeyFile::KeyFile(const QString &path, const char *group, Links links)
 
 QByteArray KeyFile::value(const char *key) const
 {
-    return m_file ? taken(g_key_file_get_string(m_file.get(), m_group.constData(), key, nullptr))
-                  : QByteArray();
+    if (!m_file)
+        return {};
+    const QByteArray value =
+        taken(g_key_file_get_value(m_file.get(), m_group.constData(), key, nullptr));
+    return value.isValidUtf8() ? unescaped(value) : QByteArray();
 }
 
 QString KeyFile::text(const char *key) const
