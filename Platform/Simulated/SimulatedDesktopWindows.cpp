@@ -131,7 +131,8 @@ void SimulatedDesktop::resizeWindow(SimulatedWindow &window, Size size)
         size.height = std::min(size.height, area.maxY() - window.frame.y);
     }
     const auto take = [this, element = window.element, size] {
-        if (SimulatedWindow *there = findWindow(element)) {
+        // A window that was maximised since then has the size of its display.
+        if (SimulatedWindow *there = findWindow(element); there && !there->maximised) {
             const Size taken = there->constrained(size);
             there->frame.width = taken.width;
             there->frame.height = taken.height;
