@@ -1,6 +1,5 @@
 #include "Desk.h"
 
-#include "KeyPresser.h"
 #include "Pager.h"
 #include "Pictures.h"
 
@@ -95,7 +94,6 @@ QString Desk::furnish(const QString &windowManager)
     if (const QString error = openApplications(); !error.isEmpty())
         return error;
     strew();
-    leafToDevices();
     return {};
 }
 
@@ -133,18 +131,6 @@ void Desk::strew()
                     start.height - frame->height + client->height});
         static_cast<void>(probe.settledFrame(each));
     }
-}
-
-// The page of the icon browser that fills a window best.
-void Desk::leafToDevices()
-{
-    constexpr int pagesBefore = 9;
-    const xcb_window_t browser = window(Application::icons);
-    Pager(connection()).activate(browser);
-    if (!waitUntil([&] { return WindowProbe(connection()).activeWindow() == browser; }))
-        return;
-    for (int page = 0; page < pagesBefore; ++page)
-        KeyPresser(connection()).press({0, Key::down});
 }
 
 } // namespace corvane::demo

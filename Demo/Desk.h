@@ -13,7 +13,6 @@ enum class Application { terminal, source, notes, gallery, icons };
 inline constexpr std::array applications{Application::terminal, Application::source,
     Application::notes, Application::gallery, Application::icons};
 
-/// For the tables.
 [[nodiscard]] QString title(Application application);
 
 /// Two displays of different sizes, a panel, a window manager, and the applications somewhere on
@@ -44,7 +43,6 @@ private:
     /// Empty when all is there, else a sentence.
     [[nodiscard]] QString furnish(const QString &windowManager);
     [[nodiscard]] QString openApplications();
-    void leafToDevices();
 
     std::unique_ptr<desktop::VirtualDesktop> m_desktop;
     std::unique_ptr<desktop::WindowManagerProcess> m_windowManager;

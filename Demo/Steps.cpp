@@ -1,5 +1,10 @@
 #include "Steps.h"
 
+#include "Geometry.h"
+#include "PhysicalKey.h"
+#include "ShortcutPreset.h"
+#include "WindowHints.h"
+
 #include <algorithm>
 
 namespace corvane::demo {
@@ -20,41 +25,15 @@ QList<Step> inTurn(Application application, const QList<Placement> &placements)
     return steps;
 }
 
-struct ShortcutRow {
-    Placement placement;
-    quint8 modifiers;
-    Key key;
-    const char *keyName;
-};
+// The program's own defaults.
+constexpr double gap = 0;
+constexpr double slack = 6;
+constexpr double sizeStep = 60;
 
-constexpr quint8 plain = KeyStroke::control | KeyStroke::alt;
-constexpr quint8 withSuper = plain | KeyStroke::super;
-constexpr quint8 withShift = plain | KeyStroke::shift;
-
-// What the manual promises, apart from the program's own table.
-constexpr std::array shortcutTable{
-    ShortcutRow{leftHalf, withSuper, Key::left, "Left"},
-    ShortcutRow{rightHalf, withSuper, Key::right, "Right"},
-    ShortcutRow{topHalf, withSuper, Key::up, "Up"},
-    ShortcutRow{bottomHalf, withSuper, Key::down, "Down"},
-    ShortcutRow{topLeft, withShift, Key::left, "Left"},
-    ShortcutRow{topRight, withShift, Key::up, "Up"},
-    ShortcutRow{bottomRight, withShift, Key::right, "Right"},
-    ShortcutRow{bottomLeft, withShift, Key::down, "Down"},
-    ShortcutRow{maximize, withSuper, Key::m, "M"},
-    ShortcutRow{center, withSuper, Key::c, "C"},
-    ShortcutRow{snapBack, withSuper, Key::slash, "/"},
-    ShortcutRow{original, withSuper, Key::o, "O"},
-    ShortcutRow{nextDisplay, plain, Key::right, "Right"},
-    ShortcutRow{previousDisplay, plain, Key::left, "Left"},
-    ShortcutRow{leftThird, plain, Key::d, "D"},
-    ShortcutRow{centerThird, plain, Key::f, "F"},
-    ShortcutRow{rightThird, plain, Key::g, "G"},
-    ShortcutRow{leftTwoThirds, plain, Key::e, "E"},
-    ShortcutRow{rightTwoThirds, plain, Key::t, "T"},
-    ShortcutRow{larger, plain, Key::equal, "="},
-    ShortcutRow{smaller, plain, Key::minus, "-"},
-};
+bool fallsShortByLess(double reached, double wanted, double cell)
+{
+    return reached <= wanted && wanted - reached < cell;
+}
 
 } // namespace
 
@@ -90,13 +69,90 @@ QList<Chapter> scenario()
 
 std::optional<Shortcut> shortcut(Placement placement)
 {
-    const auto row = std::ranges::find(shortcutTable, placement, &ShortcutRow::placement);
-    if (row == shortcutTable.end())
+    const auto shortcuts = map(ShortcutPreset::sizeUp);
+    if (!shortcuts.contains(placement))
         return std::nullopt;
-    const QString modifiers = row->modifiers == withSuper ? u"Ctrl+Alt+Super+"_s
-        : row->modifiers == withShift                     ? u"Ctrl+Alt+Shift+"_s
-                                                          : u"Ctrl+Alt+"_s;
-    return Shortcut{{row->modifiers, row->key}, modifiers + QString::fromLatin1(row->keyName)};
+    const KeyCombo combo = shortcuts[placement];
+    const auto key = PhysicalKey::withVirtualKeyCode(combo.keyCode);
+    Shortcut shortcut{{.key = static_cast<Key>(key->evdevCode)}, {}};
+    for (const auto &[modifier, held, name] :
+        {std::tuple(KeyCombo::control, KeyStroke::control, u"Ctrl+"_s),
+            {KeyCombo::option, KeyStroke::alt, u"Alt+"_s},
+            {KeyCombo::shift, KeyStroke::shift, u"Shift+"_s},
+            {KeyCombo::command, KeyStroke::super, u"Super+"_s}}) {
+        if (combo.modifiers & modifier) {
+            shortcut.stroke.modifiers |= held;
+            shortcut.text += name;
+        }
+    }
+    shortcut.text += KeyCombo::keyName(combo.keyCode);
+    return shortcut;
+}
+
+SizeLimits sizeLimits(desktop::XConnection &connection, xcb_window_t window)
+{
+    desktop::WindowProbe probe(connection);
+    const auto hints =
+        x11::WindowHints::fromProperty(connection.numbers(window, "WM_NORMAL_HINTS"));
+    const Size frame = probe.visibleFrame(window).value_or(Rect()).size();
+    const Size client = probe.clientGeometry(window).value_or(Rect()).size();
+    return {hints.increment,
+        {hints.minimum.width + frame.width - client.width,
+            hints.minimum.height + frame.height - client.height}};
+}
+
+Rect Expectation::ask(const Step &step, const Rect &current)
+{
+    QList<Rect> &history = m_history[step.application];
+    if (step.pressed == Placement::snapBack)
+        return history.isEmpty() ? current : history.takeLast();
+    history << current;
+    return target(step, current);
+}
+
+bool Expectation::isLanding(const Rect &reached, const Rect &asked, const SizeLimits &limits) const
+{
+    const Size size{
+        std::max(asked.width, limits.minimum.width), std::max(asked.height, limits.minimum.height)};
+    const Rect wanted = size == asked.size()
+        ? asked
+        : Geometry::anchored(asked, size, m_areas[areaOf(asked)], slack);
+    return reached.origin() == wanted.origin()
+        && fallsShortByLess(reached.width, wanted.width, limits.increment.width)
+        && fallsShortByLess(reached.height, wanted.height, limits.increment.height);
+}
+
+qsizetype Expectation::areaOf(const Rect &frame) const
+{
+    const auto shared = [&frame](const Rect &area) { return area.intersectionArea(frame); };
+    return std::ranges::max_element(m_areas, {}, shared) - m_areas.begin();
+}
+
+Rect Expectation::target(const Step &step, const Rect &current) const
+{
+    const qsizetype here = areaOf(current);
+    const Rect &area = m_areas[here];
+    const auto onDisplay = [&](qsizetype index) {
+        const Rect &to = m_areas[(index + m_areas.size()) % m_areas.size()];
+        const auto unit = unitRect(step.becomes);
+        return unit ? Geometry::frame(*unit, to, gap) : Geometry::translated(current, area, to);
+    };
+    switch (step.pressed) {
+    case center:
+        return Geometry::centered(current, area);
+    case larger:
+        return Geometry::resized(current, sizeStep, area);
+    case smaller:
+        return Geometry::resized(current, -sizeStep, area);
+    case original:
+        return m_originals.value(step.application);
+    case nextDisplay:
+        return onDisplay(here + 1);
+    case previousDisplay:
+        return onDisplay(here - 1);
+    default:
+        return onDisplay(here);
+    }
 }
 
 } // namespace corvane::demo

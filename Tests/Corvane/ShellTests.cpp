@@ -1,6 +1,6 @@
+#include "Catalogues.h"
 #include "CompetitorWatch.h"
-#include "FlightRecorder.h"
-#include "InstanceService.h"
+#include "Instance.h"
 #include "LegacyIdentity.h"
 #include "LoginItemSwitch.h"
 #include "ModelDesk.h"
@@ -10,15 +10,15 @@
 #include "TrustWatch.h"
 #include "UserDefaults.h"
 
-#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 
 #include <gmock/gmock.h>
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-using testing::HasSubstr;
+using freedesktop::menuForm;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -31,21 +31,6 @@ class ShellTests : public testing::Test
 protected:
     SimulatedSession &session() { return desk.platform.session(); }
 
-    /// What hears a notice may be done in the next turn.
-    void settle()
-    {
-        desk.settle();
-        desk.settle();
-    }
-
-    pid_t startApplication(const QString &identifier, const QString &name)
-    {
-        const pid_t pid = desk.platform.desktop().start(identifier, name);
-        desk.platform.desktop().openWindow(pid, {.title = name});
-        settle();
-        return pid;
-    }
-
     void setLaunchAtLogin(bool opens)
     {
         Settings settings = model.settings();
@@ -53,50 +38,35 @@ protected:
         model.setSettings(settings);
     }
 
-    void press(quint16 keyCode, quint32 modifiers)
-    {
-        desk.platform.hotKeys().press(keyCode, modifiers);
-        desk.settle();
-    }
-
     ModelDesk desk;
     AppModel model = desk.model();
 };
-
-void useHome(const QString &path)
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path + u"/.config"_s);
-    UserDefaults::prepare();
-}
-
-/// What adopting the earlier identity records.
-QStringList eventsOfAdopting()
-{
-    const qsizetype before = FlightRecorder::shared().ledger().size();
-    LegacyIdentity::adopt(LegacyIdentity::earlier);
-    QStringList events;
-    for (const auto &event : FlightRecorder::shared().ledger().mid(before))
-        events << event.kind + u": "_s + event.detail;
-    return events;
-}
 
 } // namespace
 
 TEST_F(ShellTests, eachCompetitorThatStartsIsToldOnce)
 {
     CompetitorWatch watch(model);
-    startApplication(u"com.manytricks.Moom"_s, u"Moom"_s);
+    SimulatedDesktop &desktop = desk.platform.desktop();
+    const auto start = [&](const QString &identifier) {
+        const pid_t rival = desktop.start(identifier, {});
+        desktop.openWindow(rival, {});
+        desk.settle();
+        desk.settle(); // what hears a notice may be done in the next turn
+        return rival;
+    };
+    start(u"com.manytricks.Moom"_s);
     model.refreshCompetitors();
     watch.start();
     EXPECT_EQ(session().notifications.first().title, u"Moom is also running");
-    const pid_t rival = startApplication(u"com.irradiatedsoftware.SizeUp"_s, u"SizeUp"_s);
+    const pid_t rival = start(u"com.irradiatedsoftware.SizeUp"_s);
     const auto told = session().notifications;
 
     ASSERT_THAT(told, SizeIs(1));
     EXPECT_EQ(told.first().title, u"SizeUp and Moom are also running");
-    EXPECT_THAT(told.first().body.toStdString(), HasSubstr("Quit SizeUp and Moom from Corvane's"));
-    desk.platform.desktop().quit(rival);
-    settle();
+    desktop.quit(rival);
+    desk.settle();
+    desk.settle();
     EXPECT_THAT(model.competitors.value(), SizeIs(1));
     EXPECT_EQ(session().notifications, told);
 }
@@ -108,9 +78,7 @@ TEST_F(ShellTests, theLoginItemFollowsTheSettingsAndTheyFollowWhatTheUserDoesToI
     loginItem.start();
     session().loginItemError = u"It is full."_s;
     setLaunchAtLogin(true);
-    ASSERT_THAT(model.notices(), SizeIs(1));
-    EXPECT_EQ(
-        model.notices().first().text, u"macOS would not add Corvane to Login Items: It is full.");
+    EXPECT_THAT(model.notices(), SizeIs(1));
     session().loginItemError.clear();
     setLaunchAtLogin(false);
     EXPECT_THAT(model.notices(), IsEmpty());
@@ -122,7 +90,6 @@ TEST_F(ShellTests, theLoginItemFollowsTheSettingsAndTheyFollowWhatTheUserDoesToI
         model.pendingPane = model.pendingPane.value() + u'x';
         EXPECT_FALSE(model.settings().launchAtLogin);
         EXPECT_EQ(session().item, removed) << "it is not written back";
-        EXPECT_FALSE(model.loginItemNote.value());
         session().item = LoginItem::present;
         loginItem.follow();
         EXPECT_TRUE(model.settings().launchAtLogin);
@@ -132,30 +99,28 @@ TEST_F(ShellTests, theLoginItemFollowsTheSettingsAndTheyFollowWhatTheUserDoesToI
     session().itemOnceSet = LoginItem::awaitsApproval;
     setLaunchAtLogin(true);
     loginItem.follow();
-    ASSERT_TRUE(model.loginItemNote.value());
-    EXPECT_THAT(model.loginItemNote.value()->toStdString(), HasSubstr("to allow Corvane"));
+    EXPECT_TRUE(model.loginItemNote.value());
     LoginItemSwitch{model}.start();
     EXPECT_FALSE(model.settings().launchAtLogin) << "it was switched off before the start";
 }
 
-TEST_F(ShellTests, everyCallOverTheBusBringsItsActivationTokenAlong)
+TEST(InstanceTests, aStartAndEveryCallOverTheBusBringTheirActivationTokenAlong)
 {
+    qputenv("XDG_ACTIVATION_TOKEN", "first");
     QObject object;
-    QStringList tokens;
+    QStringList tokens{Instance::takeActivation(), Instance::takeActivation()};
     const InstanceService::Runner run = [&tokens](const QStringList &, const QString &activation) {
         tokens << activation;
         return []() -> QCoro::Task<CommandResult> { co_return CommandResult{}; }();
     };
-    InstanceService instance(&object, run);
     ApplicationService application(&object, run, {});
     QString text;
 
     application.Activate({{u"activation-token"_s, u"a"_s}, {u"desktop-startup-id"_s, u"x"_s}});
     application.Open({u"corvane://settings/about"_s}, {{u"desktop-startup-id"_s, u"b"_s}}, {});
-    instance.RunWith({}, {{u"activation-token"_s, u"d"_s}}, {}, text, text);
-    instance.Run({}, {}, text, text);
+    InstanceService(&object, run).RunWith({}, {{u"activation-token"_s, u"d"_s}}, {}, text, text);
 
-    EXPECT_EQ(tokens, (QStringList{u"a"_s, u"b"_s, u"d"_s, QString()}));
+    EXPECT_EQ(tokens, (QStringList{u"first"_s, {}, u"a"_s, u"b"_s, u"d"_s}));
 }
 
 TEST_F(ShellTests, trustIsLookedForOnlyWhileItIsMissing)
@@ -182,19 +147,18 @@ TEST_F(ShellTests, refusedShortcutsAreNamedAndTheOthersWorkUnlessOneIsRecorded)
     desk.platform.hotKeys().takeByRival(taken.keyCode, HotKeys::controlKey | HotKeys::optionKey);
     desk.platform.hotKeys().removeKey(model.settings().shortcuts[Placement::maximize].keyCode);
     ShortcutRegistrar shortcuts(model);
+    const auto press = [this](quint16 keyCode, quint32 modifiers) {
+        desk.platform.hotKeys().press(keyCode, modifiers);
+        desk.settle();
+    };
     QStringList pressed;
     shortcuts.onPlacement = [&](Placement placement) {
         pressed << title(placement);
         shortcuts.registerAll(); // in the middle of the key's own press
     };
 
-    testing::internal::CaptureStderr();
-    shortcuts.registerAll();
     EXPECT_EQ(shortcuts.registerAll(),
         u"20 of 22 hot keys registered; refused by macOS or another app: maximize, layout Layout");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-        "Corvane: Ctrl+Alt+Super+M (Maximize) needs a key that this keyboard lacks.\n"
-        "Corvane: Ctrl+Alt+A (the “Layout” layout) is held by another program.\n");
     EXPECT_EQ(
         model.unregistered.value(), (QSet<ShortcutOwner>{{layout.id}, {Placement::maximize}}));
     press(123, HotKeys::controlKey | HotKeys::optionKey | HotKeys::cmdKey);
@@ -206,67 +170,62 @@ TEST_F(ShellTests, refusedShortcutsAreNamedAndTheOthersWorkUnlessOneIsRecorded)
     shortcuts.registerAll(); // whoever asks for it
     press(122, 0);
     EXPECT_THAT(pressed, SizeIs(2)) << "keys that are being recorded do nothing else";
-    EXPECT_THAT(model.unregistered.value(), SizeIs(2));
 }
 
-TEST_F(ShellTests, theEarlierIdentityIsTakenOverOnceWhateverComesOfIt)
+TEST_F(ShellTests, userDefaultsAreForTheUserAloneAndTakenOverOnceFromTheEarlierIdentity)
 {
-    const QString quit =
-        u"legacy-system-settings: quit, so it reads the new identifier when it opens"_s;
-    const std::pair<std::optional<int>, QString> outcomes[]{{0, u"cleared"_s},
-        {std::nullopt, u"old copy not found; its rows stay for the person to remove"_s},
-        {70, u"failed (exit status 70)"_s}};
-    for (const auto &[status, outcome] : outcomes) {
-        const QTemporaryDir home;
-        useHome(home.path());
-        QSettings(u"Corvane"_s, LegacyIdentity::earlier).setValue("column", 210);
-        QSettings(u"Corvane"_s, LegacyIdentity::earlier).setValue("loginItemCarriedOver", true);
-        session().clearingStatus = status;
-        const pid_t settings = startApplication(u"com.apple.systempreferences"_s, {});
-
-        EXPECT_EQ(eventsOfAdopting(), (QStringList{quit, u"legacy-permissions: "_s + outcome}));
-        EXPECT_EQ(desk.platform.desktop().findApplication(settings), nullptr);
-        QSettings defaults;
-        EXPECT_EQ(defaults.value("column"), 210);
-        EXPECT_FALSE(defaults.contains("loginItemCarriedOver"));
-        defaults.setValue("column", 300);
-        EXPECT_EQ(eventsOfAdopting(), QStringList());
-        EXPECT_EQ(defaults.value("column"), 300);
-        EXPECT_EQ(session().clearedRows.last(), LegacyIdentity::earlier);
-        const QFileInfo file(defaults.fileName());
-        EXPECT_EQ(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
-        EXPECT_EQ(QFileInfo(file.path()).permissions() & (QFile::ExeGroup | QFile::ExeOther), 0);
+    UserDefaults::prepare();
+    for (const int column : {210, 300}) {
+        QSettings(u"Corvane"_s, LegacyIdentity::earlier).setValue("column", column);
+        LegacyIdentity::adopt(LegacyIdentity::earlier);
     }
-    useHome(u"/dev/null"_s); // root may write to any folder
-    const QStringList unwritten = eventsOfAdopting();
-    ASSERT_THAT(unwritten, SizeIs(3));
-    EXPECT_TRUE(unwritten.first().startsWith(u"save-failed"_s));
-    EXPECT_TRUE(unwritten.last().startsWith(u"legacy-permissions"_s));
+
+    EXPECT_EQ(QSettings().value("column"), 210);
+    const QFileInfo file(QSettings().fileName());
+    EXPECT_EQ(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
+    EXPECT_EQ(QFileInfo(file.path()).permissions() & (QFile::ExeGroup | QFile::ExeOther), 0);
 }
 
 TEST(StatusItemTests, exportsAMenuWherePanelsDrawThemAndOpensItsOwnBesideTheIcon)
 {
     const QString one = u":1.5"_s;
-    const std::tuple<const char *, freedesktop::TrayServices, MenuForm> desktops[]{
-        {"GNOME with its extension", {.watcher = one, .shell = one}, MenuForm::exported},
-        {"beside GNOME", {.watcher = one, .shell = u":1.9"_s}, MenuForm::drawnOrExported},
-        {"indicators", {.watcher = one, .hasIndicators = true}, MenuForm::exported},
-        {"Plasma", {.watcher = one, .hasPlasma = true}, MenuForm::drawn},
-        {"another panel", {.watcher = one}, MenuForm::drawnOrExported},
-        {"GNOME without a tray", {}, MenuForm::drawnOrExported},
+    EXPECT_EQ(menuForm({.watcher = one, .shell = one}), MenuForm::exported);
+    EXPECT_EQ(menuForm({.watcher = one, .shell = u":1.9"_s}), MenuForm::drawnOrExported);
+    EXPECT_EQ(menuForm({.watcher = one, .hasIndicators = true}), MenuForm::exported);
+    EXPECT_EQ(menuForm({.watcher = one, .hasPlasma = true}), MenuForm::drawn);
+    EXPECT_EQ(menuForm({}), MenuForm::drawnOrExported);
+
+    const std::pair<QRect, QPoint> places[]{
+        {{2500, 0, 24, 24}, {2500, 24}}, // top, in the middle
+        {{3490, 876, 24, 24}, {3220, 276}}, // bottom right
+        {{2500, 450, 24, 24}, {2500, 0}}, // no room on either side
+        {{1910, 0, 24, 24}, {1920, 24}}, // partly off the display
     };
-    for (const auto &[desktop, services, form] : desktops)
-        EXPECT_EQ(menuForm(services), form) << desktop;
-    const std::tuple<const char *, QRect, QPoint> places[]{
-        {"top, in the middle", {2500, 0, 24, 24}, {2500, 24}},
-        {"top right", {3490, 0, 24, 24}, {3220, 24}},
-        {"bottom right", {3490, 876, 24, 24}, {3220, 276}},
-        {"no room on either side", {2500, 450, 24, 24}, {2500, 0}},
-        {"partly off the display", {1910, 0, 24, 24}, {1920, 24}},
-        {"the pointer in the corner", {3519, 899, 1, 1}, {3220, 299}},
-    };
-    for (const auto &[place, anchor, origin] : places)
-        EXPECT_EQ(menuOrigin(anchor, {300, 600}, {1920, 0, 1600, 900}), origin) << place;
+    for (const auto &[anchor, origin] : places)
+        EXPECT_EQ(menuOrigin(anchor, {300, 600}, {1920, 0, 1600, 900}), origin);
+}
+
+TEST(CatalogueTests, everyTextThatNamesAMacThingHasWordsForLinux)
+{
+    const QRegularExpression mac(u"\\bMacs?\\b|macOS|Finder|\\bDock\\b|Login Items|System Settings"
+                                 "|[Aa]ccessibility|menu bar|Applications folder|Privacy &"_s);
+    const QRegularExpression message(
+        u"<source>(.*?)</source>.*?<translation(| type=\"unfinished\")>(.*?)</translation>"_s,
+        QRegularExpression::DotMatchesEverythingOption);
+    const StoreFolder folder;
+    const QString file = folder.path(u"corvane_linux.ts"_s);
+    QFile::copy(QStringLiteral(CORVANE_SOURCES "/translations/corvane_linux.ts"), file);
+    ASSERT_EQ(QProcess::execute(QStringLiteral(CORVANE_SOURCES "/scripts/texts"), {file}), 0);
+    const QString texts = QString::fromUtf8(*folder.read(u"corvane_linux.ts"_s));
+
+    EXPECT_GT(texts.count(message), 50);
+    for (const auto &match : message.globalMatch(texts)) {
+        const bool isSaid = match.capturedLength(2) == 0 && match.capturedLength(3) > 0;
+        EXPECT_TRUE(isSaid || !match.captured(1).contains(mac)) << match.captured(1).toStdString();
+        EXPECT_FALSE(match.captured(3).contains(mac)) << match.captured(3).toStdString();
+    }
+    const Catalogues catalogues({u"en-GB"_s});
+    EXPECT_EQ(title(Appearance::matchMac), u"Match System");
 }
 
 } // namespace corvane

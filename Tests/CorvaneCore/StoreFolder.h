@@ -1,44 +1,82 @@
 #pragma once
 
+#include <QtCore/QDateTime>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
+#include <chrono>
+#include <csignal>
 #include <functional>
 #include <optional>
 #include <sys/resource.h>
-#include <sys/types.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+inline const QDateTime noon{{2026, 3, 1}, {12, 0}, Qt::UTC};
+
 /// A folder of a test's own, with what a user or a crash may have left in it.
-class StoreFolder final
-{
-public:
-    [[nodiscard]] QString path() const { return m_folder.path(); }
-    [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
+struct StoreFolder {
+    [[nodiscard]] QString path() const { return folder.path(); }
+    [[nodiscard]] QString path(const QString &name) const { return folder.filePath(name); }
 
-    void write(const QString &name, const QByteArray &content) const;
-    /// Nothing when there is no such file.
-    [[nodiscard]] std::optional<QByteArray> read(const QString &name) const;
-    /// Every name, hidden ones too.
-    [[nodiscard]] QStringList names() const;
-    [[nodiscard]] mode_t mode(const QString &name) const;
-    void setMode(const QString &name, mode_t mode) const;
+    void write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        QDir().mkpath(QFileInfo(file).path());
+        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+            qFatal("cannot prepare %s", qPrintable(name));
+    }
+    [[nodiscard]] std::optional<QByteArray> read(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QFile::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
+    }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    [[nodiscard]] mode_t mode(const QString &name) const
+    {
+        struct stat status {
+        };
+        ::stat(qPrintable(path(name)), &status);
+        return status.st_mode & 07777;
+    }
 
-private:
-    QTemporaryDir m_folder;
+    QTemporaryDir folder;
 };
 
 /// From now on, the files that this process writes may not grow beyond so many bytes.
-void limitFileSize(rlim_t bytes);
-/// Runs `action` without root's rights; `folder` is the user's who is left.
-void runAsUser(const StoreFolder &folder, const std::function<void()> &action);
-/// Runs `action` in a process of its own.
-[[nodiscard]] pid_t startProcess(const std::function<void()> &action);
-/// Whether it came to its end.
-[[nodiscard]] bool waitFor(pid_t process);
-/// Runs `action` in a process of its own, and kills it where it enters or leaves the kernel for the
-/// `boundary`th time. Absent when this system lets no process watch another one; false when the
-/// action has fewer boundaries.
-[[nodiscard]] std::optional<bool> killAtBoundary(int boundary, const std::function<void()> &action);
+inline void limitFileSize(rlim_t bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit limit;
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = qMin(bytes, limit.rlim_max);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+[[nodiscard]] inline pid_t startProcess(const std::function<void()> &action)
+{
+    const pid_t process = ::fork();
+    if (process == 0) {
+        action();
+        ::_exit(0);
+    }
+    return process;
+}
+
+[[nodiscard]] inline bool waitFor(pid_t process)
+{
+    int status = 0;
+    return ::waitpid(process, &status, 0) == process && status == 0;
+}
 
 } // namespace corvane

@@ -5,10 +5,7 @@
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
@@ -18,50 +15,33 @@ constexpr Rect leftHalf{0, 0, 720, 900};
 class AppModelTests : public testing::Test
 {
 protected:
-    SimulatedDesktop &desktop() { return desk.platform.desktop(); }
-
-    void change(const std::function<void(Settings &)> &how)
-    {
-        Settings settings = model.settings();
-        how(settings);
-        model.setSettings(settings);
-    }
-
     ModelDesk desk;
+    SimulatedDesktop &desktop = desk.platform.desktop();
     AppModel model = desk.model();
     WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
 };
 
-QList<DisplayKey> bothDisplays()
-{
-    return Screens::signature() << DisplayKey{u"Desk"_s, 1920, 1080};
-}
-
 } // namespace
 
-TEST_F(AppModelTests, anApplyKeepsTheGapIsWrittenDownAndTold)
+TEST_F(AppModelTests, anApplyKeepsTheGapAndIsWrittenDown)
 {
-    change([](Settings &settings) { settings.gap = 20; });
-    QList<QUuid> told;
-    QObject::connect(&model, &AppModel::lastApplyChanged, &model,
-        [&] { told << model.lastApply.value()->layout; });
+    Settings settings;
+    settings.gap = 20;
+    model.setSettings(settings);
 
-    const auto apply = model.apply(layout);
+    ASSERT_TRUE(model.apply(layout).isReady());
 
-    ASSERT_TRUE(apply.isReady());
     EXPECT_EQ(desk.frame(), (Rect{20, 20, 690, 860}));
-    EXPECT_THAT(told, ElementsAre(layout.id));
-    const QDateTime now = desk.platform.clock().date();
     EXPECT_THAT(ActivityLog(desk.folder.path()).recent(10),
         ElementsAre(ActivityEntry::placedByLayout(u"Work"_s, u"Editor"_s, u"Letter"_s, u"Laptop"_s,
-            {100, 100, 600, 500}, {20, 20, 690, 860}, now)));
+            {100, 100, 600, 500}, {20, 20, 690, 860}, desk.platform.clock().date())));
 }
 
 TEST_F(AppModelTests, aLayoutThatNamesAnApplicationByAnOldNameIsMendedByItsWindow)
 {
     const AppRef writer{u"org.example.Writer"_s, u"Writer"_s};
-    desktop().install({.bundleIdentifier = writer.bundleID, .name = writer.name});
-    desktop().renameWindow(desk.window, writer.bundleID);
+    desktop.install({.bundleIdentifier = writer.bundleID, .name = writer.name});
+    desktop.renameWindow(desk.window, writer.bundleID);
     layout.panes << Pane{.app = AppRef{u"org.example.Gone"_s, {}}};
     desk.save({layout});
     model.refreshLayouts();
@@ -75,28 +55,24 @@ TEST_F(AppModelTests, aLayoutThatNamesAnApplicationByAnOldNameIsMendedByItsWindo
 
 TEST_F(AppModelTests, aNewApplyEndsOneThatStillWaits)
 {
-    desktop().install(
-        {.bundleIdentifier = u"org.example.Slow"_s, .name = u"Slow"_s, .opensAfter = std::nullopt});
+    desktop.install({.bundleIdentifier = u"org.example.Slow"_s, .opensAfter = std::nullopt});
     WindowLayout slow = ModelDesk::leftHalfLayout(Screens::signature());
-    slow.panes[0].app = AppRef{u"org.example.Slow"_s, u"Slow"_s};
-    QList<QUuid> told;
-    QObject::connect(&model, &AppModel::lastApplyChanged, &model,
-        [&] { told << model.lastApply.value()->layout; });
-
+    slow.panes[0].app = AppRef{u"org.example.Slow"_s, {}};
     const auto waiting = model.apply(slow);
     desk.settle(1s);
     EXPECT_FALSE(waiting.isReady());
+
     const auto next = model.apply(layout);
     EXPECT_EQ(desk.frame(), leftHalf);
     desk.settle(1s);
 
     EXPECT_TRUE(next.isReady() && waiting.isReady());
-    EXPECT_THAT(told, ElementsAre(layout.id)) << "the one that gave way has failed at nothing";
+    EXPECT_EQ(model.lastApply.value()->layout, layout.id) << "the one that gave way is no failure";
 }
 
 TEST_F(AppModelTests, afterDisplaysConnectWhatTheDesktopMovedIsPutBackAndWhatAPlacementMovedIsNot)
 {
-    layout.displays = bothDisplays();
+    layout.displays << DisplayKey{u"Desk"_s, 1920, 1080};
     layout.panes << layout.panes.first(); // for which there is no window
     desk.save({layout});
     QList<Rect> undoable;
@@ -105,16 +81,15 @@ TEST_F(AppModelTests, afterDisplaysConnectWhatTheDesktopMovedIsPutBackAndWhatAPl
     desk.plugSecond();
     desk.settle();
     desk.settle(1s);
-    EXPECT_EQ(desk.frame(), leftHalf);
     const auto stray = [this](double x) {
-        desktop().moveWindow(desktop().window(desk.window), {x, 200});
+        desktop.moveWindow(desktop.window(desk.window), {x, 200});
         desk.settle(500ms);
-        return desk.frame().x == 0;
+        return desk.frame().x;
     };
 
-    EXPECT_TRUE(stray(300));
+    EXPECT_EQ(stray(300), 0);
     model.leaveAlone({desk.window, desk.editor});
-    EXPECT_FALSE(stray(400));
+    EXPECT_EQ(stray(400), 400);
 
     EXPECT_THAT(undoable, ElementsAre(Rect{100, 100, 600, 500}, Rect{300, 200, 720, 900}));
     EXPECT_THAT(ActivityLog(desk.folder.path()).recent(10), SizeIs(2));
@@ -122,32 +97,19 @@ TEST_F(AppModelTests, afterDisplaysConnectWhatTheDesktopMovedIsPutBackAndWhatAPl
     EXPECT_TRUE(model.lastApply.value());
 }
 
-TEST_F(AppModelTests, theForcedAppearanceWinsOverTheSettingsAndThoseOverTheDesktop)
-{
-    desk.platform.session().changeLook({.isDark = true});
-    EXPECT_TRUE(model.look.value().isDark);
-    change([](Settings &settings) { settings.appearance = Appearance::light; });
-    EXPECT_FALSE(model.look.value().isDark);
-    model.forcedAppearance = Appearance::dark;
-    model.applyAppearance();
-
-    EXPECT_TRUE(model.look.value().isDark);
-}
-
 TEST_F(AppModelTests, undoAndRedoWalkThroughTheLayoutsAndTheirFile)
 {
-    const QUuid id = model.newEmptyLayout().id;
-    model.renameLayout(id, u" Work "_s);
-    const auto copy = model.duplicateLayout(id);
-    model.deleteLayout(id);
     const auto names = [this] {
         QStringList all;
         for (const WindowLayout &each : desk.saved())
             all << each.name;
         return all.join(u',');
     };
+    const QUuid id = model.newEmptyLayout().id;
+    model.renameLayout(id, u" Work "_s);
+    EXPECT_TRUE(model.duplicateLayout(id));
+    model.deleteLayout(id);
 
-    EXPECT_TRUE(copy);
     EXPECT_EQ(names(), u"Work 2");
     EXPECT_EQ(model.undoTitle(), u"Delete Layout");
     model.undo();
@@ -159,38 +121,10 @@ TEST_F(AppModelTests, undoAndRedoWalkThroughTheLayoutsAndTheirFile)
     EXPECT_EQ(names(), u"Work");
     model.revertLayout(id);
     EXPECT_EQ(names(), u"Layout");
-    EXPECT_EQ(model.undoTitle(), u"Revert Work");
-}
 
-TEST(DisplayWatchTests, aBurstIsToldOnceItHasBeenSteadyForASecondAndPanelsAndOrderAreNoNews)
-{
-    ModelDesk desk;
-    SimulatedDesktop &desktop = desk.platform.desktop();
-    const DisplayWatch watch;
-    QList<qsizetype> settled;
-    QObject::connect(&watch, &DisplayWatch::settled, &watch,
-        [&](const QList<DisplayKey> &connected) { settled << connected.size(); });
-    quint32 second = desk.plugSecond();
-    desk.settle(600ms);
-    desktop.unplug(second);
-    desk.settle(600ms);
-    second = desk.plugSecond();
-    desk.settle();
-
-    desk.settle(999ms);
-    EXPECT_THAT(settled, IsEmpty());
-    desk.settle(10s);
-    EXPECT_THAT(settled, ElementsAre(2));
-    desktop.addPanel(desk.laptop, {SimulatedPanel::Edge::top, 30});
-    desk.settle(2s);
-    desktop.makePrimary(second);
-    desk.settle(2s);
-    EXPECT_THAT(settled, SizeIs(1));
-    desktop.unplug(second);
-    desk.settle(300ms);
-    desk.plugSecond();
-    desk.settle(2s);
-    EXPECT_THAT(settled, ElementsAre(2, 2)) << "one that was away has connected again";
+    desk.save({layout, layout}); // by hand, behind its back
+    model.undo();
+    EXPECT_EQ(names(), u"Layout");
 }
 
 RC_GTEST_PROP(AppModelPropertyTests, plugsAndUnplugsApplyOncePerBurst, ())
@@ -209,15 +143,16 @@ RC_GTEST_PROP(AppModelPropertyTests, plugsAndUnplugsApplyOncePerBurst, ())
     QList<QUuid> applied;
     QObject::connect(&model, &AppModel::lastApplyChanged, &model,
         [&] { applied << model.lastApply.value()->layout; });
+    desktop.makePrimary(second); // neither it nor a panel is news
+    desktop.addPanel(desk.laptop, {SimulatedPanel::Edge::right, 30});
     desk.settle(5s);
     RC_ASSERT(applied.isEmpty());
 
     bool isPlugged = true;
-    int events = 0;
-    while (events < 20) { // a hundred times
+    for (int burst = 0; burst < 5; ++burst) {
         applied.clear();
         const int length = *rc::gen::inRange(1, 8);
-        for (int event = 0; event < length; ++event, ++events) {
+        for (int event = 0; event < length; ++event) {
             if (isPlugged)
                 desktop.unplug(second);
             else
@@ -227,7 +162,6 @@ RC_GTEST_PROP(AppModelPropertyTests, plugsAndUnplugsApplyOncePerBurst, ())
         }
         desk.settle(3s);
         RC_ASSERT(applied == (isPlugged ? QList{wanted.id} : QList<QUuid>()));
-        RC_ASSERT(!isPlugged || desk.frame() == leftHalf);
     }
 }
 

@@ -1,27 +1,16 @@
 #pragma once
 
+#include "../CorvaneCore/StoreFolder.h"
 #include "AppModel.h"
 #include "Screens.h"
 #include "SimulatedPlatform.h"
-
-#include <QtCore/QTemporaryDir>
 
 namespace corvane {
 
 /// A model on a simulated desk with one display and an application with one window; its files lie
 /// in a folder of its own.
 struct ModelDesk {
-    using Duration = Clock::Duration;
-
-    ModelDesk()
-    {
-        laptop = platform.desktop().plug({{0, 0, 1440, 900}, QStringLiteral("Laptop")});
-        editor = platform.desktop().start(
-            QStringLiteral("org.example.Editor"), QStringLiteral("Editor"));
-        window = platform.desktop().openWindow(
-            editor, {.title = QStringLiteral("Letter"), .frame = {100, 100, 600, 500}});
-        settle();
-    }
+    ModelDesk() { settle(); }
 
     AppModel model()
     {
@@ -40,35 +29,31 @@ struct ModelDesk {
         return LayoutStore(folder.path()).loadKeepingUnreadable().layouts;
     }
 
-    void settle(Duration duration = Duration{0})
+    void settle(Clock::Duration duration = {})
     {
         platform.manualClock().advance(duration);
         platform.deliver();
     }
 
-    quint32 plugSecond()
-    {
-        return platform.desktop().plug({{1440, 0, 1920, 1080}, QStringLiteral("Desk")});
-    }
+    quint32 plugSecond() { return platform.desktop().plug({{1440, 0, 1920, 1080}, u"Desk"_s}); }
 
     /// Puts the editor's window into the left half of the first display.
     static WindowLayout leftHalfLayout(const QList<DisplayKey> &displays)
     {
-        WindowLayout layout{.name = QStringLiteral("Work")};
-        layout.displays = displays;
-        layout.panes = {Pane{.rect = {0, 0, 0.5, 1},
-            .app = AppRef{QStringLiteral("org.example.Editor"), QStringLiteral("Editor")}}};
-        layout.applyOnConnect = true;
-        return layout;
+        return {.name = u"Work"_s,
+            .displays = displays,
+            .panes = {{.rect = {0, 0, 0.5, 1}, .app = {{u"org.example.Editor"_s, u"Editor"_s}}}},
+            .applyOnConnect = true};
     }
 
     [[nodiscard]] Rect frame() { return platform.desktop().window(window).frame; }
 
-    QTemporaryDir folder;
+    StoreFolder folder;
     SimulatedPlatform platform;
-    quint32 laptop = 0;
-    pid_t editor = 0;
-    WindowElement window;
+    quint32 laptop = platform.desktop().plug({{0, 0, 1440, 900}, u"Laptop"_s});
+    pid_t editor = platform.desktop().start(u"org.example.Editor"_s, u"Editor"_s);
+    WindowElement window = platform.desktop().openWindow(
+        editor, {.title = u"Letter"_s, .frame = {100, 100, 600, 500}});
 };
 
 } // namespace corvane

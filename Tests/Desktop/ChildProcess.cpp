@@ -3,26 +3,11 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 
-#include <csignal>
 #include <sys/prctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace corvane::desktop {
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-char stateOf(pid_t pid)
-{
-    QFile file(u"/proc/%1/stat"_s.arg(pid));
-    if (!file.open(QIODevice::ReadOnly))
-        return 'X';
-    const QByteArray text = file.readAll();
-    return text.mid(text.lastIndexOf(')') + 2).front();
-}
-
-} // namespace
 
 ChildProcess::ChildProcess(const Command &command) : m_logPath(command.logPath)
 {
@@ -80,7 +65,12 @@ void ChildProcess::kill()
 void ChildProcess::suspend()
 {
     ::kill(-m_pid, SIGSTOP);
-    static_cast<void>(waitUntil([this] { return stateOf(m_pid) == 'T'; }));
+    const auto hasStopped = [this] {
+        siginfo_t child{};
+        ::waitid(P_PID, static_cast<id_t>(m_pid), &child, WSTOPPED | WNOHANG);
+        return child.si_pid != 0;
+    };
+    static_cast<void>(waitUntil(hasStopped));
 }
 
 std::optional<QByteArray> ChildProcess::readLine(Milliseconds deadline)

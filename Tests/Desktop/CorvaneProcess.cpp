@@ -9,12 +9,6 @@ namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-Rect CorvaneProcess::Answer::to() const
-{
-    const QJsonValue to = outcome["to"_L1];
-    return {to[0].toDouble(), to[1].toDouble(), to[2].toDouble(), to[3].toDouble()};
-}
-
 bool CorvaneProcess::start()
 {
     const QString name = QFileInfo(m_program).fileName();
@@ -24,27 +18,18 @@ bool CorvaneProcess::start()
         && isRunning();
 }
 
-CorvaneProcess::Answer CorvaneProcess::place(const QString &placement)
-{
-    Answer answer = ask({u"--place"_s, placement, u"--json"_s});
-    answer.outcome = QJsonDocument::fromJson(answer.output).object();
-    return answer;
-}
-
 CorvaneProcess::Answer CorvaneProcess::ask(const QStringList &arguments, Milliseconds deadline)
 {
     const QString logPath = m_session.folder() + u"/caller.log"_s;
     const qint64 logStart = QFileInfo(logPath).size();
-    const auto start = std::chrono::steady_clock::now();
     ChildProcess caller(
         {m_program, arguments, m_session.environment(), logPath, ChildProcess::Channel::pipes});
     Answer answer;
     answer.exitStatus = caller.waitForExit(deadline);
-    answer.duration =
-        std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
     while (const auto line = caller.readLine(Milliseconds{0}))
         answer.output += *line + '\n';
     answer.errors = caller.log().mid(logStart);
+    answer.outcome = QJsonDocument::fromJson(answer.output).object();
     return answer;
 }
 
@@ -57,8 +42,7 @@ QStringList CorvaneProcess::log() const
 
 QString CorvaneProcess::readyLine() const
 {
-    static const QRegularExpression ready(u"^ready"_s);
-    return log().filter(ready).value(0);
+    return log().filter(QRegularExpression(u"^ready"_s)).value(0);
 }
 
 bool CorvaneProcess::waitForLog(const QString &text, qsizetype seen, Milliseconds deadline) const
@@ -72,8 +56,7 @@ qint64 CorvaneProcess::residentKilobytes() const
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     const QByteArray text = file.readAll();
-    const qsizetype at = text.indexOf("VmRSS:");
-    return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLongLong();
+    return text.mid(text.indexOf("VmRSS:") + 6).split('k').first().trimmed().toLongLong();
 }
 
 qsizetype CorvaneProcess::openFiles() const

@@ -11,25 +11,22 @@ namespace corvane::desktop {
 class CorvaneProcess
 {
 public:
-    /// What one `--place` came to.
+    /// What one call of the program came to.
     struct Answer {
         std::optional<int> exitStatus; ///< nothing when it did not end in time, or crashed
-        QJsonObject outcome;
-        QByteArray output;
-        QByteArray errors;
-        Milliseconds duration{0};
+        QJsonObject outcome{}; ///< of a call with `--json`
+        QByteArray output{};
+        QByteArray errors{};
 
         /// Such as "moved".
-        [[nodiscard]] QString name() const
-        {
-            return outcome[QLatin1StringView("outcome")].toString();
-        }
+        [[nodiscard]] QString name() const { return outcome[u"outcome"].toString(); }
         /// Empty when the window moved.
-        [[nodiscard]] QString reason() const
+        [[nodiscard]] QString reason() const { return outcome[u"reason"].toString(); }
+        [[nodiscard]] Rect to() const
         {
-            return outcome[QLatin1StringView("reason")].toString();
+            const QJsonValue to = outcome[u"to"];
+            return {to[0].toDouble(), to[1].toDouble(), to[2].toDouble(), to[3].toDouble()};
         }
-        [[nodiscard]] Rect to() const;
     };
 
     CorvaneProcess(PrivateSession &session, QString program)
@@ -48,8 +45,11 @@ public:
     [[nodiscard]] pid_t pid() const { return m_process->pid(); }
 
     /// Runs `corvane --place <placement> --json` to its end.
-    [[nodiscard]] Answer place(const QString &placement);
-    /// Runs the program with these arguments to its end; the outcome is empty.
+    [[nodiscard]] Answer place(const QString &placement)
+    {
+        return ask({QStringLiteral("--place"), placement, QStringLiteral("--json")});
+    }
+    /// Runs the program with these arguments to its end.
     [[nodiscard]] Answer ask(const QStringList &arguments, Milliseconds deadline = patience);
 
     /// What the resident process has written, whole lines only.

@@ -4,6 +4,8 @@
 #include "Waiting.h"
 #include "XConnection.h"
 
+#include <xcb/xtest.h>
+
 namespace corvane::desktop {
 
 /// Physical keys by evdev code, which no keyboard layout changes.
@@ -32,37 +34,87 @@ struct KeyStroke {
 class KeyPresser
 {
 public:
-    enum class Lock { caps, num };
     enum class Button : quint8 { left = 1, right = 3 };
 
     explicit KeyPresser(XConnection &connection) : m_connection(connection) { }
 
     /// Modifiers down, key down and up, modifiers up.
-    void press(const KeyStroke &stroke);
+    void press(const KeyStroke &stroke)
+    {
+        static_cast<void>(holdUntil(stroke, [] { return true; }));
+    }
     /// Keeps the stroke down until the condition holds, so that the key repeats.
     [[nodiscard]] bool holdUntil(const KeyStroke &stroke, const std::function<bool()> &condition,
-        Milliseconds deadline = patience);
-    /// Returns whether the lock is as asked in the end.
-    [[nodiscard]] bool setLock(Lock lock, bool on);
-    /// Presses the key that switches to the next keyboard layout; whether it did.
-    [[nodiscard]] bool switchLayout();
+        Milliseconds deadline = patience)
+    {
+        holdModifiers(stroke);
+        key(stroke.key, true);
+        const bool held = waitUntil(condition, deadline);
+        key(stroke.key, false);
+        releaseModifiers(stroke);
+        return held;
+    }
+    /// Presses a lock, or the key that switches to the next keyboard layout; whether it did.
+    [[nodiscard]] bool toggle(Key which)
+    {
+        const quint16 before = state();
+        press({0, which});
+        return waitUntil([&] { return state() != before; });
+    }
 
     /// The two halves of `press`, for measuring: everything before the key goes down, and after.
     void holdModifiers(const KeyStroke &stroke) { setModifiers(stroke, true); }
     void releaseModifiers(const KeyStroke &stroke) { setModifiers(stroke, false); }
     /// Presses or releases one key and flushes, without waiting for the server.
-    void key(Key key, bool down);
+    void key(Key key, bool down)
+    {
+        constexpr quint8 evdevOffset = 8;
+        send(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, static_cast<quint8>(key) + evdevOffset);
+        xcb_flush(m_connection.raw());
+    }
 
     /// Pixels of the root window.
-    void moveTo(Point point);
-    void button(Button button, bool down);
-    void click(Point point, Button button = Button::left);
+    void moveTo(Point point)
+    {
+        send(XCB_MOTION_NOTIFY, 0, point);
+        m_connection.sync();
+    }
+    void button(Button button, bool down)
+    {
+        send(down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, static_cast<quint8>(button));
+        m_connection.sync();
+    }
+    void click(Point point, Button which = Button::left)
+    {
+        moveTo(point);
+        button(which, true);
+        button(which, false);
+    }
 
 private:
-    void tap(Key key);
-    void setModifiers(const KeyStroke &stroke, bool down);
-    void send(quint8 event, quint8 detail, Point point = {});
-    quint16 state();
+    void setModifiers(const KeyStroke &stroke, bool down)
+    {
+        constexpr std::array modifiers{std::pair{KeyStroke::control, Key::leftControl},
+            std::pair{KeyStroke::alt, Key::leftAlt}, std::pair{KeyStroke::shift, Key::leftShift},
+            std::pair{KeyStroke::super, Key::leftSuper}};
+        for (const auto &[bit, modifier] : modifiers) {
+            if (stroke.modifiers & bit)
+                key(modifier, down);
+        }
+        m_connection.sync();
+    }
+    void send(quint8 event, quint8 detail, Point point = {})
+    {
+        xcb_test_fake_input(m_connection.raw(), event, detail, XCB_CURRENT_TIME,
+            m_connection.root(), static_cast<qint16>(point.x), static_cast<qint16>(point.y), 0);
+    }
+    /// Of modifiers, locks and the keyboard layout.
+    quint16 state() const
+    {
+        const auto pointer = m_connection.reply<xcb_query_pointer_reply>(
+            xcb_query_pointer(m_connection.raw(), m_connection.root()));
+        return pointer ? pointer->mask : quint16(0);
+    }
 
     XConnection &m_connection;
 };

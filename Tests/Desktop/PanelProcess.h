@@ -9,16 +9,43 @@ namespace corvane::desktop {
 class PanelProcess : public ChildProcess
 {
 public:
-    /// Returns once the panel is on the desktop.
+    /// Returns once the panel is on the desktop and shows an icon.
     [[nodiscard]] static expected<std::unique_ptr<PanelProcess>, QString> start(
-        VirtualDesktop &desktop);
+        VirtualDesktop &desktop)
+    {
+        // An empty desktop keeps the picture of what stood there before.
+        XConnection &screen = desktop.connection();
+        const quint32 black = screen.screen().black_pixel;
+        xcb_change_window_attributes(screen.raw(), screen.root(), XCB_CW_BACK_PIXEL, &black);
+        xcb_clear_area(screen.raw(), 0, screen.root(), 0, 0, 0, 0);
+        screen.sync();
+        std::unique_ptr<PanelProcess> panel(new PanelProcess(desktop));
+        if (!waitUntil([&] { return panel->showsIcon(); }, Milliseconds{30000}))
+            return unexpected<QString>(
+                QStringLiteral("the panel shows no icon:\n") + desktop.logs());
+        return panel;
+    }
 
     /// Where the tray shows its only icon.
-    [[nodiscard]] Rect iconPlace() const;
+    [[nodiscard]] Rect iconPlace() const
+    {
+        const Rect display = m_desktop.displays().displays().first();
+        return {display.maxX() - height, display.y, height, height - 1};
+    }
     /// Whether anything is drawn there.
-    [[nodiscard]] bool showsIcon() const;
+    [[nodiscard]] bool showsIcon() const
+    {
+        const QByteArray pixels = pixelsOn(m_desktop.connection(), iconPlace());
+        constexpr int bytesPerPixel = 4;
+        qsizetype drawn = 0;
+        for (qsizetype at = 0; at < pixels.size(); at += bytesPerPixel)
+            drawn += pixels.mid(at, bytesPerPixel) != pixels.left(bytesPerPixel);
+        return drawn > height;
+    }
 
 private:
+    static constexpr int height = 30; // as in xfce4-panel.xml
+
     explicit PanelProcess(VirtualDesktop &desktop)
         : ChildProcess(
             desktop.command(QStringLiteral("xfce4-panel"), {QStringLiteral("--disable-wm-check")}))

@@ -11,36 +11,26 @@ namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr QLatin1StringView markerName{"CORVANE_DESKTOP"};
-
-QProcessEnvironment withoutRealSession()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const auto &name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"XAUTHORITY"_s, u"SWAYSOCK"_s,
-             u"I3SOCK"_s, u"DESKTOP_SESSION"_s, u"XDG_CURRENT_DESKTOP"_s, u"SESSION_MANAGER"_s})
-        environment.remove(name);
-    return environment;
-}
-
-} // namespace
+static constexpr QLatin1StringView markerName{"CORVANE_DESKTOP"};
 
 PrivateSession::PrivateSession()
-    : m_folder(QDir::tempPath() + u"/corvane-desktop-XXXXXX"_s), m_environment(withoutRealSession())
+    : m_folder(QDir::tempPath() + u"/corvane-desktop-XXXXXX"_s)
+    , m_environment(QProcessEnvironment::systemEnvironment())
 {
-    const QString home = folder() + u"/home"_s;
     const QString runtime = folder() + u"/run"_s;
     for (const QString &path : {configFolder(), dataFolder(), runtime})
         QDir().mkpath(path);
     addToHome(QStringLiteral(CORVANE_TEST_HOME));
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    for (const auto &real : {u"WAYLAND_DISPLAY"_s, u"XAUTHORITY"_s, u"SWAYSOCK"_s, u"I3SOCK"_s,
+             u"DISPLAY"_s, u"DESKTOP_SESSION"_s, u"XDG_CURRENT_DESKTOP"_s, u"SESSION_MANAGER"_s})
+        m_environment.remove(real);
     const std::initializer_list<std::pair<QString, QString>> values{
         {markerName, folder()},
-        {u"HOME"_s, home},
+        {u"HOME"_s, home()},
         {u"XDG_CONFIG_HOME"_s, configFolder()},
         {u"XDG_DATA_HOME"_s, dataFolder()},
-        {u"XDG_CACHE_HOME"_s, home + u"/.cache"_s},
+        {u"XDG_CACHE_HOME"_s, home() + u"/.cache"_s},
         {u"XDG_RUNTIME_DIR"_s, runtime},
         {u"XDG_SESSION_TYPE"_s, u"x11"_s},
         {u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=%1/bus"_s.arg(runtime)},
@@ -76,7 +66,7 @@ void PrivateSession::addToHome(const QString &source)
     QDirIterator files(source, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString path = files.next();
-        const QString copy = folder() + u"/home"_s + path.mid(source.size());
+        const QString copy = home() + path.mid(source.size());
         QDir().mkpath(QFileInfo(copy).path());
         QFile::remove(copy);
         QFile::copy(path, copy);
@@ -106,12 +96,11 @@ bool PrivateSession::run(const QString &program, const QStringList &arguments)
 QString PrivateSession::logs(qsizetype bytesEach) const
 {
     QString text;
-    const QFileInfoList files = QDir(folder()).entryInfoList({u"*.log"_s}, QDir::Files);
-    for (const QFileInfo &info : files) {
-        QFile file(info.filePath());
+    const QStringList names = QDir(folder()).entryList({u"*.log"_s}, QDir::Files);
+    for (const QString &name : names) {
+        QFile file(m_folder.filePath(name));
         if (file.open(QIODevice::ReadOnly) && file.size() > 0)
-            text += u"--- %1\n%2\n"_s.arg(
-                info.fileName(), QString::fromUtf8(file.readAll().right(bytesEach)));
+            text += u"--- %1\n%2\n"_s.arg(name, QString::fromUtf8(file.readAll().right(bytesEach)));
     }
     return text;
 }

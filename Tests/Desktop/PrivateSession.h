@@ -29,14 +29,9 @@ public:
         m_environment.insert(name, value);
     }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    [[nodiscard]] QString configFolder() const
-    {
-        return folder() + QStringLiteral("/home/.config");
-    }
-    [[nodiscard]] QString dataFolder() const
-    {
-        return folder() + QStringLiteral("/home/.local/share");
-    }
+    [[nodiscard]] QString home() const { return folder() + QStringLiteral("/home"); }
+    [[nodiscard]] QString configFolder() const { return home() + QStringLiteral("/.config"); }
+    [[nodiscard]] QString dataFolder() const { return home() + QStringLiteral("/.local/share"); }
     /// Puts copies of the folder's files into the home; those of the window managers are there already.
     void addToHome(const QString &source);
 

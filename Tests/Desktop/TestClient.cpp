@@ -1,20 +1,17 @@
 #include "TestClient.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-TestClient::TestClient(PrivateSession &session, XConnection &connection)
+TestClient::TestClient(VirtualDesktop &desktop)
     : ChildProcess(
-        session.command(QStringLiteral(CORVANE_TEST_CLIENT), {u"listen"_s}, Channel::pipes))
-    , m_connection(connection)
+        desktop.command(QStringLiteral(CORVANE_TEST_CLIENT), {u"listen"_s}, Channel::pipes))
+    , m_connection(desktop.connection())
 {
-}
-
-xcb_window_t TestClient::open(const WindowRequest &request)
-{
-    writeLine("window=" + request.toBytes().toHex());
-    return answer();
 }
 
 xcb_window_t TestClient::show(const WindowRequest &request)
@@ -31,25 +28,50 @@ xcb_window_t TestClient::show(const WindowRequest &request)
     return window;
 }
 
-void TestClient::close(xcb_window_t window)
+InstalledApp::InstalledApp(PrivateSession &session, QString id, const QStringList &command)
+    : m_session(session)
+    , m_id(std::move(id))
+    , m_command(command)
+    , m_entryPath(u"%1/applications/%2.desktop"_s.arg(session.dataFolder(), m_id))
 {
-    writeLine("close=" + QByteArray::number(window));
-    answer();
+    QDir().mkpath(QFileInfo(m_entryPath).path());
+    QFile entry(m_entryPath);
+    // Nothing in our commands needs more than quotes.
+    const QString text =
+        u"[Desktop Entry]\nType=Application\nName=%1\nExec=\"%2\"\nStartupWMClass=%1\n"_s;
+    if (entry.open(QIODevice::WriteOnly))
+        entry.write(text.arg(m_id, command.join(u"\" \""_s)).toUtf8());
 }
 
-void TestClient::beginChurn(int perSecond, int count)
+std::unique_ptr<InstalledApp> InstalledApp::scripted(
+    PrivateSession &session, const QString &id, const QStringList &steps)
 {
-    writeLine("churn=" + QByteArray::number(count) + 'x' + QByteArray::number(perSecond));
+    // A program of its own, as every application is.
+    const QString program = u"%1/%2"_s.arg(session.folder(), id);
+    QFile::copy(QStringLiteral(CORVANE_TEST_CLIENT), program);
+    return std::make_unique<InstalledApp>(
+        session, id, QStringList{program, u"class="_s + id} + steps);
 }
 
-int TestClient::finishChurn(Milliseconds deadline)
+InstalledApp::~InstalledApp()
 {
-    return static_cast<int>(answer(deadline));
+    for (const pid_t pid : copies())
+        ::kill(pid, SIGTERM);
+    QFile::remove(m_entryPath);
 }
 
-quint32 TestClient::answer(Milliseconds deadline)
+QList<pid_t> InstalledApp::copies() const
 {
-    return readLine(deadline).value_or(QByteArray()).toUInt();
+    QList<pid_t> pids;
+    for (const QString &entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        if (QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(entry)) != m_command.first())
+            continue;
+        QFile environment(u"/proc/%1/environ"_s.arg(entry)); // others' sessions may run it, too
+        if (environment.open(QFile::ReadOnly)
+            && environment.readAll().contains(m_session.folder().toUtf8()))
+            pids << entry.toInt();
+    }
+    return pids;
 }
 
 } // namespace corvane::desktop

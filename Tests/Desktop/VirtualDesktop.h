@@ -1,14 +1,11 @@
 #pragma once
 
 #include "DisplayArranger.h"
-#include "PrivateSession.h"
-#include "WindowProbe.h"
-#include "XConnection.h"
 
 namespace corvane::desktop {
 
 /// A private session on an X server without hardware (Xorg's dummy driver): its displays come and go
-/// as real ones do.
+/// as real ones do. What uses it must end before it: declare it after it. Needs a `QCoreApplication`.
 class VirtualDesktop : public PrivateSession
 {
 public:
@@ -26,9 +23,6 @@ public:
     [[nodiscard]] XConnection &connection() { return *m_connection; }
     [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
 
-    /// Starts a small program with a window of Qt's, titled as given.
-    [[nodiscard]] std::unique_ptr<ChildProcess> launchQtClient(const QString &title);
-
     /// The physical keyboard stays; what its keys mean becomes that of "us", "de", "us,fr" ... The
     /// Menu key switches between several.
     [[nodiscard]] bool setKeyboardLayouts(const QString &layouts);
@@ -37,7 +31,7 @@ private:
     static constexpr QLatin1StringView displayVariable{"DISPLAY"};
 
     VirtualDesktop() = default;
-    [[nodiscard]] QString startServer(const QStringList &withoutExtensions);
+    /// Empty when all is there, else a sentence.
     [[nodiscard]] QString prepare(const Options &options);
 
     std::unique_ptr<ChildProcess> m_server;

@@ -10,18 +10,10 @@ namespace corvane::desktop {
 class WindowManagerProcess : public ChildProcess
 {
 public:
-    enum class Takeover {
-        none, ///< no other one is running
-        replace, ///< asks the running one to give up
-    };
-
-    /// `name` is one of `names()`. Returns once the window manager has announced itself and adopts
-    /// windows; the error is a sentence.
+    /// Returns once the window manager has announced itself and adopts windows; the error is a
+    /// sentence.
     [[nodiscard]] static expected<std::unique_ptr<WindowManagerProcess>, QString> start(
-        VirtualDesktop &desktop, const QString &name, Takeover takeover = Takeover::none);
-    /// The nine target window managers, and "fluxbox-tray", whose toolbar takes icons in.
-    [[nodiscard]] static QStringList names();
-    [[nodiscard]] static bool canReplace(const QString &name);
+        VirtualDesktop &desktop, const QString &name);
 
     [[nodiscard]] QString name() const { return m_name; }
     /// Ends it and returns once nothing announces a window manager any more.
@@ -42,7 +34,11 @@ private:
         : ChildProcess(command), m_desktop(desktop), m_name(std::move(name))
     {
     }
-    void awaitItsEnd();
+    void awaitItsEnd()
+    {
+        WindowProbe probe(m_desktop.connection());
+        static_cast<void>(waitUntil([&] { return probe.windowManagerName().isEmpty(); }));
+    }
 
     VirtualDesktop &m_desktop;
     QString m_name;

@@ -1,24 +1,8 @@
 #include "WindowProbe.h"
 
-#include <algorithm>
-
 namespace corvane::desktop {
 
 namespace {
-
-using Attributes = Reply<xcb_get_window_attributes_reply_t>;
-using Tree = Reply<xcb_query_tree_reply_t>;
-
-Attributes attributesOf(xcb_connection_t *raw, xcb_window_t window)
-{
-    const auto cookie = xcb_get_window_attributes(raw, window);
-    return Attributes(xcb_get_window_attributes_reply(raw, cookie, nullptr));
-}
-
-Tree treeOf(xcb_connection_t *raw, xcb_window_t window)
-{
-    return Tree(xcb_query_tree_reply(raw, xcb_query_tree(raw, window), nullptr));
-}
 
 // left, right, top, bottom
 Rect grown(const Rect &rect, const QList<quint32> &edges, int sign)
@@ -34,11 +18,10 @@ Rect grown(const Rect &rect, const QList<quint32> &edges, int sign)
 
 QByteArray pixelsOn(XConnection &connection, const Rect &area)
 {
-    const auto cookie = xcb_get_image(connection.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP,
-        connection.root(), static_cast<qint16>(area.x), static_cast<qint16>(area.y),
-        static_cast<quint16>(area.width), static_cast<quint16>(area.height), ~0u);
-    const Reply<xcb_get_image_reply_t> image(
-        xcb_get_image_reply(connection.raw(), cookie, nullptr));
+    const auto image = connection.reply<xcb_get_image_reply>(
+        xcb_get_image(connection.raw(), XCB_IMAGE_FORMAT_Z_PIXMAP, connection.root(),
+            static_cast<qint16>(area.x), static_cast<qint16>(area.y),
+            static_cast<quint16>(area.width), static_cast<quint16>(area.height), ~0u));
     if (!image)
         return {};
     const auto *bytes = reinterpret_cast<const char *>(xcb_get_image_data(image.get()));
@@ -50,10 +33,10 @@ std::optional<Rect> WindowProbe::visibleFrame(xcb_window_t window)
     const auto client = clientGeometry(window);
     if (!client)
         return std::nullopt;
-    // i3 alone publishes no extents; its parent windows are the frames that one sees.
+    // i3 alone publishes no extents; the window's parent is the frame that one sees.
     if (windowManagerName() == u"i3") {
-        const auto frame = topLevelOf(window);
-        return frame ? clientGeometry(*frame) : std::nullopt;
+        const auto tree = treeOf(window);
+        return tree && tree->parent != m_connection.root() ? clientGeometry(tree->parent) : client;
     }
     const QList<quint32> decorations = m_connection.numbers(window, "_NET_FRAME_EXTENTS");
     const QList<quint32> shadows = m_connection.numbers(window, "_GTK_FRAME_EXTENTS");
@@ -63,37 +46,28 @@ std::optional<Rect> WindowProbe::visibleFrame(xcb_window_t window)
 std::optional<Rect> WindowProbe::clientGeometry(xcb_window_t window)
 {
     xcb_connection_t *raw = m_connection.raw();
-    const auto geometryCookie = xcb_get_geometry(raw, window);
-    const auto placeCookie = xcb_translate_coordinates(raw, window, m_connection.root(), 0, 0);
-    const Reply<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(raw, geometryCookie, nullptr));
-    const Reply<xcb_translate_coordinates_reply_t> place(
-        xcb_translate_coordinates_reply(raw, placeCookie, nullptr));
+    const auto geometry = m_connection.reply<xcb_get_geometry_reply>(xcb_get_geometry(raw, window));
+    const auto place = m_connection.reply<xcb_translate_coordinates_reply>(
+        xcb_translate_coordinates(raw, window, m_connection.root(), 0, 0));
     if (!geometry || !place)
         return std::nullopt;
     return Rect{double(place->dst_x), double(place->dst_y), double(geometry->width),
         double(geometry->height)};
 }
 
-bool WindowProbe::isViewable(xcb_window_t window)
-{
-    const auto attributes = attributesOf(m_connection.raw(), window);
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
 xcb_window_t WindowProbe::waitForWindow(
     const std::function<bool(xcb_window_t)> &condition, Milliseconds deadline)
 {
     xcb_window_t found = XCB_WINDOW_NONE;
-    static_cast<void>(waitUntil(
-        [&] {
-            const QList<xcb_window_t> windows = clients();
-            const auto match = std::find_if(windows.crbegin(), windows.crend(),
-                [&](xcb_window_t window) { return isViewable(window) && condition(window); });
-            found = match == windows.crend() ? 0u : *match;
-            return found != XCB_WINDOW_NONE;
-        },
-        deadline));
+    const auto look = [&] {
+        for (QList<xcb_window_t> windows = clients(); !windows.isEmpty() && !found;) {
+            const xcb_window_t newest = windows.takeLast();
+            if (isViewable(newest) && condition(newest))
+                found = newest;
+        }
+        return found != XCB_WINDOW_NONE;
+    };
+    static_cast<void>(waitUntil(look, deadline));
     return found;
 }
 
@@ -132,26 +106,16 @@ QString WindowProbe::windowManagerName()
 
 QList<xcb_window_t> WindowProbe::childrenOf(xcb_window_t window)
 {
-    const auto tree = treeOf(m_connection.raw(), window);
+    const auto tree = treeOf(window);
     if (!tree)
         return {};
     const xcb_window_t *first = xcb_query_tree_children(tree.get());
     return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
-std::optional<xcb_window_t> WindowProbe::topLevelOf(xcb_window_t window)
-{
-    while (const auto tree = treeOf(m_connection.raw(), window)) {
-        if (tree->parent == m_connection.root() || tree->parent == XCB_WINDOW_NONE)
-            return window;
-        window = tree->parent;
-    }
-    return std::nullopt;
-}
-
 bool WindowProbe::isOpenMenu(xcb_window_t window, pid_t pid)
 {
-    const auto attributes = attributesOf(m_connection.raw(), window);
+    const auto attributes = attributesOf(window);
     if (!attributes || !attributes->override_redirect
         || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
         return false;

@@ -10,8 +10,6 @@
 
 namespace corvane::desktop {
 
-inline constexpr int bytesPerPixel = 4;
-
 /// What the screen shows there, row by row; empty when part of it is off the screen.
 [[nodiscard]] QByteArray pixelsOn(XConnection &connection, const Rect &area);
 
@@ -30,11 +28,6 @@ public:
     {
         return settled([&] { return visibleFrame(window); });
     }
-    [[nodiscard]] bool waitForFrame(
-        xcb_window_t window, const Rect &frame, Milliseconds deadline = patience)
-    {
-        return waitUntil([&] { return visibleFrame(window) == frame; }, deadline);
-    }
 
     [[nodiscard]] bool hasState(xcb_window_t window, const QByteArray &state)
     {
@@ -45,7 +38,11 @@ public:
         constexpr quint32 iconicState = 3;
         return m_connection.numbers(window, "WM_STATE").value(0) == iconicState;
     }
-    [[nodiscard]] bool isViewable(xcb_window_t window);
+    [[nodiscard]] bool isViewable(xcb_window_t window)
+    {
+        const auto attributes = attributesOf(window);
+        return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
     /// On the window manager's list of clients, and shown.
     [[nodiscard]] bool isManaged(xcb_window_t window)
     {
@@ -81,8 +78,16 @@ private:
     {
         return m_connection.numbers(m_connection.root(), property);
     }
+    Reply<xcb_get_window_attributes_reply_t> attributesOf(xcb_window_t window)
+    {
+        return m_connection.reply<xcb_get_window_attributes_reply>(
+            xcb_get_window_attributes(m_connection.raw(), window));
+    }
+    Reply<xcb_query_tree_reply_t> treeOf(xcb_window_t window)
+    {
+        return m_connection.reply<xcb_query_tree_reply>(xcb_query_tree(m_connection.raw(), window));
+    }
     QList<xcb_window_t> childrenOf(xcb_window_t window);
-    std::optional<xcb_window_t> topLevelOf(xcb_window_t window);
     bool isOpenMenu(xcb_window_t window, pid_t pid);
 
     XConnection &m_connection;

@@ -15,20 +15,9 @@ void PrintTo(const Rect &rect, std::ostream *stream)
 
 namespace corvane::desktop {
 
-using namespace Qt::StringLiterals;
-
-std::unique_ptr<VirtualDesktop> LiveTests::s_desktop;
-std::unique_ptr<WindowManagerProcess> LiveTests::s_manager;
-std::unique_ptr<CorvaneProcess> LiveTests::s_corvane;
-
 Rect frameOf(Placement placement, const Rect &area)
 {
     return Geometry::frame(unitRect(placement).value_or(UnitRect{}), area, 0);
-}
-
-QString programUnderTest()
-{
-    return qEnvironmentVariable("CORVANE_PROGRAM", QString::fromUtf8(CORVANE_PROGRAM));
 }
 
 void LiveTests::endDesk()
@@ -41,12 +30,11 @@ void LiveTests::endDesk()
 void LiveTests::SetUp()
 {
     if (!s_desktop) {
-        auto started = VirtualDesktop::start({});
+        auto started = VirtualDesktop::start({.without = s_without});
         ASSERT_TRUE(started) << qPrintable(started.error());
         s_desktop = std::move(*started);
-        s_corvane = std::make_unique<CorvaneProcess>(desktop(), programUnderTest());
-    }
-    if (desktop().displays().displays() != QList{standardDisplay}) {
+        s_corvane = std::make_unique<CorvaneProcess>(desktop(), QStringLiteral(CORVANE_PROGRAM));
+    } else if (desktop().displays().displays() != QList{standardDisplay}) {
         ASSERT_TRUE(desktop().displays().arrange({standardDisplay}));
     }
     ASSERT_NO_FATAL_FAILURE(ensureManager());
@@ -91,13 +79,6 @@ bool LiveTests::focus(xcb_window_t window)
     return waitUntil([&] { return probe().activeWindow() == window; });
 }
 
-xcb_window_t LiveTests::windowOf(const ChildProcess &process)
-{
-    return probe().waitForWindow(
-        [&](xcb_window_t window) { return probe().hasProcess(window, process.pid()); },
-        3 * patience);
-}
-
 Rect LiveTests::frame(xcb_window_t window)
 {
     return probe().settledFrame(window).value_or(Rect());
@@ -124,7 +105,9 @@ testing::AssertionResult LiveTests::lands(
 
 void LiveTests::press(Placement placement)
 {
+    const qsizetype seen = corvane().log().size();
     keys().press(std::ranges::find(shortcuts, placement, &Shortcut::first)->second);
+    EXPECT_TRUE(waitUntil([&] { return corvane().log().size() > seen; })) << "it was not heard";
 }
 
 } // namespace corvane::desktop

@@ -30,21 +30,15 @@ inline constexpr quint8 shifted = plain | KeyStroke::shift;
 inline constexpr quint8 hyper = plain | KeyStroke::super;
 } // namespace strokes
 
-/// In an order in which no press continues the cycle of the one before.
+/// Those that the tests press.
 inline constexpr std::array shortcuts{
     Shortcut{Placement::leftHalf, {strokes::hyper, Key::left}},
     Shortcut{Placement::rightHalf, {strokes::hyper, Key::right}},
-    Shortcut{Placement::topHalf, {strokes::hyper, Key::up}},
-    Shortcut{Placement::bottomHalf, {strokes::hyper, Key::down}},
     Shortcut{Placement::topLeft, {strokes::shifted, Key::left}},
     Shortcut{Placement::topRight, {strokes::shifted, Key::up}},
-    Shortcut{Placement::bottomLeft, {strokes::shifted, Key::down}},
     Shortcut{Placement::bottomRight, {strokes::shifted, Key::right}},
     Shortcut{Placement::leftThird, {strokes::plain, Key::d}},
     Shortcut{Placement::centerThird, {strokes::plain, Key::f}},
-    Shortcut{Placement::rightThird, {strokes::plain, Key::g}},
-    Shortcut{Placement::leftTwoThirds, {strokes::plain, Key::e}},
-    Shortcut{Placement::rightTwoThirds, {strokes::plain, Key::t}},
     Shortcut{Placement::maximize, {strokes::hyper, Key::m}},
     Shortcut{Placement::snapBack, {strokes::hyper, Key::slash}},
     Shortcut{Placement::original, {strokes::hyper, Key::o}},
@@ -52,11 +46,7 @@ inline constexpr std::array shortcuts{
     Shortcut{Placement::previousDisplay, {strokes::plain, Key::left}},
 };
 
-/// Where a placement puts a window.
 [[nodiscard]] Rect frameOf(Placement placement, const Rect &area);
-
-/// The program under test: $CORVANE_PROGRAM, else the one of this build.
-[[nodiscard]] QString programUnderTest();
 
 /// A test on the desktop that every test of the process shares. It begins with one display of
 /// 1920 × 1080, the window manager and the program running, and no windows.
@@ -67,6 +57,7 @@ public:
 
 protected:
     static constexpr Rect standardDisplay{0, 0, 1920, 1080};
+    static inline QStringList s_without; ///< extensions of the server that a next desktop gets
 
     void SetUp() override;
     void TearDown() override;
@@ -85,13 +76,11 @@ protected:
         return qEnvironmentVariable("CORVANE_TEST_WM", QStringLiteral("openbox"));
     }
     static bool isManager(const QStringList &names) { return names.contains(managerName()); }
-    /// Starts the window manager unless it runs.
     void ensureManager(const QString &name = managerName());
 
     /// Puts a window on the desktop and the focus into it.
     xcb_window_t showFocused(const WindowRequest &request = {});
     [[nodiscard]] bool focus(xcb_window_t window);
-    xcb_window_t windowOf(const ChildProcess &process);
 
     Rect frame(xcb_window_t window);
     /// Whether the window comes to rest there, however often it moves before.
@@ -100,6 +89,7 @@ protected:
     /// Whether the placement's shortcut puts the window on its part of the area.
     testing::AssertionResult lands(
         xcb_window_t window, Placement placement, const Rect &area = standardDisplay);
+    /// Returns once the program is done with it.
     void press(Placement placement);
     [[nodiscard]] CorvaneProcess::Answer place(Placement placement)
     {
@@ -107,9 +97,9 @@ protected:
     }
 
 private:
-    static std::unique_ptr<VirtualDesktop> s_desktop;
-    static std::unique_ptr<WindowManagerProcess> s_manager;
-    static std::unique_ptr<CorvaneProcess> s_corvane;
+    static inline std::unique_ptr<VirtualDesktop> s_desktop;
+    static inline std::unique_ptr<WindowManagerProcess> s_manager;
+    static inline std::unique_ptr<CorvaneProcess> s_corvane;
     std::unique_ptr<TestClient> m_client;
 };
 

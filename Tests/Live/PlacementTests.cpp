@@ -13,33 +13,21 @@ using enum Placement;
 using Side = WindowRequest::Side;
 using Kind = WindowRequest::Kind;
 
+using KeyboardTests = LiveTests;
+
 class PlacementTests : public LiveTests
 {
 protected:
-    /// Panels and displays are known to everybody in their own time: the one of these areas that
-    /// the window fills in the end.
-    std::optional<Rect> filled(xcb_window_t window, const QList<Rect> &areas)
+    /// Panels and displays are known to everybody in their own time.
+    testing::AssertionResult fills(xcb_window_t window, const Rect &area)
     {
-        const bool fills = waitUntil([&] {
+        static_cast<void>(waitUntil([&] {
             press(maximize);
-            return areas.contains(frame(window));
-        });
-        EXPECT_TRUE(fills) << testing::PrintToString(frame(window));
-        return fills ? std::optional(frame(window)) : std::nullopt;
+            return frame(window) == area;
+        }));
+        return rests(window, area);
     }
 };
-
-x11::WindowHints asMeant(const WindowRequest::SizeHints &given)
-{
-    x11::WindowHints hints;
-    hints.minimum = given.minimum == Size{} ? hints.minimum : given.minimum;
-    hints.maximum = given.maximum == Size{} ? hints.maximum : given.maximum;
-    hints.increment = given.increment == Size{} ? hints.increment : given.increment;
-    hints.base = given.base;
-    hints.leastAspect = given.minimumAspect;
-    hints.mostAspect = given.maximumAspect;
-    return hints;
-}
 
 Rect without(const Rect &display, Side side, double thickness)
 {
@@ -51,17 +39,6 @@ Rect without(const Rect &display, Side side, double thickness)
 }
 
 } // namespace
-
-TEST_F(PlacementTests, everyShortcutPutsTheFocusedWindowOnItsRegionToThePixel)
-{
-    const xcb_window_t window = showFocused();
-
-    for (const auto &[placement, stroke] : shortcuts) {
-        if (unitRect(placement)) {
-            EXPECT_TRUE(lands(window, placement));
-        }
-    }
-}
 
 TEST_F(PlacementTests, everyKindOfWindowLandsWithItsVisibleFrame)
 {
@@ -94,22 +71,23 @@ TEST_F(PlacementTests, aWindowWithLimitsFillsItsTargetAsFarAsTheyAllowAndKeepsTo
 {
     struct Case {
         const char *name;
+        Size start; ///< of the client
         WindowRequest::SizeHints hints;
         double within = 0;
     };
     const Case cases[]{
-        {"a terminal", {.minimum = {14, 24}, .increment = {11, 23}, .base = {4, 6}}},
-        {"fixed", {.minimum = {300, 200}, .maximum = {300, 200}}},
-        {"with a largest size", {.maximum = {500, 400}}},
-        {"insisting on being larger", {.minimum = {1200, 700}}},
-        {"with a shape", {.minimumAspect = {2, 1}, .maximumAspect = {2, 1}}, 4},
+        {"a terminal", {444, 328}, {.minimum = {14, 24}, .increment = {11, 23}, .base = {4, 6}}},
+        {"fixed", {300, 200}, {.minimum = {300, 200}, .maximum = {300, 200}}},
+        {"with a largest size", {450, 350}, {.maximum = {500, 400}}},
+        {"insisting on being larger", {1200, 700}, {.minimum = {1200, 700}}},
+        {"with a shape", {450, 225}, {.minimumAspect = {2, 1}, .maximumAspect = {2, 1}}, 4},
     };
-    for (const auto &[name, hints, within] : cases) {
+    for (const auto &[name, start, hints, within] : cases) {
         SCOPED_TRACE(name);
-        const x11::WindowHints meant = asMeant(hints);
-        const Size start = meant.constrained({450, 350});
         const xcb_window_t window =
             showFocused({.geometry = {50, 50, start.width, start.height}, .hints = hints});
+        const auto meant = x11::WindowHints::fromProperty(
+            desktop().connection().numbers(window, "WM_NORMAL_HINTS"));
         const Rect outer = frame(window);
         const Size edges{outer.width - start.width, outer.height - start.height};
 
@@ -131,20 +109,6 @@ TEST_F(PlacementTests, aWindowWithLimitsFillsItsTargetAsFarAsTheyAllowAndKeepsTo
                 << testing::PrintToString(expected);
         }
         client().close(window);
-    }
-}
-
-TEST_F(PlacementTests, windowsOfRealToolkitsLand)
-{
-    for (const auto &program : {u"gtk3-demo"_s, QStringLiteral(CORVANE_QT_TEST_CLIENT)}) {
-        SCOPED_TRACE(qPrintable(program));
-        const auto application = desktop().launch(program);
-        const xcb_window_t window = windowOf(*application);
-        ASSERT_TRUE(focus(window));
-        static_cast<void>(frame(window));
-
-        for (const Placement placement : {leftHalf, bottomRight, maximize, rightHalf})
-            EXPECT_TRUE(lands(window, placement));
     }
 }
 
@@ -182,13 +146,13 @@ TEST_F(PlacementTests, panelsTakeRoomFromTheirOwnDisplayUntilTheyCloseAndWindows
             area = without(area, side, 45);
         }
         ASSERT_TRUE(focus(window));
-        ASSERT_TRUE(filled(window, {area}));
+        ASSERT_TRUE(fills(window, area));
         EXPECT_TRUE(lands(window, leftHalf, area));
         EXPECT_TRUE(lands(window, bottomRight, area));
 
         for (const xcb_window_t panel : std::as_const(panels))
             client().close(panel);
-        ASSERT_TRUE(filled(window, {display}));
+        ASSERT_TRUE(fills(window, display));
         EXPECT_TRUE(lands(window, leftHalf, display));
         press(nextDisplay);
         EXPECT_TRUE(rests(window, frameOf(leftHalf, other)));
@@ -198,26 +162,35 @@ TEST_F(PlacementTests, panelsTakeRoomFromTheirOwnDisplayUntilTheyCloseAndWindows
     }
 }
 
-TEST_F(PlacementTests, displaysThatComeGoAndChangeAreUsedAsTheyAreWithoutARestart)
+TEST_F(KeyboardTests, shortcutsStayOnTheirPhysicalKeysWhateverTheLayoutAndTheLocks)
 {
-    const QList<Rect> both{standardDisplay, {1920, 0, 1280, 1024}};
     const xcb_window_t window = showFocused();
-    for (const auto &displays :
-        {both, {standardDisplay}, {{0, 0, 1280, 720}}, {{0, 0, 2560, 1440}}, both}) {
-        SCOPED_TRACE(testing::PrintToString(displays));
-        ASSERT_TRUE(desktop().displays().arrange(displays));
-        ASSERT_TRUE(focus(window));
-
-        // Some window managers move a window back to the display that returned.
-        const auto display = filled(window, displays);
-        ASSERT_TRUE(display);
-        EXPECT_TRUE(lands(window, bottomRight, *display));
-        if (displays.size() == 2) {
-            press(nextDisplay);
-            EXPECT_TRUE(
-                rests(window, frameOf(bottomRight, *display == both[0] ? both[1] : both[0])));
-        }
+    // By keys that every other layout puts something else on.
+    const auto expectShortcutsToWork = [&] {
+        for (const Placement placement : {maximize, leftThird, rightHalf})
+            EXPECT_TRUE(lands(window, placement));
+        press(snapBack);
+        EXPECT_TRUE(rests(window, frameOf(leftThird, standardDisplay)));
+    };
+    for (const Key lock : {Key::numLock, Key::capsLock, Key::numLock, Key::capsLock}) {
+        SCOPED_TRACE(testing::Message() << "after lock " << int(lock));
+        ASSERT_TRUE(keys().toggle(lock));
+        expectShortcutsToWork();
     }
+    for (const auto &layout : {u"fr"_s, u"us(dvorak)"_s, u"de(neo)"_s, u"us,ru"_s}) {
+        SCOPED_TRACE(qPrintable(layout));
+        ASSERT_TRUE(desktop().setKeyboardLayouts(layout));
+        expectShortcutsToWork();
+    }
+    ASSERT_TRUE(keys().toggle(Key::menu));
+    expectShortcutsToWork();
+
+    ASSERT_TRUE(desktop().setKeyboardLayouts(u"fr"_s));
+    corvane().stop();
+    ASSERT_TRUE(corvane().start());
+    EXPECT_TRUE(corvane().readyLine().startsWith(u"ready: 21 of 21")) << "started under another";
+    expectShortcutsToWork();
+    EXPECT_TRUE(desktop().setKeyboardLayouts(u"us"_s));
 }
 
 } // namespace corvane::desktop

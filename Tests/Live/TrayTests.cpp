@@ -45,10 +45,8 @@ protected:
 
     Rect icon()
     {
-        if (m_panel) {
-            EXPECT_TRUE(waitUntil([this] { return m_panel->showsIcon(); }, 2 * patience));
+        if (m_panel)
             return m_panel->iconPlace();
-        }
         xcb_window_t icon = XCB_WINDOW_NONE;
         EXPECT_TRUE(waitUntil([&] {
             icon = probe().trayIcon(corvane().pid());
@@ -81,8 +79,7 @@ protected:
         const auto cookie = xcb_grab_pointer(holder.raw(), 0, holder.root(),
             XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
             XCB_CURSOR_NONE, XCB_CURRENT_TIME);
-        const Reply<xcb_grab_pointer_reply_t> reply(
-            xcb_grab_pointer_reply(holder.raw(), cookie, nullptr));
+        const auto reply = holder.reply<xcb_grab_pointer_reply>(cookie);
         return reply ? reply->status : quint8(XCB_GRAB_STATUS_FROZEN);
     }
 

@@ -29,13 +29,11 @@ protected:
     {
         const Rect normal = frame(window);
         (pager().*change)(window, Change::add);
-        // With a border beyond the edges on icewm, but without the shadow that is soon gone.
-        constexpr double border = 10;
         Rect maximised;
         ASSERT_TRUE(waitUntil([&] {
+            const auto shadow = desktop().connection().numbers(window, "_GTK_FRAME_EXTENTS");
             maximised = frame(window);
-            return maximised.height > normal.height
-                && maximised.height <= standardDisplay.height + border;
+            return maximised.height > normal.height && shadow.count(0) == shadow.size();
         })) << testing::PrintToString(maximised);
         EXPECT_TRUE(landsOutOfState(window, placement));
 
@@ -59,7 +57,9 @@ TEST_F(WindowStateTests, aMaximisedWindowLandsExactlyAndSnapBackGivesStateAndFra
     client().close(plain);
     SCOPED_TRACE("GTK");
     const auto application = desktop().launch(u"gtk3-demo"_s);
-    const xcb_window_t window = windowOf(*application);
+    const xcb_window_t window = probe().waitForWindow(
+        [&](xcb_window_t each) { return probe().hasProcess(each, application->pid()); },
+        3 * patience);
     ASSERT_TRUE(focus(window));
     for (const Placement placement : {topRight, bottomRight, leftHalf})
         expectStateBack(window, &Pager::setMaximized, placement);
@@ -118,8 +118,8 @@ TEST_F(WindowStateTests, aMinimisedWindowIsNoFocusedWindow)
 {
     const xcb_window_t window = showFocused();
     pager().minimize(window);
-    ASSERT_TRUE(
-        waitUntil([&] { return probe().isMinimized(window) && probe().activeWindow() != window; }));
+    ASSERT_TRUE(waitUntil([&] { return probe().isMinimized(window); }));
+    ASSERT_TRUE(waitUntil([&] { return probe().activeWindow() != window; }));
 
     EXPECT_TRUE(place(leftHalf).reason().contains(u"no focused window"_s));
     EXPECT_TRUE(probe().isMinimized(window));

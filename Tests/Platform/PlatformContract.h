@@ -1,27 +1,77 @@
 #pragma once
 
-#include "ContractWorld.h"
+#include "Platform.h"
+#include "SimulatedDisplay.h"
+#include "SimulatedWindow.h"
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <memory>
+
 namespace corvane {
 
-/// What every back end must do. A binary that links these tests runs them on its worlds:
-///
-///     INSTANTIATE_TEST_SUITE_P(Simulated, PlatformContract,
-///         testing::Values(ContractWorldFactory {"plain", &makeWorld}), PlatformContract::nameOf);
-class PlatformContract : public testing::TestWithParam<ContractWorldFactory>
+/// A desktop with a back end on it, and the hand of a person who uses that desktop. It starts with
+/// one display of at least 1280 by 900 points, no panel and no window, trusted.
+class ContractWorld
 {
 public:
-    static std::string nameOf(const testing::TestParamInfo<ContractWorldFactory> &info)
-    {
-        return info.param.name;
-    }
+    static constexpr quint16 missingKey = 52; ///< on this desktop's keyboard
 
+    /// A fresh world of this name. Every binary with these tests defines its own.
+    static std::unique_ptr<ContractWorld> make(const std::string &name);
+    virtual ~ContractWorld() = default;
+
+    virtual Platform &platform() = 0;
+
+    /// An application that, once opened, shows one standard window, or that cannot be opened.
+    virtual void install(const QString &id, const QString &name, Installation::State state) = 0;
+    /// A process without a window.
+    virtual pid_t startApplication() = 0;
+    /// A program that moves windows by shortcuts, and shows none.
+    virtual pid_t startRival() = 0;
+    virtual void quitApplication(pid_t pid) = 0;
+    /// Returns once the desktop shows the window. A standard window or dialog takes the focus
+    /// unless it is minimised or elsewhere.
+    virtual WindowElement openWindow(pid_t pid, const WindowSpec &spec = {}) = 0;
+    virtual void closeWindow(const WindowElement &window) = 0;
+    /// From now on the window says that it belongs to this application.
+    virtual void renameWindow(const WindowElement &window, const QString &application) = 0;
+    virtual void focus(const WindowElement &window) = 0;
+    virtual void drag(const WindowElement &window, Point origin) = 0;
+
+    /// A second display, and away again.
+    virtual void plugDisplay() = 0;
+    virtual void unplugDisplay() = 0;
+    /// On the only display.
+    virtual void addPanel(const SimulatedPanel &panel) = 0;
+
+    // Keys: macOS virtual key codes and `HotKeys` modifier bits.
+    virtual void pressKey(quint16 keyCode, quint32 modifiers) = 0;
+    /// Until it has repeated.
+    virtual void holdKey(quint16 keyCode, quint32 modifiers) = 0;
+    virtual void takeKeyByRival(quint16 keyCode, quint32 modifiers) = 0;
+    virtual void holdPointerButton(bool isDown) = 0;
+
+    virtual void loseTrust() = 0;
+    virtual void regainTrust() = 0;
+
+    /// Lets what is under way go on for a moment.
+    virtual void pump() = 0;
+    /// Pumps until nothing is under way any more.
+    virtual void settle() = 0;
+    /// Pumps until the condition holds; false when it does not in time.
+    [[nodiscard]] bool eventually(const std::function<bool()> &condition);
+};
+
+/// What every back end must do. A binary that links these tests instantiates them with the names of
+/// its worlds.
+class PlatformContract : public testing::TestWithParam<std::string>
+{
 protected:
-    using Kind = ContractWindow::Kind;
+    using Kind = WindowKind;
 
-    void SetUp() override;
+    PlatformContract();
 
     ContractWorld &world() { return *m_world; }
     WindowAccess &windows() { return m_world->platform().windows(); }
@@ -30,12 +80,14 @@ protected:
     HotKeys &hotKeys() { return m_world->platform().hotKeys(); }
 
     /// A window of a process of its own.
-    WindowElement open(const ContractWindow &window = {})
+    WindowElement open(const WindowSpec &spec = {})
     {
-        return world().openWindow(world().startApplication(), window);
+        return world().openWindow(world().startApplication(), spec);
     }
-    /// Pumps until the condition holds; false when it does not in time.
-    [[nodiscard]] bool eventually(const std::function<bool()> &condition);
+    [[nodiscard]] bool eventually(const std::function<bool()> &condition)
+    {
+        return world().eventually(condition);
+    }
     [[nodiscard]] bool takesFocus(const WindowElement &window)
     {
         return eventually([&] { return windows().focusedWindow().window == window; });
@@ -56,11 +108,8 @@ protected:
     int notices = 0; ///< of any kind
 
 private:
-    std::unique_ptr<ContractWorld> m_world;
+    std::unique_ptr<ContractWorld> m_world = ContractWorld::make(GetParam());
     QObject m_listener; ///< before the world, so that no notice comes while it goes
 };
-
-void PrintTo(const ContractWorldFactory &factory, std::ostream *stream);
-void PrintTo(const Rect &rect, std::ostream *stream);
 
 } // namespace corvane

@@ -8,16 +8,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The ways in which the simulated desktop may keep the contract.
-enum class Manner { immediate, thrifty, resizingLate };
-
+/// The simulated desktop, in one of the manners in which it may keep the contract.
 class SimulatedWorld final : public ContractWorld
 {
 public:
-    explicit SimulatedWorld(Manner manner) : m_manner(manner)
+    explicit SimulatedWorld(const std::string &manner)
+        : m_resizesAfter(manner == "resizingLate" ? 120ms : 0ms)
     {
-        m_desktop.holdsSizes = m_desktop.sharesReads = manner == Manner::thrifty;
-        m_primary = m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
+        m_desktop.holdsSizes = m_desktop.sharesReads = manner == "thrifty";
+        m_desktop.plug({.frame = {0, 0, 1440, 900}, .name = u"Built-in"_s});
         m_keys.removeKey(missingKey);
     }
 
@@ -35,7 +34,12 @@ public:
         return pid;
     }
     void quitApplication(pid_t pid) override { m_desktop.quit(pid); }
-    WindowElement openWindow(pid_t pid, const ContractWindow &window) override;
+    WindowElement openWindow(pid_t pid, const WindowSpec &spec) override
+    {
+        WindowSpec ours = spec;
+        ours.resizesAfter = m_resizesAfter;
+        return m_desktop.openWindow(pid, ours);
+    }
     void closeWindow(const WindowElement &window) override { m_desktop.closeWindow(window); }
     void renameWindow(const WindowElement &window, const QString &application) override
     {
@@ -47,13 +51,11 @@ public:
         m_desktop.moveWindow(m_desktop.window(window), origin);
     }
 
-    void plugDisplay() override { m_second = m_desktop.plug({{1440, -100, 1920, 1080}}); }
-    void unplugDisplay() override { m_desktop.unplug(m_second); }
-    void addPanel(Edge edge, double thickness) override
+    void plugDisplay() override { m_desktop.plug({{1440, -100, 1920, 1080}}); }
+    void unplugDisplay() override { m_desktop.unplug(m_desktop.screens().last().displayID); }
+    void addPanel(const SimulatedPanel &panel) override
     {
-        using enum SimulatedPanel::Edge;
-        constexpr std::array edges{top, bottom, left, right};
-        m_desktop.addPanel(m_primary, {edges[int(edge)], thickness});
+        m_desktop.addPanel(m_desktop.screens().first().displayID, panel);
     }
 
     void pressKey(quint16 key, quint32 modifiers) override { m_keys.press(key, modifiers); }
@@ -76,43 +78,21 @@ public:
     void settle() override { m_platform.manualClock().advance(1s); }
 
 private:
-    Manner m_manner;
+    Clock::Duration m_resizesAfter;
     SimulatedPlatform m_platform;
     SimulatedDesktop &m_desktop = m_platform.desktop();
     SimulatedHotKeys &m_keys = m_platform.hotKeys();
-    quint32 m_primary = 0;
-    quint32 m_second = 0;
 };
-
-WindowElement SimulatedWorld::openWindow(pid_t pid, const ContractWindow &window)
-{
-    using enum WindowKind;
-    constexpr std::array kinds{standard, dialog, splash, panel, desktop};
-    return m_desktop.openWindow(pid,
-        {.title = window.title,
-            .frame = window.frame,
-            .kind = kinds[int(window.kind)],
-            .minimum = window.minimum.value_or(Size{1, 1}),
-            .fixedSize = window.fixedSize,
-            .resizesAfter = m_manner == Manner::resizingLate ? 120ms : 0ms,
-            .application = window.application,
-            .fullScreen = window.fullScreen,
-            .maximised = window.maximised,
-            .minimised = window.minimised,
-            .onOtherWorkspace = window.onOtherWorkspace,
-            .number = window.number});
-}
-
-ContractWorldFactory factory(const char *name, Manner manner)
-{
-    return {name, [manner] { return std::make_unique<SimulatedWorld>(manner); }};
-}
 
 } // namespace
 
+std::unique_ptr<ContractWorld> ContractWorld::make(const std::string &name)
+{
+    return std::make_unique<SimulatedWorld>(name);
+}
+
 INSTANTIATE_TEST_SUITE_P(Simulated, PlatformContract,
-    testing::Values(factory("immediate", Manner::immediate), factory("thrifty", Manner::thrifty),
-        factory("resizingLate", Manner::resizingLate)),
-    PlatformContract::nameOf);
+    testing::Values("immediate", "thrifty", "resizingLate"),
+    [](const auto &each) { return each.param; });
 
 } // namespace corvane

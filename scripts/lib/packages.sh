@@ -12,7 +12,7 @@ packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev libra
     linguist-qt6"
 
 packages_test="$packages_unit_test git clang-format mold xwayland fluxbox i3-wm icewm kwin-x11
-    marco mate-settings-daemon-common metacity mutter sway tk x11-apps xfce4-panel xfwm4"
+    marco mate-settings-daemon-common metacity mutter tk x11-apps xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
 
