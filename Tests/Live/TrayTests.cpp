@@ -167,6 +167,12 @@ TEST_F(TrayTests, aPlacementChosenWithKeysOrMouseMovesTheWindowThatHadTheFocus)
         [&] {
             openSubmenu();
             const Rect submenu = frame(menus().value(1));
+            // It hears of the pointer once the second row is lit.
+            const Rect second{submenu.midX(), submenu.y + 42, 1, 1};
+            const QByteArray unlit = pixelsOn(desktop().connection(), second);
+            keys().moveTo(second.origin());
+            EXPECT_TRUE(
+                waitUntil([&] { return pixelsOn(desktop().connection(), second) != unlit; }));
             keys().click({submenu.midX(), submenu.y + 16});
         }};
     for (const auto &choose : choices) {
