@@ -49,7 +49,8 @@ PrivateSession::PrivateSession()
 PrivateSession::~PrivateSession()
 {
     m_bus.reset();
-    endStrays();
+    for (const pid_t pid : processes())
+        ::kill(pid, SIGKILL);
 }
 
 QString PrivateSession::startBus()
@@ -107,17 +108,18 @@ QString PrivateSession::logs(qsizetype bytesEach) const
 
 // Services that the bus started are no children of ours; the variable in their environment tells
 // them from everybody else's.
-void PrivateSession::endStrays() const
+QList<pid_t> PrivateSession::processes() const
 {
     const QByteArray marker = (markerName + u'=' + folder()).toLocal8Bit();
-    const QStringList entries = QDir(u"/proc"_s).entryList(QDir::Dirs);
-    for (const QString &entry : entries) {
+    QList<pid_t> pids;
+    for (const QString &entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
         QFile file(u"/proc/%1/environ"_s.arg(entry));
         const pid_t pid = entry.toInt();
         if (pid > 0 && pid != ::getpid() && file.open(QIODevice::ReadOnly)
             && file.readAll().split('\0').contains(marker))
-            ::kill(pid, SIGKILL);
+            pids << pid;
     }
+    return pids;
 }
 
 } // namespace corvane::desktop

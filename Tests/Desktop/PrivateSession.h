@@ -49,12 +49,12 @@ public:
     [[nodiscard]] std::unique_ptr<ChildProcess> launchIdle(const QString &name);
     /// Runs a program to its end. Whether it exited with 0.
     [[nodiscard]] bool run(const QString &program, const QStringList &arguments);
+    /// Whatever runs in it.
+    [[nodiscard]] QList<pid_t> processes() const;
     /// The end of every log, for a failed test's message.
     [[nodiscard]] QString logs(qsizetype bytesEach = 2000) const;
 
 private:
-    void endStrays() const;
-
     QTemporaryDir m_folder;
     QProcessEnvironment m_environment;
     std::unique_ptr<ChildProcess> m_bus;

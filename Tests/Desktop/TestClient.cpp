@@ -36,7 +36,6 @@ InstalledApp::InstalledApp(PrivateSession &session, QString id, const QStringLis
 {
     QDir().mkpath(QFileInfo(m_entryPath).path());
     QFile entry(m_entryPath);
-    // Nothing in our commands needs more than quotes.
     const QString text =
         u"[Desktop Entry]\nType=Application\nName=%1\nExec=\"%2\"\nStartupWMClass=%1\n"_s;
     if (entry.open(QIODevice::WriteOnly))
@@ -46,7 +45,6 @@ InstalledApp::InstalledApp(PrivateSession &session, QString id, const QStringLis
 std::unique_ptr<InstalledApp> InstalledApp::scripted(
     PrivateSession &session, const QString &id, const QStringList &steps)
 {
-    // A program of its own, as every application is.
     const QString program = u"%1/%2"_s.arg(session.folder(), id);
     QFile::copy(QStringLiteral(CORVANE_TEST_CLIENT), program);
     return std::make_unique<InstalledApp>(
@@ -62,15 +60,10 @@ InstalledApp::~InstalledApp()
 
 QList<pid_t> InstalledApp::copies() const
 {
-    QList<pid_t> pids;
-    for (const QString &entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        if (QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(entry)) != m_command.first())
-            continue;
-        QFile environment(u"/proc/%1/environ"_s.arg(entry)); // others' sessions may run it, too
-        if (environment.open(QFile::ReadOnly)
-            && environment.readAll().contains(m_session.folder().toUtf8()))
-            pids << entry.toInt();
-    }
+    QList<pid_t> pids = m_session.processes();
+    pids.removeIf([this](pid_t pid) {
+        return QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(pid)) != m_command.first();
+    });
     return pids;
 }
 
