@@ -314,7 +314,7 @@ TEST_F(LayoutEngineTests, theNextApplyOpensNothingTwiceAndEndsTheOneBefore)
     EXPECT_EQ(fill({left()}), u"placed"_s);
     EXPECT_EQ(fill({right(mail)}), u"placed"_s);
     EXPECT_EQ(first, u"had no window yet when the next layout was applied"_s);
-    EXPECT_EQ(placed.size(), 2);
+    advance(6s); // another copy would have a window by now
     EXPECT_EQ(desktop.stack().size(), 2);
 
     desktop.quit(placed.last().pid); // it has shown its window, and comes up no more
