@@ -86,7 +86,8 @@ TEST(SettingsTests, shortcutsAreReadInBothShapesAndWrittenAsAList)
     }
     Settings settings;
     settings.shortcuts = only;
-    EXPECT_EQ(settings.toJson()[u"shortcuts"], (QJsonArray{u"leftHalf"_s, stored.toJson()}));
+    EXPECT_EQ(
+        settings.toJson()[u"shortcuts"].toArray(), (QJsonArray{u"leftHalf"_s, stored.toJson()}));
 }
 
 TEST(SettingsTests, aPlacementThatTheFileDoesNotKnowGainsItsPresetsShortcut)

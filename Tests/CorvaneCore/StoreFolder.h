@@ -19,7 +19,7 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-inline const QDateTime noon{{2026, 3, 1}, {12, 0}, Qt::UTC};
+inline const QDateTime noon = QDateTime::fromString(u"2026-03-01T12:00:00Z"_s, Qt::ISODate);
 
 /// A folder of a test's own, with what a user or a crash may have left in it.
 struct StoreFolder {
