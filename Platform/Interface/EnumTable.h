@@ -61,7 +61,7 @@ public:
 
 private:
     // No constant expression may call it: this is what the compiler reports of a wrong table.
-    static void rowsDoNotFollowTheEnumeration();
+    static void rowsDoNotFollowTheEnumeration() { }
 
     std::array<Row, size> m_rows;
 };
