@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QThread>
 
 namespace corvane {
 
@@ -12,6 +13,7 @@ bool ContractWorld::eventually(const std::function<bool()> &condition)
         if (deadline.hasExpired())
             return false;
         pump();
+        QThread::msleep(1); // what is waited for needs the processor, too
     }
     return true;
 }
