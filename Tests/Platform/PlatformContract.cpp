@@ -1,7 +1,6 @@
 #include "PlatformContract.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QThread>
 
 namespace corvane {
@@ -9,11 +8,10 @@ namespace corvane {
 bool ContractWorld::eventually(const std::function<bool()> &condition)
 {
     const QDeadlineTimer deadline(std::chrono::seconds(15));
-    while (!condition()) {
+    for (; !condition(); QThread::msleep(1)) { // what is waited for needs the processor, too
         if (deadline.hasExpired())
             return false;
         pump();
-        QThread::msleep(1); // what is waited for needs the processor, too
     }
     return true;
 }
