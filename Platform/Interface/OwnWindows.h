@@ -33,9 +33,17 @@ public:
     /// The first call begins to follow the tray; none waits for an answer.
     [[nodiscard]] virtual Tray tray() = 0;
 
+    /// Brings a window that is shown before all others, with the focus, onto the workspace that the
+    /// user sees. `token` is the permission that whoever asked for the window passed on; it may be
+    /// empty.
+    virtual void bringForward(quint64 window, const QString &token) = 0;
     /// Takes the pointer for this window, as an open menu needs it. False while another program holds
     /// it; true where nobody can tell.
     [[nodiscard]] virtual bool takePointer(quint64 window) = 0;
+    /// Gives this window all keys, those of other programs' shortcuts too, or ends that; done when the
+    /// call returns. Where the desktop or another program that holds the keyboard forbids it, the
+    /// window has the keys that any window has.
+    virtual void setTakesAllKeys(quint64 window, bool takesAll) = 0;
     /// Whether the desktop blends translucent windows with what is behind them.
     [[nodiscard]] virtual bool showsTranslucency() = 0;
     /// Whether task bar and switcher list this window. Lasts until the window is closed.

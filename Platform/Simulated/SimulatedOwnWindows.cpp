@@ -7,9 +7,22 @@ Tray SimulatedOwnWindows::tray()
     return m_tray;
 }
 
+void SimulatedOwnWindows::bringForward(quint64, const QString &token)
+{
+    broughtForward << token;
+}
+
 bool SimulatedOwnWindows::takePointer(quint64)
 {
     return isPointerFree;
+}
+
+void SimulatedOwnWindows::setTakesAllKeys(quint64 window, bool takesAll)
+{
+    if (takesAll)
+        takingAllKeys.insert(window);
+    else
+        takingAllKeys.remove(window);
 }
 
 bool SimulatedOwnWindows::showsTranslucency()

@@ -3,6 +3,8 @@
 #include "OwnWindows.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <QtCore/QStringList>
 
 namespace corvane {
 
@@ -14,7 +16,9 @@ class SimulatedOwnWindows final : public OwnWindows
 
 public:
     Tray tray() override;
+    void bringForward(quint64 window, const QString &token) override;
     bool takePointer(quint64 window) override;
+    void setTakesAllKeys(quint64 window, bool takesAll) override;
     bool showsTranslucency() override;
     void setListed(quint64 window, bool isListed) override;
 
@@ -23,7 +27,9 @@ public:
 
     bool isPointerFree = true;
     bool blendsWindows = true;
+    QSet<quint64> takingAllKeys; ///< windows
     QHash<quint64, bool> listed; ///< by window
+    QStringList broughtForward; ///< the tokens
 
 private:
     Tray m_tray{.isKnown = true};

@@ -1,5 +1,6 @@
 #include "X11OwnWindows.h"
 
+#include "ActiveWindow.h"
 #include "Properties.h"
 #include "QtX11.h"
 
@@ -34,6 +35,18 @@ Tray X11OwnWindows::tray()
     return tray;
 }
 
+// As a pager asks, which every window manager heeds, whenever the user acted last.
+void X11OwnWindows::bringForward(quint64 number, const QString &)
+{
+    constexpr quint32 pager = 2;
+    const auto window = static_cast<xcb_window_t>(number);
+    const auto workspace =
+        readList(m_connection, m_connection.root(), Atom::netCurrentDesktop).value(0);
+    m_connection.sendToRoot(window, Atom::netWmDesktop, {workspace, pager, 0, 0, 0});
+    requestActivation(m_connection, window);
+    xcb_flush(m_connection.xcb());
+}
+
 // Qt, which takes the pointer afterwards, takes any answer of the server for consent, a refusal too.
 bool X11OwnWindows::takePointer(quint64 window)
 {
@@ -46,6 +59,24 @@ bool X11OwnWindows::takePointer(quint64 window)
     const Owned<xcb_grab_pointer_reply_t> reply(
         xcb_grab_pointer_reply(connection, cookie, nullptr));
     return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+// By Qt's connection, which gets the keys then. Qt itself would keep the request for a while, and an end that
+// is late costs the user a key press.
+void X11OwnWindows::setTakesAllKeys(quint64 window, bool takesAll)
+{
+    xcb_connection_t *connection = QtX11::connection();
+    if (!connection)
+        return;
+    if (takesAll)
+        xcb_discard_reply(connection,
+            xcb_grab_keyboard(connection, 1, static_cast<xcb_window_t>(window), XCB_CURRENT_TIME,
+                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)
+                .sequence);
+    else
+        xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    const Owned<xcb_get_input_focus_reply_t> done(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus_unchecked(connection), nullptr));
 }
 
 // A compositing manager owns the selection made for that, one per X screen.

@@ -17,7 +17,9 @@ public:
     explicit X11OwnWindows(Connection &connection);
 
     Tray tray() override;
+    void bringForward(quint64 window, const QString &token) override;
     bool takePointer(quint64 window) override;
+    void setTakesAllKeys(quint64 window, bool takesAll) override;
     bool showsTranslucency() override;
     /// Returns once a window that is shown next will be shown that way.
     void setListed(quint64 window, bool isListed) override;
