@@ -4,6 +4,8 @@
 #include "FlightRecorder.h"
 #include "Platform.h"
 
+#include <QtCore/QFileInfo>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
@@ -23,6 +25,8 @@ AppModel::AppModel(SettingsStore store, LayoutStore layoutStore, ActivityLog act
           [this](QList<WindowLayout> &all) { tell(settleShortcuts(m_settings.shortcuts, all)); })
     , m_layoutApplier([this](const QList<ActivityEntry> &entries) { writeDown(entries); })
 {
+    m_reader.setMaxThreadCount(1);
+    m_reader.setExpiryTimeout(0);
     connectRecording();
     connectNotices();
     loadSettings();
@@ -117,7 +121,15 @@ void AppModel::quit(const RunningApplication &competitor)
 
 void AppModel::refreshActivity()
 {
-    activity = m_activityLog.recent(activityShown);
+    if (m_isActivityAsked.exchange(true))
+        return;
+    m_reader.start([this, folder = QFileInfo(m_activityLog.url().toLocalFile()).path()] {
+        m_isActivityAsked = false;
+        QMetaObject::invokeMethod(
+            this,
+            [this, entries = ActivityLog(folder).recent(activityShown)] { activity = entries; },
+            Qt::QueuedConnection);
+    });
 }
 
 } // namespace corvane

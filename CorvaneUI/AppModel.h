@@ -10,6 +10,9 @@
 #include "SettingsStore.h"
 #include "ViewState.h"
 
+#include <QtCore/QThreadPool>
+
+#include <atomic>
 #include <functional>
 
 namespace corvane {
@@ -76,6 +79,7 @@ public:
     void refreshCompetitors();
     /// Asks the competitor to quit, and refreshes `competitors` a second later.
     void quit(const RunningApplication &competitor);
+    /// Reads the newest of the move history, on another thread.
     void refreshActivity();
     /// Adds to the move history. A failure is a notice until it can be written again.
     void writeDown(const QList<ActivityEntry> &entries);
@@ -153,6 +157,8 @@ private:
     LayoutApplier m_layoutApplier;
     std::optional<DisplayWatch> m_displayWatch;
     std::optional<FileWatch> m_fileWatch;
+    std::atomic_bool m_isActivityAsked = false; ///< and not yet being read
+    QThreadPool m_reader; ///< of one thread. Waits at its end for what it reads.
 };
 
 } // namespace corvane

@@ -12,7 +12,12 @@ using namespace Qt::StringLiterals;
 
 void AppModel::connectLayouts()
 {
-    connect(&m_layouts, &LayoutLibrary::changed, this, &AppModel::layoutsChanged);
+    connect(&m_layouts, &LayoutLibrary::changed, this, [this] {
+        // Nobody could end the recording for a layout that is gone.
+        if (!recordingLayout.value().isNull() && !layout(recordingLayout.value()))
+            endRecording();
+        Q_EMIT layoutsChanged();
+    });
     connect(&m_layouts, &LayoutLibrary::shortcutsChanged, this, [this] {
         if (onShortcutsChanged)
             onShortcutsChanged();

@@ -21,6 +21,8 @@ inline constexpr std::array settingsPanes{SettingsPane::general, SettingsPane::s
 
 /// The pane's identifier.
 [[nodiscard]] QString rawValue(SettingsPane pane);
+/// In the rail.
+[[nodiscard]] QString title(SettingsPane pane);
 [[nodiscard]] std::optional<SettingsPane> settingsPaneNamed(const QString &identifier);
 
 } // namespace corvane

@@ -34,9 +34,9 @@ constexpr std::array partTable{
     PartRow{u"⏎", QT_TRANSLATE_NOOP("Keys", "Return"), QT_TRANSLATE_NOOP("Keys", "Return")},
     PartRow{u"↩", QT_TRANSLATE_NOOP("Keys", "Return"), QT_TRANSLATE_NOOP("Keys", "Return")},
     PartRow{u"⌫", QT_TRANSLATE_NOOP("Keys", "Backspace"), QT_TRANSLATE_NOOP("Keys", "Backspace")},
-    PartRow{u"⌦", QT_TRANSLATE_NOOP("Keys", "Del"), QT_TRANSLATE_NOOP("Keys", "Delete")},
-    PartRow{u"⎋", QT_TRANSLATE_NOOP("Keys", "Esc"), QT_TRANSLATE_NOOP("Keys", "Escape")},
-    PartRow{u"⇥", QT_TRANSLATE_NOOP("Keys", "Tab"), QT_TRANSLATE_NOOP("Keys", "Tab")},
+    PartRow{u"⌦", QT_TRANSLATE_NOOP("Keys", "Del"), QT_TRANSLATE_NOOP("Keys", "Delete"), Caption::name},
+    PartRow{u"⎋", QT_TRANSLATE_NOOP("Keys", "Esc"), QT_TRANSLATE_NOOP("Keys", "Escape"), Caption::name},
+    PartRow{u"⇥", QT_TRANSLATE_NOOP("Keys", "Tab"), QT_TRANSLATE_NOOP("Keys", "Tab"), Caption::name},
     PartRow{u"⌤", QT_TRANSLATE_NOOP("Keys", "Enter"), QT_TRANSLATE_NOOP("Keys", "Enter")},
     PartRow{u"←", QT_TRANSLATE_NOOP("Keys", "Left"), QT_TRANSLATE_NOOP("Keys", "Left Arrow")},
     PartRow{u"→", QT_TRANSLATE_NOOP("Keys", "Right"), QT_TRANSLATE_NOOP("Keys", "Right Arrow")},
@@ -53,6 +53,18 @@ constexpr std::array partTable{
     PartRow{u"]", "]", QT_TRANSLATE_NOOP("Keys", "Right Bracket")},
     PartRow{u"-", "-", QT_TRANSLATE_NOOP("Keys", "Minus")},
     PartRow{u"=", "=", QT_TRANSLATE_NOOP("Keys", "Equals")},
+    PartRow{u"Space", QT_TRANSLATE_NOOP("Keys", "Space"), QT_TRANSLATE_NOOP("Keys", "Space")},
+    // English names these by their numbers; a language may use the words that its keyboards bear.
+    //: Insert
+    PartRow{u"key 114", QT_TRANSLATE_NOOP("Keys", "key 114"), QT_TRANSLATE_NOOP("Keys", "key 114")},
+    //: Home
+    PartRow{u"key 115", QT_TRANSLATE_NOOP("Keys", "key 115"), QT_TRANSLATE_NOOP("Keys", "key 115")},
+    //: Page Up
+    PartRow{u"key 116", QT_TRANSLATE_NOOP("Keys", "key 116"), QT_TRANSLATE_NOOP("Keys", "key 116")},
+    //: End
+    PartRow{u"key 119", QT_TRANSLATE_NOOP("Keys", "key 119"), QT_TRANSLATE_NOOP("Keys", "key 119")},
+    //: Page Down
+    PartRow{u"key 121", QT_TRANSLATE_NOOP("Keys", "key 121"), QT_TRANSLATE_NOOP("Keys", "key 121")},
 };
 // clang-format on
 
@@ -62,14 +74,22 @@ const PartRow *rowOf(QStringView part)
     return row == partTable.end() ? nullptr : &*row;
 }
 
-/// The text of a column for each part that has a row, the part itself for any other.
+/// The text of a column for a part that has a row, the part itself for any other.
+QString inColumn(const QString &part, const char *PartRow::*const text)
+{
+    if (const PartRow *row = rowOf(part))
+        return QCoreApplication::translate("Keys", row->*text);
+    constexpr QLatin1StringView numbered("key ");
+    return part.startsWith(numbered)
+        ? QCoreApplication::translate("Keys", "key %1").arg(part.sliced(numbered.size()))
+        : part;
+}
+
 QStringList column(const QStringList &parts, const char *PartRow::*const text)
 {
     QStringList texts;
-    for (const QString &part : parts) {
-        const PartRow *row = rowOf(part);
-        texts << (row ? QCoreApplication::translate("Keys", row->*text) : part);
-    }
+    for (const QString &part : parts)
+        texts << inColumn(part, text);
     return texts;
 }
 
@@ -107,11 +127,9 @@ CapColors colorsOf(KeyCaps::Form form, const Board::Palette &palette)
 QString KeyCap::label(const QString &part, const QFont &glyphFont)
 {
     const PartRow *row = rowOf(part);
-    if (!row || !isGlyph(part))
-        return part;
-    const bool isDrawn =
-        row->caption == Caption::glyph && QFontMetricsF(glyphFont).inFontUcs4(part.at(0).unicode());
-    return isDrawn ? part : QCoreApplication::translate("Keys", row->name);
+    const bool isDrawn = row && isGlyph(part) && row->caption == Caption::glyph
+        && QFontMetricsF(glyphFont).inFontUcs4(part.at(0).unicode());
+    return isDrawn ? part : inColumn(part, &PartRow::name);
 }
 
 KeyCapStyle KeyCapStyle::ofHeight(double drawn)
@@ -119,6 +137,9 @@ KeyCapStyle KeyCapStyle::ofHeight(double drawn)
     QFont name = Board::font(Board::Type::body);
     name.setPixelSize(Board::length(11));
     name.setWeight(QFont::Medium);
+    // Not those of the text among which the caps stand.
+    name.setCapitalization(QFont::MixedCase);
+    name.setLetterSpacing(QFont::PercentageSpacing, 100);
     QFont glyph = name;
     glyph.setPixelSize(Board::length(12));
     const double tallest = QFontMetricsF(name).height() + 2 * Board::length(2);

@@ -1,10 +1,30 @@
 #include "CorvaneMark.h"
 
+#include "BoardStyle.h"
 #include "DevicePixels.h"
+#include "DrawnIcon.h"
 
 #include <QtGui/QPainter>
+#include <QtWidgets/QWidget>
 
 namespace corvane::CorvaneMark {
+
+namespace {
+
+class MarkWidget final : public QWidget
+{
+public:
+    explicit MarkWidget(double side) { setFixedSize(Board::length(side), Board::length(side)); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        paint(painter, rect(), BoardStyle::shared().colors());
+    }
+};
+
+} // namespace
 
 void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette)
 {
@@ -29,6 +49,18 @@ void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette)
     pane(17, 7, 8, 8, 2);
     pane(17, 17, 8, 8, 2);
     painter.restore();
+}
+
+QIcon icon()
+{
+    return drawnIcon([](QPainter &painter, const QRectF &rect, QIcon::Mode) {
+        paint(painter, rect, Board::palette({}));
+    });
+}
+
+QWidget *widget(double side)
+{
+    return new MarkWidget(side);
 }
 
 } // namespace corvane::CorvaneMark

@@ -16,6 +16,15 @@ namespace corvane::UserDefaults {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString sizeKey(QLatin1StringView name)
+{
+    return name + "Size"_L1;
+}
+
+} // namespace
+
 void prepare()
 {
     QCoreApplication::setOrganizationName(u"Corvane"_s);
@@ -44,6 +53,16 @@ bool testAndSet(QLatin1StringView key)
         FlightRecorder::shared().record(
             u"save-failed"_s, u"user defaults: %1 cannot be written"_s.arg(defaults.fileName()));
     return false;
+}
+
+QSize windowSize(QLatin1StringView name)
+{
+    return QSettings().value(sizeKey(name)).toSize();
+}
+
+void setWindowSize(QLatin1StringView name, const QSize &size)
+{
+    QSettings().setValue(sizeKey(name), size);
 }
 
 } // namespace corvane::UserDefaults

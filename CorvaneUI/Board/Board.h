@@ -2,6 +2,7 @@
 
 #include "Session.h"
 
+#include <QtCore/QMargins>
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 
@@ -46,5 +47,7 @@ void useFont(const DesktopLook &look);
 /// A length of the drawings, which are made for text of 13 pixels, at the desktop's size of text: in
 /// whole points.
 [[nodiscard]] int length(double drawn);
+/// Margins as they are from left to right, for the direction in which the program is read.
+[[nodiscard]] QMargins margins(int leading, int top, int trailing, int bottom);
 
 } // namespace corvane::Board

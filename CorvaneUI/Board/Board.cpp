@@ -124,4 +124,10 @@ int length(double drawn)
     return qRound(drawn * QFontInfo(QGuiApplication::font()).pixelSize() / drawnTextSize);
 }
 
+QMargins margins(int leading, int top, int trailing, int bottom)
+{
+    return QGuiApplication::isRightToLeft() ? QMargins(trailing, top, leading, bottom)
+                                            : QMargins(leading, top, trailing, bottom);
+}
+
 } // namespace corvane::Board

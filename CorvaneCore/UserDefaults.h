@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QtCore/QLatin1StringView>
+#include <QtCore/QSize>
 #include <QtCore/QString>
 
-/// What the program remembers beside the settings: flags in QSettings(), each of which is set once and
-/// never cleared.
+/// What the program remembers beside the settings, in QSettings(): flags, each of which is set once and
+/// never cleared, and the sizes that the user gave its windows.
 namespace corvane::UserDefaults {
 
 /// The earlier identity's defaults have been copied.
@@ -21,5 +22,8 @@ void prepare();
 /// Sets the flag. Whether it was set before. Where the file cannot be written the flag stays unset, and
 /// the diagnostics say so.
 [[nodiscard]] bool testAndSet(QLatin1StringView key);
+/// Of the window of this name, in points; invalid where none is known.
+[[nodiscard]] QSize windowSize(QLatin1StringView name);
+void setWindowSize(QLatin1StringView name, const QSize &size);
 
 } // namespace corvane::UserDefaults

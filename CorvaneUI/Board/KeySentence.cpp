@@ -1,0 +1,178 @@
+#include "KeySentence.h"
+
+#include "BoardStyle.h"
+#include "KeyCaps.h"
+#include "Match.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyle>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double capHeight = 20;
+constexpr double widest = 560; ///< a sentence, where nothing else bounds it
+
+KeyCaps capsOf(const KeySentence::Keys &keys)
+{
+    return {KeyCaps::split(keys.text), KeyCapStyle::ofHeight(capHeight)};
+}
+
+/// Whether the next piece follows without a space, as after an opening bracket.
+bool opens(const KeySentence::Piece &piece)
+{
+    const auto *word = std::get_if<KeySentence::Word>(&piece);
+    return word && std::ranges::all_of(word->text, [](QChar letter) {
+        return u"(“\"[„«"_s.contains(letter);
+    });
+}
+
+void addWords(QList<KeySentence::Piece> &pieces, const QString &text)
+{
+    for (const QString &word : text.simplified().split(u' ', Qt::SkipEmptyParts))
+        pieces << KeySentence::Word{word};
+}
+
+} // namespace
+
+KeySentence::KeySentence(
+    const QString &text, Board::Type type, BoardText::Tone tone, QWidget *parent)
+    : QLabel(parent), m_tone(tone)
+{
+    setFont(Board::font(type));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    setSentence(text);
+}
+
+QList<KeySentence::Piece> KeySentence::parse(const QString &text)
+{
+    QList<Piece> pieces;
+    for (qsizetype at = 0;;) {
+        const qsizetype opening = text.indexOf("[["_L1, at);
+        const qsizetype closing = opening < 0 ? -1 : text.indexOf("]]"_L1, opening);
+        if (closing < 0) {
+            addWords(pieces, text.mid(at));
+            return pieces;
+        }
+        addWords(pieces, text.mid(at, opening - at));
+        at = closing + 2;
+        const auto space = std::find_if(
+            text.begin() + at, text.end(), [](QChar letter) { return letter.isSpace(); });
+        const qsizetype end = space - text.begin();
+        pieces << Keys{text.mid(opening + 2, closing - opening - 2), text.mid(at, end - at)};
+        at = end;
+    }
+}
+
+QString KeySentence::spoken(const QString &text)
+{
+    QString spoken;
+    bool isOpen = true;
+    for (const Piece &piece : parse(text)) {
+        spoken += isOpen ? QString() : u" "_s;
+        spoken += match(
+            piece, [](const Word &word) { return word.text; },
+            [](const Keys &keys) {
+                return KeyCaps::spoken(KeyCaps::split(keys.text)) + keys.trailing;
+            });
+        isOpen = opens(piece);
+    }
+    return spoken;
+}
+
+void KeySentence::setSentence(const QString &text)
+{
+    m_pieces = parse(text);
+    m_direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    setAccessibleName(spoken(text));
+    updateGeometry();
+    update();
+}
+
+WordFlow KeySentence::flow() const
+{
+    const QFontMetricsF metrics(font());
+    return {.space = metrics.horizontalAdvance(u' '), .lineSpacing = metrics.height() / 8};
+}
+
+QList<WordFlow::Piece> KeySentence::measured() const
+{
+    const QFontMetricsF metrics(font());
+    const auto sizeOf = [&metrics](const QString &text) {
+        return QSizeF(metrics.horizontalAdvance(text), metrics.height());
+    };
+    QList<WordFlow::Piece> measured;
+    bool hasSpace = true;
+    for (const Piece &piece : m_pieces) {
+        const QSizeF size = match(
+            piece, [&](const Word &word) { return sizeOf(word.text); },
+            [&](const Keys &keys) {
+                const QSizeF caps = capsOf(keys).size();
+                return QSizeF(caps.width() + sizeOf(keys.trailing).width(), caps.height());
+            });
+        measured << WordFlow::Piece{size, hasSpace};
+        hasSpace = !opens(piece);
+    }
+    return measured;
+}
+
+QSize KeySentence::sizeHint() const
+{
+    const WordFlow flow = this->flow();
+    const QSizeF size = flow.size(flow.lines(measured(), Board::length(widest)));
+    return QSize(int(std::ceil(size.width())) + 1, int(std::ceil(size.height())));
+}
+
+QSize KeySentence::minimumSizeHint() const
+{
+    double width = 0;
+    for (const WordFlow::Piece &piece : measured())
+        width = std::max(width, piece.size.width());
+    return QSize(int(std::ceil(width)), int(std::ceil(QFontMetricsF(font()).height())));
+}
+
+int KeySentence::heightForWidth(int width) const
+{
+    const WordFlow flow = this->flow();
+    return int(std::ceil(flow.size(flow.lines(measured(), width)).height()));
+}
+
+void KeySentence::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setFont(font());
+    painter.setLayoutDirection(m_direction);
+    const QList<QRectF> rects = flow().rects(measured(), width(), layoutDirection(), m_direction);
+    for (qsizetype i = 0; i < rects.size(); ++i)
+        paint(painter, m_pieces[i], rects[i].toAlignedRect());
+}
+
+void KeySentence::paint(QPainter &painter, const Piece &piece, const QRectF &rect) const
+{
+    const Board::Palette &palette = BoardStyle::shared().colors();
+    const QFontMetricsF metrics(font());
+    const double baseline =
+        std::round(rect.center().y() + (metrics.ascent() - metrics.descent()) / 2);
+    painter.setPen(palette.*m_tone);
+    match(
+        piece,
+        [&](const Word &word) { painter.drawText(QPointF(rect.left(), baseline), word.text); },
+        [&](const Keys &keys) {
+            const KeyCaps caps = capsOf(keys);
+            painter.drawText(QPointF(rect.left() + caps.size().width(), baseline), keys.trailing);
+            painter.save();
+            caps.paint(painter, rect.topLeft(), palette, KeyCaps::Form::plain);
+            painter.restore();
+        });
+}
+
+} // namespace corvane

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "BoardText.h"
+#include "WordFlow.h"
+
+#include <variant>
+
+namespace corvane {
+
+/// A text that shows keys as caps where they stand between "[[" and "]]".
+class KeySentence final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    struct Word {
+        QString text;
+        bool operator==(const Word &) const = default;
+    };
+    struct Keys {
+        QString text; ///< glyphs
+        QString trailing = {}; ///< what follows the caps without a space
+        bool operator==(const Keys &) const = default;
+    };
+    using Piece = std::variant<Word, Keys>;
+
+    explicit KeySentence(const QString &text, Board::Type type = Board::Type::body,
+        BoardText::Tone tone = &Board::Palette::fore, QWidget *parent = nullptr);
+
+    /// A "[[" without its "]]" begins words like any other.
+    [[nodiscard]] static QList<Piece> parse(const QString &text);
+    /// The text as assistive technology reads it.
+    [[nodiscard]] static QString spoken(const QString &text);
+
+    void setSentence(const QString &text);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    [[nodiscard]] WordFlow flow() const;
+    [[nodiscard]] QList<WordFlow::Piece> measured() const;
+    void paint(QPainter &painter, const Piece &piece, const QRectF &rect) const;
+
+    QList<Piece> m_pieces;
+    Qt::LayoutDirection m_direction = Qt::LeftToRight; ///< of the text
+    BoardText::Tone m_tone;
+};
+
+} // namespace corvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtWidgets/QAbstractScrollArea>
+
+namespace corvane {
+
+/// Whether content goes on beyond the top and the bottom of a scroll view.
+struct ScrollEdges {
+    bool above = false;
+    bool below = false;
+
+    bool operator==(const ScrollEdges &) const = default;
+};
+
+/// Shows, over a scroll view, at which edges its content goes on.
+class ScrollFade final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Follows the view, and is deleted with it.
+    explicit ScrollFade(QAbstractScrollArea &view);
+
+    [[nodiscard]] ScrollEdges edges() const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    void follow();
+
+    QAbstractScrollArea &m_view;
+};
+
+} // namespace corvane
