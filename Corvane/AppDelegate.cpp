@@ -1,7 +1,6 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
-#include "DataFolder.h"
 #include "FlightRecorder.h"
 #include "Identity.h"
 #include "KeyCaps.h"
@@ -51,6 +50,7 @@ AppDelegate::AppDelegate(Log log)
     , m_competitors(m_model)
     , m_loginItem(m_model)
     , m_menus(m_model, menuTarget())
+    , m_windows(m_model, menuTarget())
 {
     m_shortcuts.onPlacement = [this](Placement placement) { perform(placement); };
     m_shortcuts.onLayout = [this](const QUuid &id) {
@@ -243,12 +243,9 @@ void AppDelegate::show(const ScreenFlags &flags)
     std::fputs(qUtf8Printable(result.error), stderr);
     if (result.error.isEmpty())
         return;
-    // A terminal is not always there, and no window is yet.
-    const QString settings = abbreviatedPath(dataFolder() + u"/settings.json"_s);
+    // A terminal is not always there.
     notify(NotificationKind::window, tr("This window comes in a later version"),
-        tr("Until then, settings are changed in %1, which takes effect at once; placements and "
-           "layouts are in the menu.")
-            .arg(settings));
+        tr("Until then, placements and layouts are in the menu."));
 }
 
 void AppDelegate::show(SettingsPane pane)

@@ -8,6 +8,7 @@
 #include "ShortcutRegistrar.h"
 #include "StatusMenus.h"
 #include "TrustWatch.h"
+#include "WindowOpener.h"
 
 #include <QtCore/QTimer>
 
@@ -65,6 +66,7 @@ private:
     LoginItemSwitch m_loginItem;
     DockPresence m_dock;
     StatusMenus m_menus;
+    WindowOpener m_windows;
     QList<AppModel::Notice> m_toldNotices;
     QTimer m_pruning;
 };

@@ -7,7 +7,7 @@ namespace corvane {
 
 /// Translates what the user reads, for as long as the object lives. The texts in the code speak of the
 /// Mac. On Linux a catalogue of that desktop's words stands above them, and above both a catalogue of
-/// the user's language, where there is one.
+/// the user's language, where there is one; Qt's own texts then come in that language, too.
 class Catalogues final
 {
 public:
@@ -18,6 +18,7 @@ public:
 
 private:
     QTranslator m_desktop;
+    QTranslator m_qt;
     QTranslator m_language;
 };
 

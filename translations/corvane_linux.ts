@@ -266,6 +266,39 @@
         <source>Down</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Space</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key 114</source>
+        <extracomment>Insert</extracomment>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>key 115</source>
+        <extracomment>Home</extracomment>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>key 116</source>
+        <extracomment>Page Up</extracomment>
+        <translation>Page Up</translation>
+    </message>
+    <message>
+        <source>key 119</source>
+        <extracomment>End</extracomment>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>key 121</source>
+        <extracomment>Page Down</extracomment>
+        <translation>Page Down</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LayoutHistory</name>
@@ -625,6 +658,29 @@
     </message>
 </context>
 <context>
+    <name>SettingsPane</name>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tremor Log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Shortcuts</name>
     <message>
         <source>; refused by macOS or another app: </source>
@@ -704,6 +760,89 @@
     </message>
 </context>
 <context>
+    <name>corvane::AboutPane</name>
+    <message>
+        <source>Checking</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is yours to install.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WINDOWS WHERE YOU WANT THEM</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Website</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your Data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What Leaves This Mac</source>
+        <translation>What Leaves This Computer</translation>
+    </message>
+    <message>
+        <source>No telemetry, no analytics, no account.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Files</translation>
+    </message>
+    <message>
+        <source>Everything else stays on this Mac, as readable files.</source>
+        <translation>Everything else stays on this computer, as readable files.</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Running v%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for updates automatically</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Once a day. The menu says when there is one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not checked yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> · checked %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>corvane::AppDelegate</name>
     <message>
         <source>Layout</source>
@@ -746,7 +885,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Until then, settings are changed in %1, which takes effect at once; placements and layouts are in the menu.</source>
+        <source>Until then, placements and layouts are in the menu.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -793,6 +932,125 @@
     </message>
 </context>
 <context>
+    <name>corvane::GeneralPane</name>
+    <message>
+        <source>%1 pt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Window Manager</translation>
+    </message>
+    <message>
+        <source>Accessibility access granted</source>
+        <translation>Windows can be moved</translation>
+    </message>
+    <message>
+        <source>Every shortcut and layout is live.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Accessibility Settings</source>
+        <translation>Show Why</translation>
+    </message>
+    <message>
+        <source>Corvane needs Accessibility access to move windows</source>
+        <translation>Corvane needs a window manager that can move windows</translation>
+    </message>
+    <message>
+        <source>This window notices by itself when that changes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Also Running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two programs that move windows by shortcuts get in each other&apos;s way.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tiling</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gap between windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The space Corvane leaves at every shared edge and every screen edge.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repeat a shortcut to cycle sizes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A second press of Left Half goes 1/2 → 2/3 → 1/3 and round again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Larger / Smaller step</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much each axis grows or shrinks per press.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follow your Mac, or stay light or dark whatever it is set to.</source>
+        <translation>Follow your desktop, or stay light or dark whatever it is set to.</translation>
+    </message>
+    <message>
+        <source>Dock and Menu Bar</source>
+        <translation>Task Bar and Panel</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Starts Corvane when you log in, so the shortcuts work from the first window.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Login Items</source>
+        <translation>Open Startup Applications</translation>
+    </message>
+    <message>
+        <source>Show in the Dock and the app switcher</source>
+        <translation>Show in the task bar and the window switcher</translation>
+    </message>
+    <message>
+        <source>Off makes Corvane a menu bar app, out of the Dock and the app switcher ([[⌘⇥]]).</source>
+        <translation>Off keeps Corvane’s windows out of the task bar and the window switcher ([[⌥⇥]]).</translation>
+    </message>
+    <message>
+        <source>Show icon in the menu bar</source>
+        <translation>Show icon in the panel</translation>
+    </message>
+    <message>
+        <source>Shortcuts keep working without it. Opening Corvane from Applications brings this window back.</source>
+        <translation>Shortcuts keep working without it. Starting Corvane again brings this window back.</translation>
+    </message>
+</context>
+<context>
     <name>corvane::LayoutLibrary</name>
     <message>
         <source>Change of the File</source>
@@ -824,6 +1082,17 @@
     </message>
 </context>
 <context>
+    <name>corvane::LayoutsPane</name>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>corvane::LoginItemSwitch</name>
     <message>
         <source>macOS would not add Corvane to Login Items: </source>
@@ -839,6 +1108,17 @@
     </message>
 </context>
 <context>
+    <name>corvane::NoticeStrip</name>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Files</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>corvane::Notices</name>
     <message>
         <source>Corvane could not write to %1: %2 Windows are moved all the same.</source>
@@ -846,6 +1126,80 @@
     </message>
     <message>
         <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PaneHead</name>
+    <message>
+        <source>Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SettingsRail</name>
+    <message>
+        <source>Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SettingsWindow</name>
+    <message>
+        <source>Corvane Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ShortcutRecorder</name>
+    <message>
+        <source>%1 shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear this shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ADD [[⌃]] OR [[⌘]]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PRESS KEYS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program holds these keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ShortcutsPane</name>
+    <message numerus="yes">
+        <source>%n placements</source>
+        <translation>
+            <numerusform>%n placement</numerusform>
+            <numerusform>%n placements</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Press the new keys. [[⌫]] clears the row, [[⎋]] cancels.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -916,6 +1270,115 @@
     </message>
     <message>
         <source>Quit Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::StealSheet</name>
+    <message>
+        <source>Shortcut in Use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SHORTCUT IN USE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[[%1]] is currently assigned to %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move it to %1? %2 will be left with no shortcut.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move It</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::TremorLogModel</name>
+    <message>
+        <source>REFUSED</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>h:mm AP</source>
+        <extracomment>The time of a move.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ddd MMM d</source>
+        <extracomment>The date above a day&apos;s moves: weekday, month and day.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n move(s)</source>
+        <translation>
+            <numerusform>%n move</numerusform>
+            <numerusform>%n moves</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n refused</source>
+        <translation>
+            <numerusform>%n refused</numerusform>
+            <numerusform>%n refused</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>from %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::TremorLogPane</name>
+    <message>
+        <source>Every window Corvane moves, and every one an app would not let it move, is written here for thirty days.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter by app or title</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Files</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing matches</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press [[%1]] to move a window to the left half.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No tremors yet</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -63,8 +63,6 @@ bool asksForUpdateSheet(const ScreenFlags &flags)
 QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
 {
     QStringList windows;
-    if (settingsPane(flags))
-        windows << u"settings window"_s;
     if (flags.previewLayoutEdit)
         windows << u"layout editor"_s;
     if (flags.showTour || flags.tourPage)

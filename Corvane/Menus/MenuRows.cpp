@@ -44,9 +44,14 @@ QAction *MenuRows::add(
 QMenu *MenuRows::addSubmenu(QMenu &menu, const MenuRow &row)
 {
     QMenu *submenu = makeMenu(&menu);
-    fill(*submenu->menuAction(), row);
-    menu.addMenu(submenu);
+    addSubmenu(menu, *submenu, row);
     return submenu;
+}
+
+void MenuRows::addSubmenu(QMenu &menu, QMenu &submenu, const MenuRow &row)
+{
+    fill(*submenu.menuAction(), row);
+    menu.addMenu(&submenu);
 }
 
 QAction *MenuRows::addHeader(QMenu &menu, std::function<void()> perform)

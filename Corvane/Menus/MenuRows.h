@@ -33,6 +33,8 @@ public:
     QAction *add(
         QMenu &menu, const MenuRow &row, std::function<void()> perform, QAction *before = nullptr);
     QMenu *addSubmenu(QMenu &menu, const MenuRow &row);
+    /// One of these rows' menus, which stays its owner's.
+    void addSubmenu(QMenu &menu, QMenu &submenu, const MenuRow &row);
     /// The row of the header, which `setHeader` fills.
     QAction *addHeader(QMenu &menu, std::function<void()> perform);
     void setHeader(QAction &action, const MenuHeader &header);

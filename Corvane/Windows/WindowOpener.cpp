@@ -1,0 +1,81 @@
+#include "WindowOpener.h"
+
+#include "BoardStyle.h"
+#include "Platform.h"
+#include "SettingsWindow.h"
+
+#include <QtGui/QWindow>
+
+namespace corvane {
+
+namespace {
+
+/// Acts once, when a window is to be seen for the first time.
+class WhenExposed final : public QObject
+{
+public:
+    WhenExposed(QWindow &window, std::function<void()> act)
+        : QObject(&window), m_act(std::move(act))
+    {
+        window.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Expose && static_cast<QWindow *>(watched)->isExposed()) {
+            m_act();
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> m_act;
+};
+
+} // namespace
+
+WindowOpener::WindowOpener(AppModel &model, MenuTarget target)
+    : m_model(model), m_target(std::move(target))
+{
+    connect(&model, &AppModel::pendingPaneChanged, this, [this] {
+        if (!m_model.pendingPane.value().isEmpty())
+            openSettings();
+    });
+    connect(&model, &AppModel::lookChanged, this, [this] {
+        if (m_settings)
+            BoardStyle::shared().setLook(m_model.look);
+    });
+}
+
+WindowOpener::~WindowOpener()
+{
+    delete m_settings;
+}
+
+void WindowOpener::openSettings()
+{
+    m_model.refreshTrust();
+    const bool isNew = !m_settings;
+    if (isNew) {
+        m_model.refreshCompetitors();
+        m_model.refreshActivity();
+        BoardStyle::shared().setLook(m_model.look);
+        m_settings = new SettingsWindow(m_model, m_target);
+        m_settings->setVisible(true);
+    }
+    m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
+    const QString token = m_model.pendingActivation;
+    m_model.pendingActivation = QString();
+    const auto bringForward = [number = quint64(m_settings->winId()), token] {
+        Platform::current().ownWindows().bringForward(number, token);
+    };
+    // Before it is there, the window manager does not know it; on another workspace it stays unexposed.
+    if (isNew)
+        new WhenExposed(*m_settings->windowHandle(), bringForward);
+    else
+        bringForward();
+}
+
+} // namespace corvane

@@ -1,0 +1,1445 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Accessibility</name>
+    <message>
+        <source>Device Control and Data Access</source>
+        <translation>Gerätesteuerung und Datenzugriff</translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Fenster bewegen</translation>
+    </message>
+</context>
+<context>
+    <name>ActivityEntry</name>
+    <message>
+        <source>An app</source>
+        <translation>Eine Anwendung</translation>
+    </message>
+    <message>
+        <source>is in full screen</source>
+        <translation>ist im Vollbild</translation>
+    </message>
+    <message>
+        <source>did not answer (it may be busy)</source>
+        <translation>antwortete nicht (vielleicht beschäftigt)</translation>
+    </message>
+    <message>
+        <source>would not let its window move</source>
+        <translation>verweigerte die Bewegung</translation>
+    </message>
+</context>
+<context>
+    <name>AppStatus</name>
+    <message>
+        <source>Waiting on Accessibility</source>
+        <translation>Wartet auf eine Fensterverwaltung</translation>
+    </message>
+    <message>
+        <source>A shortcut is not working</source>
+        <translation>Ein Tastenkürzel funktioniert nicht</translation>
+    </message>
+    <message>
+        <source>%1 is also running</source>
+        <translation>%1 läuft ebenfalls</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+</context>
+<context>
+    <name>Appearance</name>
+    <message>
+        <source>Match Mac</source>
+        <translation>Wie System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayKey</name>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name, size</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>FileError</name>
+    <message>
+        <source>Permission was denied.</source>
+        <translation>Der Zugriff wurde verweigert.</translation>
+    </message>
+    <message>
+        <source>The disk quota is used up.</source>
+        <translation>Das Speicherkontingent ist aufgebraucht.</translation>
+    </message>
+    <message>
+        <source>The file would become too large.</source>
+        <translation>Die Datei würde zu groß.</translation>
+    </message>
+    <message>
+        <source>The disk reported an error.</source>
+        <translation>Der Datenträger hat einen Fehler gemeldet.</translation>
+    </message>
+    <message>
+        <source>There is a folder in its place.</source>
+        <translation>An der Stelle der Datei liegt ein Ordner.</translation>
+    </message>
+    <message>
+        <source>It is a link that leads nowhere.</source>
+        <translation>Es ist eine Verknüpfung, die ins Leere führt.</translation>
+    </message>
+    <message>
+        <source>It does not exist.</source>
+        <translation>Datei oder Ordner existiert nicht.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>Its folder is not a folder.</source>
+        <translation>Der übergeordnete Ordner ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>It is not a regular file.</source>
+        <translation>Es ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The disk is read-only.</source>
+        <translation>Der Datenträger ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>Another process is writing it.</source>
+        <translation>Ein anderer Prozess schreibt gerade in die Datei.</translation>
+    </message>
+    <message>
+        <source>It is larger than %1 MiB.</source>
+        <translation>Die Datei ist größer als %1&#xa0;MiB.</translation>
+    </message>
+</context>
+<context>
+    <name>Keys</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Steuerung</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Caps Lock</source>
+        <translation>Feststelltaste</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Escape</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Left Arrow</source>
+        <translation>Pfeil nach links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Right Arrow</source>
+        <translation>Pfeil nach rechts</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Hoch</translation>
+    </message>
+    <message>
+        <source>Up Arrow</source>
+        <translation>Pfeil nach oben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Runter</translation>
+    </message>
+    <message>
+        <source>Down Arrow</source>
+        <translation>Pfeil nach unten</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>Komma</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>Slash</source>
+        <translation>Schrägstrich</translation>
+    </message>
+    <message>
+        <source>Backslash</source>
+        <translation>Backslash</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Semikolon</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>Apostroph</translation>
+    </message>
+    <message>
+        <source>Backquote</source>
+        <translation>Gravis</translation>
+    </message>
+    <message>
+        <source>Left Bracket</source>
+        <translation>Eckige Klammer auf</translation>
+    </message>
+    <message>
+        <source>Right Bracket</source>
+        <translation>Eckige Klammer zu</translation>
+    </message>
+    <message>
+        <source>Minus</source>
+        <translation>Minus</translation>
+    </message>
+    <message>
+        <source>Equals</source>
+        <translation>Gleich</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>key 114</source>
+        <extracomment>Insert</extracomment>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>key 115</source>
+        <extracomment>Home</extracomment>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>key 116</source>
+        <extracomment>Page Up</extracomment>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>key 119</source>
+        <extracomment>End</extracomment>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>key 121</source>
+        <extracomment>Page Down</extracomment>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
+    </message>
+</context>
+<context>
+    <name>LayoutHistory</name>
+    <message>
+        <source>Revert %1</source>
+        <translation>%1 zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>LayoutReport</name>
+    <message>
+        <source>Captured %1 on %2 as “%3”.</source>
+        <translation>%1 auf %2 als „%3“ erfasst.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n window(s)</source>
+        <translation>
+            <numerusform>%n Fenster</numerusform>
+            <numerusform>%n Fenster</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n display(s)</source>
+        <translation>
+            <numerusform>%n Bildschirm</numerusform>
+            <numerusform>%n Bildschirmen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>About Corvane</source>
+        <translation>Info zu Corvane</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Hide Corvane</source>
+        <translation>Corvane ausblenden</translation>
+    </message>
+    <message>
+        <source>Hide Others</source>
+        <translation>Andere ausblenden</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alle anzeigen</translation>
+    </message>
+    <message>
+        <source>Quit Corvane</source>
+        <translation>Corvane beenden</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Placements</source>
+        <translation>Platzierungen</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Anordnungen</translation>
+    </message>
+</context>
+<context>
+    <name>Menu</name>
+    <message>
+        <source>made for displays that are not connected</source>
+        <translation>für Bildschirme, die nicht angeschlossen sind</translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation>Aktuelle Fenster erfassen</translation>
+    </message>
+</context>
+<context>
+    <name>MenuHeader</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>MenuRow</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>MoveOutcome</name>
+    <message>
+        <source>%1 is in full screen.</source>
+        <translation>%1 ist im Vollbild.</translation>
+    </message>
+    <message>
+        <source>The window manager tiles this window.</source>
+        <translation>Die Fensterverwaltung kachelt dieses Fenster.</translation>
+    </message>
+    <message>
+        <source>The window manager kept this window where it is.</source>
+        <translation>Die Fensterverwaltung hat dieses Fenster an seinem Platz gelassen.</translation>
+    </message>
+    <message>
+        <source>The window manager did not answer.</source>
+        <translation>Die Fensterverwaltung hat nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>%1 did not answer. It may be busy.</source>
+        <translation>%1 hat nicht geantwortet und ist vielleicht beschäftigt.</translation>
+    </message>
+    <message>
+        <source>%1 would not let its window move.</source>
+        <translation>%1 hat die Bewegung des Fensters verweigert.</translation>
+    </message>
+    <message>
+        <source>%1 has no window in front that could be moved.</source>
+        <translation>%1 hat im Vordergrund kein Fenster, das sich bewegen lässt.</translation>
+    </message>
+    <message>
+        <source>There is no window in front that could be moved.</source>
+        <translation>Im Vordergrund ist kein Fenster, das sich bewegen lässt.</translation>
+    </message>
+    <message>
+        <source>Windows cannot be moved now.</source>
+        <translation>Fenster lassen sich gerade nicht bewegen.</translation>
+    </message>
+    <message>
+        <source>Corvane has made no move of this window that it could take back.</source>
+        <translation>Es gibt keine Bewegung dieses Fensters, die Corvane zurücknehmen könnte.</translation>
+    </message>
+    <message>
+        <source>Corvane did not see this window open, so it does not know where it was then.</source>
+        <translation>Corvane hat dieses Fenster nicht aufgehen sehen und kennt seine ursprüngliche Lage nicht.</translation>
+    </message>
+    <message>
+        <source>There is only one display to be on.</source>
+        <translation>Es gibt nur einen Bildschirm.</translation>
+    </message>
+</context>
+<context>
+    <name>PaneResult</name>
+    <message>
+        <source>accessibility not granted</source>
+        <translation>Fenster lassen sich gerade nicht bewegen</translation>
+    </message>
+    <message>
+        <source>had no window yet when the next layout was applied</source>
+        <translation>hatte noch kein Fenster, als die nächste Anordnung angewendet wurde</translation>
+    </message>
+    <message>
+        <source>its display is not connected</source>
+        <translation>der Bildschirm ist nicht angeschlossen</translation>
+    </message>
+    <message>
+        <source>is not installed on this Mac</source>
+        <translation>ist auf diesem Rechner nicht installiert</translation>
+    </message>
+    <message>
+        <source>is not running (opening it is off for this pane)</source>
+        <translation>läuft nicht (für dieses Feld ist das Öffnen ausgeschaltet)</translation>
+    </message>
+    <message>
+        <source>was opened, and its window is not the one named</source>
+        <translation>wurde geöffnet, zeigt aber nicht das genannte Fenster</translation>
+    </message>
+    <message>
+        <source>was opened, and still had no window after 20 seconds</source>
+        <translation>wurde geöffnet und hatte nach 20&#xa0;Sekunden noch kein Fenster</translation>
+    </message>
+    <message>
+        <source>is running but has no window to place</source>
+        <translation>läuft, hat aber kein Fenster, das sich platzieren lässt</translation>
+    </message>
+</context>
+<context>
+    <name>Placement</name>
+    <message>
+        <source>Left Half</source>
+        <translation>Linke Hälfte</translation>
+    </message>
+    <message>
+        <source>Right Half</source>
+        <translation>Rechte Hälfte</translation>
+    </message>
+    <message>
+        <source>Top Half</source>
+        <translation>Obere Hälfte</translation>
+    </message>
+    <message>
+        <source>Bottom Half</source>
+        <translation>Untere Hälfte</translation>
+    </message>
+    <message>
+        <source>Top Left Quarter</source>
+        <translation>Viertel oben links</translation>
+    </message>
+    <message>
+        <source>Top Right Quarter</source>
+        <translation>Viertel oben rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Left Quarter</source>
+        <translation>Viertel unten links</translation>
+    </message>
+    <message>
+        <source>Bottom Right Quarter</source>
+        <translation>Viertel unten rechts</translation>
+    </message>
+    <message>
+        <source>Left Third</source>
+        <translation>Linkes Drittel</translation>
+    </message>
+    <message>
+        <source>Center Third</source>
+        <translation>Mittleres Drittel</translation>
+    </message>
+    <message>
+        <source>Right Third</source>
+        <translation>Rechtes Drittel</translation>
+    </message>
+    <message>
+        <source>Left Two Thirds</source>
+        <translation>Linke zwei Drittel</translation>
+    </message>
+    <message>
+        <source>Right Two Thirds</source>
+        <translation>Rechte zwei Drittel</translation>
+    </message>
+    <message>
+        <source>Top Left Sixth</source>
+        <translation>Sechstel oben links</translation>
+    </message>
+    <message>
+        <source>Top Center Sixth</source>
+        <translation>Sechstel oben Mitte</translation>
+    </message>
+    <message>
+        <source>Top Right Sixth</source>
+        <translation>Sechstel oben rechts</translation>
+    </message>
+    <message>
+        <source>Bottom Left Sixth</source>
+        <translation>Sechstel unten links</translation>
+    </message>
+    <message>
+        <source>Bottom Center Sixth</source>
+        <translation>Sechstel unten Mitte</translation>
+    </message>
+    <message>
+        <source>Bottom Right Sixth</source>
+        <translation>Sechstel unten rechts</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Maximieren</translation>
+    </message>
+    <message>
+        <source>Almost Maximize</source>
+        <translation>Fast maximieren</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Zentrieren</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Größer</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Kleiner</translation>
+    </message>
+    <message>
+        <source>Next Display</source>
+        <translation>Nächster Bildschirm</translation>
+    </message>
+    <message>
+        <source>Previous Display</source>
+        <translation>Vorheriger Bildschirm</translation>
+    </message>
+    <message>
+        <source>Snap Back</source>
+        <translation>Zurückschnappen</translation>
+    </message>
+    <message>
+        <source>Original Orientation</source>
+        <translation>Ursprüngliche Lage</translation>
+    </message>
+    <message>
+        <source>Halves</source>
+        <translation>Hälften</translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation>Viertel</translation>
+    </message>
+    <message>
+        <source>Thirds</source>
+        <translation>Drittel</translation>
+    </message>
+    <message>
+        <source>Sixths</source>
+        <translation>Sechstel</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Displays</source>
+        <translation>Bildschirmwechsel</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsPane</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Anordnungen</translation>
+    </message>
+    <message>
+        <source>Tremor Log</source>
+        <translation>Bebenprotokoll</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+</context>
+<context>
+    <name>Shortcuts</name>
+    <message>
+        <source>; refused by macOS or another app: </source>
+        <translation>; von Arbeitsumgebung oder anderer Anwendung abgelehnt: </translation>
+    </message>
+    <message>
+        <source>%1 (%2) is held by another program.</source>
+        <translation>%1 (%2) ist von einem anderen Programm belegt.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) needs a key that this keyboard lacks.</source>
+        <translation>%1 (%2) braucht eine Taste, die dieser Tastatur fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) does not work: nothing answered when it was asked for.</source>
+        <translation>%1 (%2) funktioniert nicht: Auf die Anforderung kam keine Antwort.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusIcon</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>Corvane, needs attention</source>
+        <translation>Corvane braucht Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>The status icon could not be written to %1: %2.</source>
+        <translation>Das Statussymbol konnte nicht in %1 geschrieben werden: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>StoreProblem</name>
+    <message>
+        <source>Corvane could not read some of your layouts in %1, so those it had stay.</source>
+        <translation>Corvane konnte einige Anordnungen in %1 nicht lesen, daher bleiben die bisherigen.</translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your settings in %1, so those in force stay.</source>
+        <translation>Corvane konnte einige Einstellungen in %1 nicht lesen, daher bleiben die geltenden.</translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your layouts in %1, so it used defaults for them.</source>
+        <translation>Corvane konnte einige Anordnungen in %1 nicht lesen, daher gelten für sie die Vorgaben.</translation>
+    </message>
+    <message>
+        <source>Corvane could not read some of your settings in %1, so it used defaults for them.</source>
+        <translation>Corvane konnte einige Einstellungen in %1 nicht lesen, daher gelten für sie die Vorgaben.</translation>
+    </message>
+    <message>
+        <source>The old file is kept in %1 as %2.</source>
+        <translation>Die alte Datei liegt in %1 als %2.</translation>
+    </message>
+</context>
+<context>
+    <name>StoredJson</name>
+    <message>
+        <source>It is not JSON from its byte %1 on: %2.</source>
+        <translation>Ab Byte %1 ist der Inhalt kein JSON: %2.</translation>
+    </message>
+    <message>
+        <source>Its brackets are not those of what it should hold.</source>
+        <translation>Die Klammern passen nicht zum erwarteten Inhalt.</translation>
+    </message>
+    <message>
+        <source>Values in it that cannot be used: %1.</source>
+        <translation>Unbrauchbare Werte darin: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>WindowLayout</name>
+    <message>
+        <source>No displays</source>
+        <translation>Keine Bildschirme</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AboutPane</name>
+    <message>
+        <source>Checking</source>
+        <translation>Wird geprüft</translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation>Der Aktualisierungsserver ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>%1 is yours to install.</source>
+        <translation>%1 kann installiert werden.</translation>
+    </message>
+    <message>
+        <source>WINDOWS WHERE YOU WANT THEM</source>
+        <translation>JEDES FENSTER AN SEINEM PLATZ</translation>
+    </message>
+    <message>
+        <source>Corvane Website</source>
+        <translation>Corvane-Website</translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation>Corvane-Tour</translation>
+    </message>
+    <message>
+        <source>Your Data</source>
+        <translation>Ihre Daten</translation>
+    </message>
+    <message>
+        <source>What Leaves This Mac</source>
+        <translation>Was diesen Rechner verlässt</translation>
+    </message>
+    <message>
+        <source>No telemetry, no analytics, no account.</source>
+        <translation>Keine Telemetrie, keine Auswertung, kein Konto.</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>In Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>Everything else stays on this Mac, as readable files.</source>
+        <translation>Alles andere bleibt auf diesem Rechner, in lesbaren Dateien.</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Running v%1</source>
+        <translation>Installiert: v%1</translation>
+    </message>
+    <message>
+        <source>Check Now</source>
+        <translation>Jetzt prüfen</translation>
+    </message>
+    <message>
+        <source>Install…</source>
+        <translation>Installieren&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Check for updates automatically</source>
+        <translation>Automatisch nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>Once a day. The menu says when there is one.</source>
+        <translation>Einmal am Tag. Das Menü meldet, wenn es eine gibt.</translation>
+    </message>
+    <message>
+        <source>Not checked yet</source>
+        <translation>Noch nicht geprüft</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date.</source>
+        <translation>Alles ist aktuell.</translation>
+    </message>
+    <message>
+        <source> · checked %1</source>
+        <translation> · geprüft: %1</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppDelegate</name>
+    <message>
+        <source>No program opened the link</source>
+        <translation>Kein Programm hat den Link geöffnet</translation>
+    </message>
+    <message>
+        <source>“%1” was not applied</source>
+        <translation>„%1“ wurde nicht angewendet</translation>
+    </message>
+    <message>
+        <source>There is no layout of this name any more.</source>
+        <translation>Es gibt keine Anordnung dieses Namens mehr.</translation>
+    </message>
+    <message>
+        <source>Nothing was captured</source>
+        <translation>Nichts erfasst</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>Anordnung</translation>
+    </message>
+    <message>
+        <source>Windows captured</source>
+        <translation>Fenster erfasst</translation>
+    </message>
+    <message>
+        <source>They come back from Corvane&apos;s menu, under Layouts.</source>
+        <translation>Das Menü von Corvane stellt sie unter „Anordnungen“ wieder her.</translation>
+    </message>
+    <message>
+        <source>“%1” is not complete</source>
+        <translation>„%1“ ist nicht vollständig</translation>
+    </message>
+    <message>
+        <source>This window comes in a later version</source>
+        <translation>Dieses Fenster kommt in einer späteren Version</translation>
+    </message>
+    <message>
+        <source>Until then, placements and layouts are in the menu.</source>
+        <translation>Bis dahin stehen Platzierungen und Anordnungen im Menü.</translation>
+    </message>
+    <message>
+        <source>Corvane, needs attention</source>
+        <translation>Corvane braucht Aufmerksamkeit</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppModel</name>
+    <message>
+        <source>the “%1” layout</source>
+        <translation>Anordnung „%1“</translation>
+    </message>
+    <message>
+        <source>untitled</source>
+        <translation>unbenannt</translation>
+    </message>
+    <message>
+        <source>Change Shortcut</source>
+        <translation>Tastenkürzel ändern</translation>
+    </message>
+    <message>
+        <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation>%1 ist schon belegt (%2). %3 hat daher kein Tastenkürzel mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::CompetitorWatch</name>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source>%1 is also running</source>
+        <translation>%1 läuft ebenfalls</translation>
+    </message>
+    <message>
+        <source>%1 are also running</source>
+        <translation>%1 laufen ebenfalls</translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit it from Corvane&apos;s menu.</source>
+        <translation>Zwei Programme, die auf dieselben Tasten hören, streiten sich um ein Fenster. Das andere lässt sich im Menü von Corvane beenden.</translation>
+    </message>
+    <message>
+        <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
+        <translation>Zwei Programme, die auf dieselben Tasten hören, streiten sich um ein Fenster. %1 lassen sich im Menü von Corvane beenden.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::GeneralPane</name>
+    <message>
+        <source>%1 pt</source>
+        <translation>%1&#xa0;pt</translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Fensterverwaltung</translation>
+    </message>
+    <message>
+        <source>Accessibility access granted</source>
+        <translation>Fenster lassen sich bewegen</translation>
+    </message>
+    <message>
+        <source>Every shortcut and layout is live.</source>
+        <translation>Alle Tastenkürzel und Anordnungen sind aktiv.</translation>
+    </message>
+    <message>
+        <source>Open Accessibility Settings</source>
+        <translation>Grund anzeigen</translation>
+    </message>
+    <message>
+        <source>Corvane needs Accessibility access to move windows</source>
+        <translation>Corvane braucht eine Fensterverwaltung, die Fenster bewegen kann</translation>
+    </message>
+    <message>
+        <source>This window notices by itself when that changes.</source>
+        <translation>Ändert sich das, merkt es dieses Fenster von selbst.</translation>
+    </message>
+    <message>
+        <source>Also Running</source>
+        <translation>Läuft ebenfalls</translation>
+    </message>
+    <message>
+        <source>Quit %1</source>
+        <translation>%1 beenden</translation>
+    </message>
+    <message>
+        <source>%1 is running</source>
+        <translation>%1 läuft</translation>
+    </message>
+    <message>
+        <source>Two programs that move windows by shortcuts get in each other&apos;s way.</source>
+        <translation>Zwei Programme, die Fenster per Tastenkürzel bewegen, kommen sich in die Quere.</translation>
+    </message>
+    <message>
+        <source>Tiling</source>
+        <translation>Kacheln</translation>
+    </message>
+    <message>
+        <source>Gap between windows</source>
+        <translation>Abstand zwischen Fenstern</translation>
+    </message>
+    <message>
+        <source>The space Corvane leaves at every shared edge and every screen edge.</source>
+        <translation>Der Platz, den Corvane an gemeinsamen Kanten und Bildschirmrändern frei lässt.</translation>
+    </message>
+    <message>
+        <source>Repeat a shortcut to cycle sizes</source>
+        <translation>Wiederholtes Drücken wechselt die Größe</translation>
+    </message>
+    <message>
+        <source>A second press of Left Half goes 1/2 → 2/3 → 1/3 and round again.</source>
+        <translation>„Linke Hälfte“ noch einmal gedrückt: 1/2 → 2/3 → 1/3 und wieder von vorn.</translation>
+    </message>
+    <message>
+        <source>Larger / Smaller step</source>
+        <translation>Schritt für Größer / Kleiner</translation>
+    </message>
+    <message>
+        <source>How much each axis grows or shrinks per press.</source>
+        <translation>So viel ändern sich Breite und Höhe pro Tastendruck.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Erscheinungsbild</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Follow your Mac, or stay light or dark whatever it is set to.</source>
+        <translation>Der Arbeitsumgebung folgen oder immer hell oder dunkel bleiben.</translation>
+    </message>
+    <message>
+        <source>Dock and Menu Bar</source>
+        <translation>Taskleiste und Infobereich</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Starts Corvane when you log in, so the shortcuts work from the first window.</source>
+        <translation>Startet Corvane bei der Anmeldung, damit Tastenkürzel ab dem ersten Fenster wirken.</translation>
+    </message>
+    <message>
+        <source>Open Login Items</source>
+        <translation>Autostart öffnen</translation>
+    </message>
+    <message>
+        <source>Show in the Dock and the app switcher</source>
+        <translation>In Taskleiste und Fensterwechsler anzeigen</translation>
+    </message>
+    <message>
+        <source>Off makes Corvane a menu bar app, out of the Dock and the app switcher ([[⌘⇥]]).</source>
+        <translation>Ausgeschaltet erscheint Corvane weder in der Taskleiste noch im Fensterwechsler ([[⌥⇥]]).</translation>
+    </message>
+    <message>
+        <source>Show icon in the menu bar</source>
+        <translation>Symbol im Infobereich anzeigen</translation>
+    </message>
+    <message>
+        <source>Shortcuts keep working without it. Opening Corvane from Applications brings this window back.</source>
+        <translation>Tastenkürzel funktionieren auch ohne Symbol. Ein erneuter Start von Corvane bringt dieses Fenster zurück.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutLibrary</name>
+    <message>
+        <source>Change of the File</source>
+        <translation>Änderung der Datei</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>Anordnung</translation>
+    </message>
+    <message>
+        <source>New Layout</source>
+        <translation>Neue Anordnung</translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation>Aktuelle Fenster erfassen</translation>
+    </message>
+    <message>
+        <source>Duplicate Layout</source>
+        <translation>Anordnung duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete Layout</source>
+        <translation>Anordnung löschen</translation>
+    </message>
+    <message>
+        <source>Rename Layout</source>
+        <translation>Anordnung umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutsPane</name>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation>Aktuelle Fenster erfassen</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LoginItemSwitch</name>
+    <message>
+        <source>macOS would not add Corvane to Login Items: </source>
+        <translation>Corvane ließ sich nicht in den Autostart aufnehmen: </translation>
+    </message>
+    <message>
+        <source>macOS would not take Corvane out of Login Items: </source>
+        <translation>Corvane ließ sich nicht aus dem Autostart entfernen: </translation>
+    </message>
+    <message>
+        <source>macOS is waiting for you to allow Corvane in System Settings → General → Login Items.</source>
+        <translation>Die Einstellungen der Arbeitsumgebung verhindern den Start bei der Anmeldung. Bitte dort erlauben.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::NoticeStrip</name>
+    <message>
+        <source>Show in Finder</source>
+        <translation>In Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::Notices</name>
+    <message>
+        <source>Corvane could not write to %1: %2 Windows are moved all the same.</source>
+        <translation>Corvane konnte nicht in %1 schreiben: %2 Fenster werden trotzdem bewegt.</translation>
+    </message>
+    <message>
+        <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation>Corvane konnte nicht in %1 speichern: %2 Änderungen gelten, bis Corvane beendet wird.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PaneHead</name>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SettingsRail</name>
+    <message>
+        <source>Panes</source>
+        <translation>Bereiche</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SettingsWindow</name>
+    <message>
+        <source>Corvane Settings</source>
+        <translation>Corvane-Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ShortcutRecorder</name>
+    <message>
+        <source>%1 shortcut</source>
+        <translation>Tastenkürzel für %1</translation>
+    </message>
+    <message>
+        <source>Clear this shortcut</source>
+        <translation>Dieses Tastenkürzel löschen</translation>
+    </message>
+    <message>
+        <source>ADD [[⌃]] OR [[⌘]]</source>
+        <translation>MIT [[⌃]] ODER [[⌘]]</translation>
+    </message>
+    <message>
+        <source>PRESS KEYS</source>
+        <translation>TASTEN DRÜCKEN</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keines</translation>
+    </message>
+    <message>
+        <source>Another program holds these keys</source>
+        <translation>Ein anderes Programm belegt diese Tasten</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ShortcutsPane</name>
+    <message numerus="yes">
+        <source>%n placements</source>
+        <translation>
+            <numerusform>%n Platzierung</numerusform>
+            <numerusform>%n Platzierungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Press the new keys. [[⌫]] clears the row, [[⎋]] cancels.</source>
+        <translation>Neue Tasten drücken. [[⌫]] leert die Zeile, [[⎋]] bricht ab.</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Vorlage</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::StatusMenu</name>
+    <message>
+        <source>Accessibility Is Off: Open Accessibility Settings</source>
+        <translation>Fenster lassen sich nicht bewegen: Grund anzeigen</translation>
+    </message>
+    <message>
+        <source>A Shortcut Is Not Working: Open Shortcuts</source>
+        <translation>Ein Tastenkürzel funktioniert nicht: Anzeigen</translation>
+    </message>
+    <message>
+        <source>Shortcuts Are Not Working: Open Shortcuts</source>
+        <translation>Tastenkürzel funktionieren nicht: Anzeigen</translation>
+    </message>
+    <message>
+        <source>%1 Is Also Running: Quit It</source>
+        <translation>%1 läuft ebenfalls: Beenden</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Update to Corvane %1</source>
+        <translation>Auf Corvane %1 aktualisieren</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>About Corvane</source>
+        <translation>Info zu Corvane</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Anordnungen</translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation>Corvane-Tour</translation>
+    </message>
+    <message>
+        <source>Tremor Log</source>
+        <translation>Bebenprotokoll</translation>
+    </message>
+    <message>
+        <source>Corvane Website</source>
+        <translation>Corvane-Website</translation>
+    </message>
+    <message>
+        <source>Quit Corvane</source>
+        <translation>Corvane beenden</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::StealSheet</name>
+    <message>
+        <source>Shortcut in Use</source>
+        <translation>Tastenkürzel belegt</translation>
+    </message>
+    <message>
+        <source>SHORTCUT IN USE</source>
+        <translation>TASTENKÜRZEL BELEGT</translation>
+    </message>
+    <message>
+        <source>[[%1]] is currently assigned to %2.</source>
+        <translation>[[%1]] ist schon belegt: %2.</translation>
+    </message>
+    <message>
+        <source>Move it to %1? %2 will be left with no shortcut.</source>
+        <translation>Auf %1 übertragen? %2 hat dann kein Tastenkürzel mehr.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Move It</source>
+        <translation>Übertragen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::TremorLogModel</name>
+    <message>
+        <source>REFUSED</source>
+        <translation>VERWEIGERT</translation>
+    </message>
+    <message>
+        <source>h:mm AP</source>
+        <extracomment>The time of a move.</extracomment>
+        <translation>HH:mm</translation>
+    </message>
+    <message>
+        <source>ddd MMM d</source>
+        <extracomment>The date above a day&apos;s moves: weekday, month and day.</extracomment>
+        <translation>ddd, d. MMM</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n move(s)</source>
+        <translation>
+            <numerusform>%n Bewegung</numerusform>
+            <numerusform>%n Bewegungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n refused</source>
+        <translation>
+            <numerusform>%n verweigert</numerusform>
+            <numerusform>%n verweigert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>from %1 to %2</source>
+        <translation>von %1 nach %2</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::TremorLogPane</name>
+    <message>
+        <source>Every window Corvane moves, and every one an app would not let it move, is written here for thirty days.</source>
+        <translation>Jedes Fenster, das Corvane bewegt, und jedes, dessen Bewegung eine Anwendung verweigert, steht hier dreißig Tage lang.</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Moves</source>
+        <translation>Bewegt</translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation>Verweigert</translation>
+    </message>
+    <message>
+        <source>Filter by app or title</source>
+        <translation>Nach Anwendung oder Titel filtern</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>In Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Nothing matches</source>
+        <translation>Keine Treffer</translation>
+    </message>
+    <message>
+        <source>Press [[%1]] to move a window to the left half.</source>
+        <translation>[[%1]] bewegt ein Fenster in die linke Hälfte.</translation>
+    </message>
+    <message>
+        <source>No tremors yet</source>
+        <translation>Noch kein Beben</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::X11Platform</name>
+    <message>
+        <source>This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts yet; it works in an X11 session.</source>
+        <translation>Dies ist eine Wayland-Sitzung%1: Corvane kann hier noch weder Fenster bewegen noch Tastenkürzel belegen; in einer X11-Sitzung geht es.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::freedesktop::AutostartEntry</name>
+    <message>
+        <source>&quot;%1&quot; cannot be written: %2.</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be removed: %2.</source>
+        <translation>„%1“ kann nicht entfernt werden: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::freedesktop::Launcher</name>
+    <message>
+        <source>&quot;%1&quot; shows no more than one window.</source>
+        <translation>„%1“ zeigt nicht mehr als ein Fenster.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not installed.</source>
+        <translation>„%1“ ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: there is no terminal for it.</source>
+        <translation>„%1“ kann nicht geöffnet werden: Es gibt kein Terminal dafür.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: %2.</source>
+        <translation>„%1“ kann nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry cannot be read.</source>
+        <translation>„%1“ kann nicht geöffnet werden: Der Desktop-Eintrag ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry describes no application.</source>
+        <translation>„%1“ kann nicht geöffnet werden: Der Desktop-Eintrag beschreibt keine Anwendung.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its desktop entry names no program.</source>
+        <translation>„%1“ kann nicht geöffnet werden: Der Desktop-Eintrag nennt kein Programm.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its program is not installed.</source>
+        <translation>„%1“ kann nicht geöffnet werden: Das Programm ist nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::x11::X11WindowAccess</name>
+    <message>
+        <source>No window manager that moves windows for other programs is running.</source>
+        <translation>Es läuft keine Fensterverwaltung, die Fenster im Auftrag anderer Programme bewegt.</translation>
+    </message>
+</context>
+</TS>
