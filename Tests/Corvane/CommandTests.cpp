@@ -88,9 +88,9 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     const WindowLayout layout = model.newEmptyLayout();
     const QString ofLayout = u" --layout "_s + layout.id.toString();
     const std::tuple<QString, QString, const char *, int> requests[]{
-        {u""_s, u"general"_s, "settings window", 0},
-        {u"corvane://settings/about"_s, u"about"_s, "settings window", 0},
-        {u"--select-pane 0 --open-app-picker"_s + ofLayout, u"layouts"_s, "settings window", 0},
+        {u""_s, u"general"_s, "", 0},
+        {u"corvane://settings/about"_s, u"about"_s, "", 0},
+        {u"--select-pane 0 --open-app-picker"_s + ofLayout, u"layouts"_s, "", 0},
         {u"--select-pane 1"_s + ofLayout, {}, "There is no pane 1", 2},
         {u"--layout Nowhere"_s, {}, "Layout", 2},
         {u"--tour-page 2"_s, {}, "tour", 0},

@@ -1,12 +1,14 @@
 #include "Catalogues.h"
 #include "CompetitorWatch.h"
 #include "Instance.h"
+#include "KeyCaps.h"
 #include "LegacyIdentity.h"
 #include "LoginItemSwitch.h"
 #include "ModelDesk.h"
 #include "ShortcutRegistrar.h"
 #include "StatusItem.h"
 #include "TrayServices.h"
+#include "TremorLogModel.h"
 #include "TrustWatch.h"
 #include "UserDefaults.h"
 
@@ -41,6 +43,30 @@ protected:
     ModelDesk desk;
     AppModel model = desk.model();
 };
+
+/// Copies the catalogues, brings them up to date with the texts in the code, and returns their names,
+/// the desktop's first.
+QStringList updatedCatalogues(const StoreFolder &folder)
+{
+    const QDir catalogues(QStringLiteral(CORVANE_SOURCES "/translations"));
+    QStringList names = catalogues.entryList({u"*.ts"_s});
+    names.move(names.indexOf(u"corvane_linux.ts"_s), 0);
+    QStringList copies;
+    for (const QString &name : names) {
+        copies << folder.path(name);
+        QFile::copy(catalogues.filePath(name), copies.last());
+    }
+    EXPECT_EQ(QProcess::execute(QStringLiteral(CORVANE_SOURCES "/scripts/texts"), copies), 0);
+    return names;
+}
+
+QSet<QString> found(const QRegularExpression &pattern, const QString &text)
+{
+    QSet<QString> found;
+    for (const auto &match : pattern.globalMatch(text))
+        found << match.captured();
+    return found;
+}
 
 } // namespace
 
@@ -205,27 +231,52 @@ TEST(StatusItemTests, exportsAMenuWherePanelsDrawThemAndOpensItsOwnBesideTheIcon
         EXPECT_EQ(menuOrigin(anchor, {300, 600}, {1920, 0, 1600, 900}), origin);
 }
 
-TEST(CatalogueTests, everyTextThatNamesAMacThingHasWordsForLinux)
+TEST(CatalogueTests, everyTextIsSaidWithAllThatIsPutIntoItAndWithNoWordOfTheMac)
 {
     const QRegularExpression mac(u"\\bMacs?\\b|macOS|Finder|\\bDock\\b|Login Items|System Settings"
                                  "|[Aa]ccessibility|menu bar|Applications folder|Privacy &"_s);
     const QRegularExpression message(
-        u"<source>(.*?)</source>.*?<translation(| type=\"unfinished\")>(.*?)</translation>"_s,
+        u"<source>(.*?)</source>.*?<translation(| type=\"unfinished\")(>.*?</)translation>"_s,
         QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpression form(u"(?<=>)[^<\n]*(?=</)"_s);
+    // Another text follows a space at the end.
+    const QRegularExpression fixed(u"%L?(\\d+|n)|\\[\\[.*?\\]\\]|&amp;|^ | $"_s);
+    const Catalogues english({u"en-GB"_s});
     const StoreFolder folder;
-    const QString file = folder.path(u"corvane_linux.ts"_s);
-    QFile::copy(QStringLiteral(CORVANE_SOURCES "/translations/corvane_linux.ts"), file);
-    ASSERT_EQ(QProcess::execute(QStringLiteral(CORVANE_SOURCES "/scripts/texts"), {file}), 0);
-    const QString texts = QString::fromUtf8(*folder.read(u"corvane_linux.ts"_s));
 
-    EXPECT_GT(texts.count(message), 50);
-    for (const auto &match : message.globalMatch(texts)) {
-        const bool isSaid = match.capturedLength(2) == 0 && match.capturedLength(3) > 0;
-        EXPECT_TRUE(isSaid || !match.captured(1).contains(mac)) << match.captured(1).toStdString();
-        EXPECT_FALSE(match.captured(3).contains(mac)) << match.captured(3).toStdString();
+    QHash<QString, QString> wordsForLinux;
+    for (const QString &name : updatedCatalogues(folder)) {
+        const bool isLinux = wordsForLinux.isEmpty();
+        const QString texts = QString::fromUtf8(*folder.read(name));
+        EXPECT_TRUE(QFile::exists(u":/translations/"_s + name.chopped(3) + u".qm"_s));
+        for (const auto &match : message.globalMatch(texts)) {
+            const QString source = match.captured(1);
+            SCOPED_TRACE((name + u": "_s + source).toStdString());
+            const QSet<QString> forms =
+                match.capturedLength(2) == 0 ? found(form, match.captured(3)) : QSet<QString>();
+            if (isLinux)
+                wordsForLinux[source] = forms.isEmpty() ? source : *forms.begin();
+            EXPECT_FALSE(
+                forms.isEmpty() && (!isLinux || source.contains(mac) || source.contains(u"(s)")));
+            for (const QString &said : forms) {
+                EXPECT_FALSE(said.isEmpty() || said.contains(mac));
+                EXPECT_EQ(found(fixed, said), found(fixed, wordsForLinux[source]));
+            }
+        }
     }
-    const Catalogues catalogues({u"en-GB"_s});
+    EXPECT_GT(wordsForLinux.size(), 50);
     EXPECT_EQ(title(Appearance::matchMac), u"Match System");
+}
+
+TEST(CatalogueTests, aDialectReadsTitlesPluralsAndKeysInItsLanguage)
+{
+    const Catalogues german({u"de-AT"_s});
+
+    EXPECT_EQ(title(Placement::leftHalf), u"Linke Hälfte");
+    EXPECT_EQ(TremorLogModel::counts({{}, {}, 1, 2}), u"1 Bewegung · 2 verweigert");
+    EXPECT_EQ(TremorLogModel::counts({{}, {}, 2}), u"2 Bewegungen");
+    EXPECT_EQ(KeyCap::label(u"⌃"_s, {}) + KeyCap::label(u"Space"_s, {}), u"StrgLeertaste");
+    EXPECT_EQ(KeyCaps::plainText({u"⇧"_s, u"key 115"_s, u"key 200"_s}), u"Umschalt+Pos1+Taste 200");
 }
 
 } // namespace corvane

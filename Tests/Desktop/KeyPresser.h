@@ -11,9 +11,9 @@ namespace corvane::desktop {
 /// Physical keys by evdev code, which no keyboard layout changes.
 // clang-format off
 enum class Key : quint8 {
-    escape = 1, digit1 = 2, minus = 12, equal = 13, e = 18, t = 20, o = 24, enter = 28,
+    escape = 1, digit1 = 2, minus = 12, equal = 13, tab = 15, e = 18, t = 20, o = 24, enter = 28,
     leftControl = 29, d = 32, f = 33, g = 34, leftShift = 42, c = 46, m = 50, slash = 53,
-    leftAlt = 56, capsLock = 58, numLock = 69, up = 103, left = 105, right = 106, down = 108,
+    leftAlt = 56, space = 57, capsLock = 58, numLock = 69, up = 103, left = 105, right = 106, down = 108,
     leftSuper = 125, menu = 127
 };
 // clang-format on

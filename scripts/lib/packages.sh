@@ -11,7 +11,7 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-icccm4-dev libxcb-xtes
 packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
     linguist-qt6"
 
-packages_test="$packages_unit_test git clang-format mold xwayland fluxbox i3-wm icewm kwin-x11
+packages_test="$packages_unit_test at-spi2-core git clang-format mold xwayland fluxbox i3-wm icewm kwin-x11
     marco mate-settings-daemon-common metacity mutter tk x11-apps xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"

@@ -1,0 +1,171 @@
+#include "LiveDesk.h"
+
+#include <QtCore/QFile>
+
+#include <cmath>
+#include <signal.h>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr KeyStroke tab{0, Key::tab};
+constexpr KeyStroke space{0, Key::space};
+constexpr quint8 plain = strokes::plain;
+
+class SettingsTests : public LiveTests
+{
+protected:
+    // The next test finds the shortcuts as they are from the start.
+    void TearDown() override
+    {
+        LiveTests::TearDown();
+        corvane().stop();
+        QFile::remove(settingsPath());
+    }
+
+    QString settingsPath() { return desktop().dataFolder() + u"/Corvane/settings.json"_s; }
+    /// Opens the window on a pane, by a second start.
+    xcb_window_t open(const QString &pane)
+    {
+        EXPECT_EQ(corvane().ask({u"--pane"_s, pane}).exitStatus, 0);
+        const xcb_window_t window = probe().waitForWindow([this](xcb_window_t each) {
+            return probe().hasProcess(each, corvane().pid()) && probe().isManaged(each);
+        });
+        EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == window; })) << "not in front";
+        return window;
+    }
+    [[nodiscard]] quint32 workspaceOf(xcb_window_t window)
+    {
+        return desktop().connection().numbers(window, "_NET_WM_DESKTOP").value(0);
+    }
+    /// Has the first row record, by keys alone: over the rail's button and the presets.
+    void record()
+    {
+        const qsizetype seen = corvane().log().size();
+        for (const KeyStroke &stroke : {tab, tab, tab, space})
+            keys().press(stroke);
+        EXPECT_TRUE(corvane().waitForLog(u"no hot key while"_s, seen));
+    }
+    /// What its last line about hot keys says, once it is another one than before.
+    [[nodiscard]] testing::AssertionResult isReady(qsizetype seen, const QString &text)
+    {
+        if (corvane().waitForLog(text, seen))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << qPrintable(corvane().log().mid(seen).join(u'\n'));
+    }
+    [[nodiscard]] QByteArray settings()
+    {
+        QFile file(settingsPath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll().simplified() : QByteArray();
+    }
+};
+
+} // namespace
+
+TEST_F(SettingsTests, theWindowOpensOnceInTheMiddleInFrontAndObeysPlacements)
+{
+    const xcb_window_t users = showFocused();
+
+    const xcb_window_t window = open(u"general"_s);
+
+    EXPECT_TRUE(probe().hasClass(window, "corvane"));
+    EXPECT_FALSE(desktop().connection().numbers(window, "_NET_WM_ICON").isEmpty());
+    const Rect opened = frame(window);
+    constexpr double titleBar = 40;
+    if (!isManager({u"i3"_s})) { // which tiles
+        EXPECT_LE(std::abs(opened.midX() - standardDisplay.midX()), titleBar / 2);
+        EXPECT_LE(std::abs(opened.midY() - standardDisplay.midY()), titleBar / 2);
+    }
+    ASSERT_TRUE(focus(users));
+    if (!isManager({u"i3"_s, u"marco"_s, u"metacity"_s})) { // whose workspaces are set elsewhere
+        pager().setWorkspaceCount(2);
+        pager().moveToWorkspace(window, 1);
+        ASSERT_TRUE(waitUntil([&] { return workspaceOf(window) == 1U; }));
+    }
+    EXPECT_EQ(open(u"about"_s), window);
+    EXPECT_EQ(workspaceOf(window), workspaceOf(users));
+    EXPECT_TRUE(lands(window, Placement::leftHalf));
+    press(Placement::snapBack);
+    EXPECT_TRUE(rests(window, opened));
+    pager().close(window);
+    EXPECT_TRUE(waitUntil([&] { return !probe().clients().contains(window); }));
+    ASSERT_TRUE(focus(users));
+    EXPECT_TRUE(lands(users, Placement::leftHalf));
+}
+
+TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)
+{
+    const xcb_window_t users = showFocused();
+    XConnection &connection = desktop().connection();
+    constexpr quint8 evdevOffset = 8;
+    constexpr quint8 c = quint8(Key::c) + evdevOffset;
+    xcb_grab_key(connection.raw(), false, connection.root(), XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1,
+        c, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    connection.sync();
+    struct Case {
+        KeyStroke stroke;
+        QByteArray saved;
+        QString ready;
+        bool isAsked = false; ///< whether to take them from another placement
+    };
+    const Case cases[]{{{plain, Key::c}, "\"keyCode\": 8,", u"20 of 21"_s},
+        {{strokes::hyper, Key::right}, "\"keyCode\": 124,", u"20 of 20"_s, true},
+        {{plain, Key::o}, "\"keyCode\": 31,", u"20 of 20"_s}};
+    ASSERT_TRUE(keys().toggle(Key::capsLock));
+    for (const auto &[stroke, saved, ready, isAsked] : cases) {
+        const xcb_window_t window = open(u"shortcuts"_s);
+        record();
+        const Rect before = frame(window);
+        const qsizetype seen = corvane().log().size();
+        keys().press(stroke);
+        if (isAsked) {
+            ASSERT_TRUE(waitUntil([&] {
+                return !QList{window, users, xcb_window_t(0)}.contains(probe().activeWindow());
+            }));
+            keys().press({0, Key::enter});
+        }
+        EXPECT_TRUE(isReady(seen, ready));
+        EXPECT_TRUE(settings().contains("\"leftHalf\", { " + saved)) << settings().toStdString();
+        EXPECT_EQ(frame(window), before) << "a key that was recorded was obeyed";
+        pager().close(window);
+        ASSERT_TRUE(waitUntil([&] { return !probe().clients().contains(window); }));
+    }
+    ASSERT_TRUE(keys().toggle(Key::capsLock));
+    xcb_ungrab_key(connection.raw(), c, connection.root(), XCB_MOD_MASK_ANY);
+
+    ASSERT_TRUE(focus(users));
+    keys().press({plain, Key::o});
+    EXPECT_TRUE(rests(users, frameOf(Placement::leftHalf, standardDisplay)));
+}
+
+TEST_F(SettingsTests, howeverARecordingEndsTheKeysWorkAfterwards)
+{
+    const xcb_window_t users = showFocused();
+    const std::function<void(xcb_window_t)> ends[]{[this](xcb_window_t) {
+                                                       keys().press({0, Key::escape});
+                                                   },
+        [this](xcb_window_t window) { pager().close(window); },
+        [&](xcb_window_t) { pager().activate(users); },
+        [this](xcb_window_t) {
+            kill(corvane().pid(), SIGKILL);
+            EXPECT_TRUE(waitUntil([this] { return !corvane().isRunning(); }));
+            EXPECT_TRUE(corvane().start());
+        }};
+    for (const auto &end : ends) {
+        const xcb_window_t window = open(u"shortcuts"_s);
+        record();
+        const qsizetype seen = corvane().log().size();
+
+        end(window);
+
+        EXPECT_TRUE(isReady(std::min(seen, corvane().log().size() - 1), u"hot keys registered"_s));
+        ASSERT_TRUE(focus(users));
+        EXPECT_TRUE(lands(users, Placement::maximize));
+        press(Placement::snapBack);
+    }
+}
+
+} // namespace corvane::desktop
