@@ -92,6 +92,7 @@ QString KeySentence::spoken(const QString &text)
 void KeySentence::setSentence(const QString &text)
 {
     m_pieces = parse(text);
+    m_measured.clear();
     m_direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     setAccessibleName(spoken(text));
     updateGeometry();
@@ -104,13 +105,15 @@ WordFlow KeySentence::flow() const
     return {.space = metrics.horizontalAdvance(u' '), .lineSpacing = metrics.height() / 8};
 }
 
-QList<WordFlow::Piece> KeySentence::measured() const
+// A layout asks for heights again and again, and measuring is most of what it waits for.
+const QList<WordFlow::Piece> &KeySentence::measured() const
 {
+    if (!m_measured.isEmpty())
+        return m_measured;
     const QFontMetricsF metrics(font());
     const auto sizeOf = [&metrics](const QString &text) {
         return QSizeF(metrics.horizontalAdvance(text), metrics.height());
     };
-    QList<WordFlow::Piece> measured;
     bool hasSpace = true;
     for (const Piece &piece : m_pieces) {
         const QSizeF size = match(
@@ -119,10 +122,10 @@ QList<WordFlow::Piece> KeySentence::measured() const
                 const QSizeF caps = capsOf(keys).size();
                 return QSizeF(caps.width() + sizeOf(keys.trailing).width(), caps.height());
             });
-        measured << WordFlow::Piece{size, hasSpace};
+        m_measured << WordFlow::Piece{size, hasSpace};
         hasSpace = !opens(piece);
     }
-    return measured;
+    return m_measured;
 }
 
 QSize KeySentence::sizeHint() const
@@ -144,6 +147,12 @@ int KeySentence::heightForWidth(int width) const
 {
     const WordFlow flow = this->flow();
     return int(std::ceil(flow.size(flow.lines(measured(), width)).height()));
+}
+
+void KeySentence::changeEvent(QEvent *event)
+{
+    m_measured.clear(); // it may be the font
+    QLabel::changeEvent(event);
 }
 
 void KeySentence::paintEvent(QPaintEvent *)

@@ -40,14 +40,16 @@ public:
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *) override;
 
 private:
     [[nodiscard]] WordFlow flow() const;
-    [[nodiscard]] QList<WordFlow::Piece> measured() const;
+    [[nodiscard]] const QList<WordFlow::Piece> &measured() const;
     void paint(QPainter &painter, const Piece &piece, const QRectF &rect) const;
 
     QList<Piece> m_pieces;
+    mutable QList<WordFlow::Piece> m_measured; ///< empty until somebody asks
     Qt::LayoutDirection m_direction = Qt::LeftToRight; ///< of the text
     BoardText::Tone m_tone;
 };

@@ -267,6 +267,21 @@ TEST(KeySentenceTests, keysStandBetweenWordsAndKeepWhatFollowsThem)
     EXPECT_THAT(page, ElementsAre(QRectF(25, 0, 40, 10), QRectF(70, 0, 30, 10)));
 }
 
+TEST(KeySentenceTests, itIsMeasuredAnewInAnotherFontAndWithOtherWords)
+{
+    KeySentence sentence(u"Press [[⌃⌥←]]"_s);
+    const QSize small = sentence.sizeHint();
+
+    QFont large = sentence.font();
+    large.setPixelSize(2 * large.pixelSize());
+    sentence.setFont(large);
+    const QSize inLarge = sentence.sizeHint();
+    sentence.setSentence(u"Press [[⌃⌥←]] twice"_s);
+
+    EXPECT_GT(inLarge.width(), small.width());
+    EXPECT_GT(sentence.sizeHint().width(), inLarge.width());
+}
+
 TEST(TremorLogTests, entriesStandUnderTheirDayTheNewestFirstAsFarAsTheFilterLetsThem)
 {
     const QDateTime midday(QDate(2026, 11, 20), QTime(12, 0));
