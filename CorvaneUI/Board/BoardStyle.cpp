@@ -494,4 +494,13 @@ int BoardStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWid
     }
 }
 
+QIcon BoardStyle::standardIcon(
+    StandardPixmap which, const QStyleOption *option, const QWidget *widget) const
+{
+    // Every menu bar asks for it, and reading a picture file would load the decoders of all formats.
+    if (which == SP_ToolBarHorizontalExtensionButton)
+        return icon(u"line.3.horizontal"_s, &Board::Palette::muted);
+    return QProxyStyle::standardIcon(which, option, widget);
+}
+
 } // namespace corvane

@@ -45,6 +45,8 @@ public:
         PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
         QStyleHintReturn *answer) const override;
+    [[nodiscard]] QIcon standardIcon(
+        StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override;
 
 Q_SIGNALS:
     void lookChanged();
