@@ -6,6 +6,10 @@
 
 #include <QtGui/QWindow>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace corvane {
 
 namespace {
@@ -33,6 +37,14 @@ protected:
 private:
     std::function<void()> m_act;
 };
+
+/// The heap would keep what a window took, for the next one, which comes seldom.
+void giveMemoryBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
 
 } // namespace
 
@@ -63,6 +75,7 @@ void WindowOpener::openSettings()
         m_model.refreshActivity();
         BoardStyle::shared().setLook(m_model.look);
         m_settings = new SettingsWindow(m_model, m_target);
+        connect(m_settings, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
         m_settings->setVisible(true);
     }
     m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
