@@ -68,7 +68,10 @@ void followLayout(QLayout &layout, QWidget *&last)
 } // namespace
 
 SettingsWindow::SettingsWindow(AppModel &model, MenuTarget target)
-    : m_model(model), m_target(std::move(target)), m_rows(RowForm::drawn)
+    : m_model(model)
+    , m_target(std::move(target))
+    , m_rows(RowForm::drawn)
+    , m_pane(settingsPaneNamed(model.pendingPane).value_or(SettingsPane::general))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Corvane Settings"));

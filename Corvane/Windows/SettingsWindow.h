@@ -51,7 +51,7 @@ private:
     AppModel &m_model;
     MenuTarget m_target;
     MenuRows m_rows;
-    SettingsPane m_pane = SettingsPane::general;
+    SettingsPane m_pane;
     SettingsRail *m_rail = nullptr;
     NoticeStrips *m_notices = nullptr;
     QStackedWidget *m_stack = nullptr;
