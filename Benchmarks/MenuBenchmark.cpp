@@ -1,14 +1,10 @@
 #include "MenuBenchmark.h"
 
-#include "CorvaneProcess.h"
 #include "KeyPresser.h"
-#include "Programs.h"
+#include "Resident.h"
 #include "SampleLayouts.h"
 #include "Samples.h"
-
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCall>
+#include "ScreenStopwatch.h"
 
 namespace corvane::bench {
 
@@ -20,26 +16,12 @@ namespace {
 constexpr int layoutCount = 50;
 constexpr double millisecondsToPaint = 50;
 
-struct Picture {
-    Rect place;
-    QByteArray pixels;
-};
-
-/// The resident program, asked over the session bus as a second start asks it.
 class MenuStopwatch
 {
 public:
-    explicit MenuStopwatch(VirtualDesktop &desktop)
-        : m_desktop(desktop)
-        , m_bus(QDBusConnection::connectToBus(
-              desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s), u"menu"_s))
-        , m_corvane(desktop, corvaneProgram)
-    {
-    }
-    ~MenuStopwatch() { QDBusConnection::disconnectFromBus(u"menu"_s); }
-    Q_DISABLE_COPY_MOVE(MenuStopwatch)
+    explicit MenuStopwatch(VirtualDesktop &desktop) : m_desktop(desktop), m_corvane(desktop) { }
 
-    [[nodiscard]] bool start() { return m_bus.isConnected() && m_corvane.start(); }
+    [[nodiscard]] bool start() { return m_corvane.start(); }
 
     /// The menu once nothing of it changes any more.
     [[nodiscard]] std::optional<Picture> look()
@@ -49,32 +31,19 @@ public:
             return std::nullopt;
         const Rect place =
             WindowProbe(m_desktop.connection()).clientGeometry(menus().first()).value_or(Rect());
-        const auto pixels = settled([&] { return pixelsOn(m_desktop.connection(), place); });
-        return close() ? std::optional<Picture>({place, pixels}) : std::nullopt;
+        const Picture picture = settledPicture(m_desktop.connection(), place);
+        return close() ? std::optional(picture) : std::nullopt;
     }
 
     /// Milliseconds until the screen shows just that.
     [[nodiscard]] std::optional<double> timeTo(const Picture &picture)
     {
-        using Clock = std::chrono::steady_clock;
-        const auto start = Clock::now();
-        popUp();
-        while (pixelsOn(m_desktop.connection(), picture.place) != picture.pixels) {
-            if (Clock::now() - start > patience)
-                return std::nullopt;
-        }
-        const std::chrono::duration<double, std::milli> duration = Clock::now() - start;
-        return close() ? std::optional(duration.count()) : std::nullopt;
+        const auto time = timeUntilShown(m_desktop.connection(), picture, [this] { popUp(); });
+        return close() ? time : std::nullopt;
     }
 
 private:
-    void popUp()
-    {
-        QDBusMessage call = QDBusMessage::createMethodCall(u"app.corvane.Corvane"_s,
-            u"/app/corvane/Corvane"_s, u"app.corvane.Corvane.Instance"_s, u"Run"_s);
-        call << QStringList{u"--pop-menu"_s};
-        static_cast<void>(m_bus.asyncCall(call));
-    }
+    void popUp() { m_corvane.request({u"--pop-menu"_s}); }
     bool close()
     {
         KeyPresser(m_desktop.connection()).press({0, Key::escape});
@@ -86,8 +55,7 @@ private:
     }
 
     VirtualDesktop &m_desktop;
-    QDBusConnection m_bus;
-    CorvaneProcess m_corvane;
+    Resident m_corvane;
 };
 
 expected<Picture, QString> finishedMenu(VirtualDesktop &desktop)

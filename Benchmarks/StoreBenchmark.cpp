@@ -3,6 +3,7 @@
 #include "ActivityLog.h"
 #include "LayoutStore.h"
 #include "SampleLayouts.h"
+#include "SampleMoves.h"
 #include "Samples.h"
 
 #include <QtCore/QFile>
@@ -39,26 +40,12 @@ double medianDuration(int repetitions, const std::function<void()> &action)
     return median(samples);
 }
 
-ActivityEntry entry(int number, const QDateTime &date)
-{
-    return ActivityEntry::moved({date, Placement::leftHalf, u"Text Editor"_s,
-        u"Report for the quarter, chapter %1"_s.arg(number), {120, 80, 900, 700},
-        {0, 25, 960, 1055}, u"Built-in"_s});
-}
-
 /// Half of it old enough to be pruned.
 bool writeHistory(const QString &path)
 {
     const QDateTime now = QDateTime::currentDateTimeUtc();
-    QByteArray text;
-    for (int number = 0; number < historyLines; ++number) {
-        const bool isOld = number < historyLines / 2;
-        text += QJsonDocument(entry(number, now.addDays(isOld ? -40 : -1)).toJson())
-                    .toJson(QJsonDocument::Compact)
-            + '\n';
-    }
-    QFile file(path);
-    return file.open(QFile::WriteOnly) && file.write(text) == text.size();
+    return writeSampleMoves(path, historyLines,
+        [&](int number) { return now.addDays(number < historyLines / 2 ? -40 : -1); });
 }
 
 QByteArray contents(const QString &path)
@@ -85,7 +72,7 @@ Measurements measureStores()
     qsizetype found = 0;
     const double recent = medianDuration(21, [&] { found += log.recent(300).size(); });
     const double append = medianDuration(
-        501, [&] { log.append(entry(historyLines, QDateTime::currentDateTimeUtc())); });
+        501, [&] { log.append(sampleMove(historyLines, QDateTime::currentDateTimeUtc())); });
     const double read =
         medianDuration(5, [&] { found += contents(log.url().toLocalFile()).size() > 0; });
     const double prune = duration([&] { log.prune(30); });
