@@ -3,6 +3,7 @@
 #include "KeyBenchmark.h"
 #include "LayoutBenchmark.h"
 #include "MenuBenchmark.h"
+#include "SettingsBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
 
@@ -28,6 +29,7 @@ enum Status : int { everyLimitHolds = 0, failed = 1, misused = 2 };
 struct Effort {
     int rounds = 600;
     int starts = 20;
+    int openings = 50;
     int layoutRounds = 11;
     std::chrono::seconds idle{10};
     QString only{}; ///< part of the titles of those to be run
@@ -38,7 +40,7 @@ struct Benchmark {
     std::function<Measurements()> measure;
 };
 
-const Effort quick{100, 8, 3, std::chrono::seconds(3)};
+const Effort quick{100, 8, 20, 3, std::chrono::seconds(3)};
 
 int fail(Status status, const QString &sentence)
 {
@@ -73,6 +75,8 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
         {u"Idle, hot keys and status item"_s, [&] { return measureIdle(desktop, effort.idle); }},
         {u"Menu, opened %1 times"_s.arg(effort.starts),
             [&] { return measureMenu(desktop, effort.starts); }},
+        {u"Settings window, opened %1 times"_s.arg(effort.openings),
+            [&] { return measureSettings(desktop, effort.openings, effort.idle); }},
         {u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(effort.rounds),
             [&desktop, window, &effort] { return measureKeys(desktop, window, effort.rounds); }},
         {u"Key press to a whole layout on openbox, %1 presses each"_s.arg(effort.layoutRounds),

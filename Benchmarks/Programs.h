@@ -9,5 +9,6 @@ inline const QString corvaneProgram = QStringLiteral(CORVANE_PROGRAM);
 inline const QString minimalProgram = QStringLiteral(CORVANE_MINIMAL);
 inline const QString pipelinedProgramPath = QStringLiteral(CORVANE_PIPELINED);
 inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
+inline const QString windowFloorProgram = QStringLiteral(CORVANE_WINDOW_FLOOR);
 
 } // namespace corvane::bench

@@ -13,12 +13,7 @@ public:
     [[nodiscard]] static expected<std::unique_ptr<PanelProcess>, QString> start(
         VirtualDesktop &desktop)
     {
-        // An empty desktop keeps the picture of what stood there before.
-        XConnection &screen = desktop.connection();
-        const quint32 black = screen.screen().black_pixel;
-        xcb_change_window_attributes(screen.raw(), screen.root(), XCB_CW_BACK_PIXEL, &black);
-        xcb_clear_area(screen.raw(), 0, screen.root(), 0, 0, 0, 0);
-        screen.sync();
+        desktop.paintBackground();
         std::unique_ptr<PanelProcess> panel(new PanelProcess(desktop));
         if (!waitUntil([&] { return panel->showsIcon(); }, Milliseconds{30000}))
             return unexpected<QString>(

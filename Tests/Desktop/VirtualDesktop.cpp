@@ -12,6 +12,15 @@ expected<std::unique_ptr<VirtualDesktop>, QString> VirtualDesktop::start(const O
     return desktop;
 }
 
+void VirtualDesktop::paintBackground()
+{
+    const XConnection &screen = *m_connection;
+    const quint32 black = screen.screen().black_pixel;
+    xcb_change_window_attributes(screen.raw(), screen.root(), XCB_CW_BACK_PIXEL, &black);
+    xcb_clear_area(screen.raw(), 0, screen.root(), 0, 0, 0, 0);
+    m_connection->sync();
+}
+
 bool VirtualDesktop::setKeyboardLayouts(const QString &layouts)
 {
     // Only with evdev's numbers is key code 133 the Super key.

@@ -23,6 +23,10 @@ public:
     [[nodiscard]] XConnection &connection() { return *m_connection; }
     [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
 
+    /// From now on, an empty part of the desktop shows nothing; before, it keeps the picture of what
+    /// stood there.
+    void paintBackground();
+
     /// The physical keyboard stays; what its keys mean becomes that of "us", "de", "us,fr" ... The
     /// Menu key switches between several.
     [[nodiscard]] bool setKeyboardLayouts(const QString &layouts);
