@@ -159,8 +159,15 @@ void SettingsWindow::build()
     connect(m_rail, &SettingsRail::menuAsked, this, &SettingsWindow::popMenu);
     connect(m_rail, &SettingsRail::chosen, this, [this](SettingsPane pane) { show(pane); });
     setCentralWidget(whole);
+    fit();
     showNotices();
     show(m_pane);
+}
+
+void SettingsWindow::fit()
+{
+    m_rail->setNarrow(width() < Board::length(narrowBelow));
+    m_notices->bound(height() / 3);
 }
 
 /// Text of another size changes every length, so all is laid out anew, with what was shown.
@@ -283,8 +290,7 @@ void SettingsWindow::changeEvent(QEvent *event)
 void SettingsWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    m_rail->setNarrow(width() < Board::length(narrowBelow));
-    m_notices->bound(height() / 3);
+    fit();
 }
 
 void SettingsWindow::closeEvent(QCloseEvent *event)

@@ -35,6 +35,7 @@ protected:
 
 private:
     void build();
+    void fit();
     void rebuild();
     [[nodiscard]] SettingsPage *makePage(SettingsPane pane);
     [[nodiscard]] SettingsPage &page(SettingsPane pane);

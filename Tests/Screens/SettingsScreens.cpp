@@ -131,6 +131,7 @@ void SettingsScreens::turnTo(const DesktopLook &look, AppModel &model) const
     larger.setPixelSize(font.pixelSize() + 3);
     QApplication::setFont(larger);
     BoardStyle::shared().setLook({.isDark = !look.isDark});
+    model.post({u"a"_s, u"The disk is full."_s, {}});
     SettingsWindow &old = open(model);
     for (const SettingsPane pane : settingsPanes)
         std::ignore = pictureOf(old, pane);
@@ -141,6 +142,7 @@ void SettingsScreens::turnTo(const DesktopLook &look, AppModel &model) const
     for (const SettingsPane pane : settingsPanes)
         expect(pictureOf(old, pane) == pictureOf(fresh, pane), name, rawValue(pane),
             u"follows the look"_s);
+    model.dismissNotice(u"a"_s);
     old.close();
     fresh.close();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
