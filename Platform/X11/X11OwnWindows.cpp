@@ -4,6 +4,7 @@
 #include "Properties.h"
 #include "QtX11.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace corvane::x11 {
@@ -36,7 +37,7 @@ Tray X11OwnWindows::tray()
 }
 
 // As a pager asks, which every window manager heeds, whenever the user acted last.
-void X11OwnWindows::bringForward(quint64 number, const QString &)
+void X11OwnWindows::bringForward(quint64 number, const QString &token)
 {
     constexpr quint32 pager = 2;
     const auto window = static_cast<xcb_window_t>(number);
@@ -44,7 +45,32 @@ void X11OwnWindows::bringForward(quint64 number, const QString &)
         readList(m_connection, m_connection.root(), Atom::netCurrentDesktop).value(0);
     m_connection.sendToRoot(window, Atom::netWmDesktop, {workspace, pager, 0, 0, 0});
     requestActivation(m_connection, window);
+    if (!token.isEmpty())
+        endStartup(window, token);
     xcb_flush(m_connection.xcb());
+}
+
+// So that who started the program again no longer shows that it is busy (Startup Notification Protocol
+// 0.1): the text in pieces, the first of which has a type of its own.
+void X11OwnWindows::endStartup(xcb_window_t window, const QString &token)
+{
+    QString id = token;
+    for (const char16_t special : {u'\\', u'"', u' '})
+        id.replace(special, QString(u'\\') + special);
+    const QByteArray text = "remove: ID=" + id.toUtf8() + '\0';
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 8;
+    message.window = window;
+    message.type = m_connection.atom(Atom::netStartupInfoBegin);
+    constexpr qsizetype size = sizeof(message.data.data8);
+    for (qsizetype at = 0; at < text.size(); at += size) {
+        const QByteArray piece = text.mid(at, size).leftJustified(size, '\0');
+        std::ranges::copy(piece, message.data.data8);
+        xcb_send_event(m_connection.xcb(), false, m_connection.root(),
+            XCB_EVENT_MASK_PROPERTY_CHANGE, reinterpret_cast<const char *>(&message));
+        message.type = m_connection.atom(Atom::netStartupInfo);
+    }
 }
 
 // Qt, which takes the pointer afterwards, takes any answer of the server for consent, a refusal too.

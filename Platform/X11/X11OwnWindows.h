@@ -25,6 +25,7 @@ public:
     void setListed(quint64 window, bool isListed) override;
 
 private:
+    void endStartup(xcb_window_t window, const QString &token);
     [[nodiscard]] bool isManaged(xcb_window_t window);
     void changeProperty(xcb_window_t window, bool isListed);
     void askWindowManager(xcb_window_t window, bool isListed);

@@ -85,7 +85,22 @@ TEST_F(SettingsTests, theWindowOpensOnceInTheMiddleInFrontAndObeysPlacements)
         pager().moveToWorkspace(window, 1);
         ASSERT_TRUE(waitUntil([&] { return workspaceOf(window) == 1U; }));
     }
+    XConnection launcher(desktop().environment().value(u"DISPLAY"_s));
+    const quint32 events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(launcher.raw(), launcher.root(), XCB_CW_EVENT_MASK, &events);
+    launcher.sync();
+    desktop().setVariable(u"DESKTOP_STARTUP_ID"_s, u"panel-of-somebody-1_TIME1"_s);
     EXPECT_EQ(open(u"about"_s), window);
+    desktop().setVariable(u"DESKTOP_STARTUP_ID"_s, {});
+    QByteArray told;
+    EXPECT_TRUE(waitUntil([&] {
+        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(launcher.raw())}) {
+            const auto &message = reinterpret_cast<xcb_client_message_event_t &>(*event);
+            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.format == 8)
+                told.append(reinterpret_cast<const char *>(message.data.data8), 20);
+        }
+        return told.contains("remove: ID=panel-of-somebody-1_TIME1");
+    })) << told.toStdString();
     EXPECT_EQ(workspaceOf(window), workspaceOf(users));
     EXPECT_TRUE(lands(window, Placement::leftHalf));
     press(Placement::snapBack);
