@@ -47,12 +47,30 @@ bool isWhole(const QWidget &widget)
     return widget.width() >= wanted.width() && widget.height() >= wanted.height();
 }
 
+/// Whether the rows of a card end at one line, as their controls are to stand below each other.
+bool endsInOneColumn(const Card &card)
+{
+    QSet<int> ends;
+    for (const QWidget *row : card.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        QRect content;
+        for (const QWidget *child : row->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+            if (child->isVisible())
+                content |= child->geometry();
+        }
+        if (!content.isEmpty())
+            ends << (card.isRightToLeft() ? content.left() : content.right());
+    }
+    return ends.size() <= 1;
+}
+
 /// What must hold of every text and control that is shown, in any language and size.
 void check(const QWidget &parent, const QString &picture)
 {
     const auto expect = [&](bool holds, const QString &subject, const QString &rule) {
         ::expect(holds, picture, subject, rule);
     };
+    if (const auto *card = qobject_cast<const Card *>(&parent))
+        expect(endsInOneColumn(*card), card->accessibleName(), u"ends in one column"_s);
     QList<const QWidget *> shown;
     for (const QWidget *child : parent.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
         if (!child->isVisible() || child->isWindow() || qobject_cast<const ScrollFade *>(child)
