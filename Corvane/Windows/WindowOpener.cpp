@@ -78,17 +78,20 @@ void WindowOpener::openSettings()
         connect(m_settings, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
         m_settings->setVisible(true);
     }
-    m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
     const QString token = m_model.pendingActivation;
     m_model.pendingActivation = QString();
     const auto bringForward = [number = quint64(m_settings->winId()), token] {
         Platform::current().ownWindows().bringForward(number, token);
     };
     // Before it is there, the window manager does not know it; on another workspace it stays unexposed.
-    if (isNew)
+    if (isNew) {
         new WhenExposed(*m_settings->windowHandle(), bringForward);
-    else
-        bringForward();
+        return;
+    }
+    bringForward();
+    // Only then: a window on another workspace counts as minimised under some window managers, which
+    // would take the user there to show it.
+    m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
 }
 
 } // namespace corvane

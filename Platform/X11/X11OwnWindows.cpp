@@ -47,7 +47,8 @@ void X11OwnWindows::bringForward(quint64 number, const QString &token)
     requestActivation(m_connection, window);
     if (!token.isEmpty())
         endStartup(window, token);
-    xcb_flush(m_connection.xcb());
+    // Before whatever Qt asks for the window next.
+    std::ignore = m_connection.checkedError({});
 }
 
 // So that who started the program again no longer shows that it is busy (Startup Notification Protocol

@@ -101,7 +101,7 @@ TEST_F(SettingsTests, theWindowOpensOnceInTheMiddleInFrontAndObeysPlacements)
         }
         return told.contains("remove: ID=panel-of-somebody-1_TIME1");
     })) << told.toStdString();
-    EXPECT_EQ(workspaceOf(window), workspaceOf(users));
+    EXPECT_TRUE(waitUntil([&] { return workspaceOf(window) == workspaceOf(users); }));
     EXPECT_TRUE(lands(window, Placement::leftHalf));
     press(Placement::snapBack);
     EXPECT_TRUE(rests(window, opened));
@@ -129,7 +129,8 @@ TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)
     const Case cases[]{{{plain, Key::c}, "\"keyCode\": 8,", u"20 of 21"_s},
         {{strokes::hyper, Key::right}, "\"keyCode\": 124,", u"20 of 20"_s, true},
         {{plain, Key::o}, "\"keyCode\": 31,", u"20 of 20"_s}};
-    ASSERT_TRUE(keys().toggle(Key::capsLock));
+    for (const Key lock : {Key::capsLock, Key::numLock})
+        ASSERT_TRUE(keys().toggle(lock));
     for (const auto &[stroke, saved, ready, isAsked] : cases) {
         const xcb_window_t window = open(u"shortcuts"_s);
         record();
@@ -148,7 +149,8 @@ TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)
         pager().close(window);
         ASSERT_TRUE(waitUntil([&] { return !probe().clients().contains(window); }));
     }
-    ASSERT_TRUE(keys().toggle(Key::capsLock));
+    for (const Key lock : {Key::capsLock, Key::numLock})
+        ASSERT_TRUE(keys().toggle(lock));
     xcb_ungrab_key(connection.raw(), c, connection.root(), XCB_MOD_MASK_ANY);
 
     ASSERT_TRUE(focus(users));
