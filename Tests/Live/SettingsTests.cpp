@@ -48,6 +48,8 @@ protected:
         for (const KeyStroke &stroke : {tab, tab, tab, space})
             keys().press(stroke);
         EXPECT_TRUE(corvane().waitForLog(u"no hot key while"_s, seen));
+        // It answers once it has dealt with the key, and so has the keyboard.
+        EXPECT_EQ(corvane().ask({u"--print-settings"_s}).exitStatus, 0);
     }
     /// What its last line about hot keys says, once it is another one than before.
     [[nodiscard]] testing::AssertionResult isReady(qsizetype seen, const QString &text)
