@@ -25,7 +25,7 @@ QuietOpenings::QuietOpenings(Connection &connection, WindowRegistry &registry)
 {
     m_connection.addSink(this);
     connect(&registry, &WindowRegistry::activating, this, [this](xcb_window_t window) {
-        setOwner(window);
+        addOwner(window);
         if (Newcomer *found = newcomer(window))
             found->mayHaveFocus = true;
     });
@@ -39,7 +39,7 @@ QuietOpenings::~QuietOpenings()
 void QuietOpenings::begin(const QString &bundleIdentifier)
 {
     if (!areUnderWay())
-        setOwner(activeWindow(m_connection));
+        m_owners = {activeWindow(m_connection)};
     m_openings << Opening{bundleIdentifier, Connection::Clock::now() + patience};
 }
 
@@ -62,9 +62,8 @@ void QuietOpenings::greet(const WindowElement &window, const QString &bundleIden
         opening->end = std::min(opening->end, now + companyWait);
     m_newcomers << Newcomer{
         .window = number, .end = now + attentionWait, .focusEnd = now + focusWait};
-    // It had the focus before it was known whose it is.
-    if (m_owner == number)
-        m_owner = m_formerOwner;
+    // It may have had the focus before it was known whose it is, and so may its companions.
+    m_owners.removeOne(number);
     scheduleReview();
 }
 
@@ -115,12 +114,14 @@ void QuietOpenings::reviewFocus(xcb_window_t active)
         // What is not listed yet may turn out to be a newcomer.
         if (const auto known = m_registry.known().constFind(active);
             known != m_registry.known().cend() && known->wasListed)
-            setOwner(active);
+            addOwner(active);
         return;
     }
     --taker->focusesLeft;
-    if (m_registry.known().contains(m_owner))
-        requestActivation(m_connection, m_owner);
+    const auto isKnown = [this](xcb_window_t each) { return m_registry.known().contains(each); };
+    const auto owner = std::find_if(m_owners.crbegin(), m_owners.crend(), isKnown);
+    if (owner != m_owners.crend())
+        requestActivation(m_connection, *owner);
 }
 
 void QuietOpenings::forgetPast()
@@ -137,10 +138,10 @@ QuietOpenings::Newcomer *QuietOpenings::newcomer(xcb_window_t window)
     return found == m_newcomers.end() ? nullptr : &*found;
 }
 
-void QuietOpenings::setOwner(xcb_window_t window)
+void QuietOpenings::addOwner(xcb_window_t window)
 {
-    if (window != m_owner)
-        m_formerOwner = std::exchange(m_owner, window);
+    m_owners.removeOne(window);
+    m_owners << window;
 }
 
 } // namespace corvane::x11

@@ -43,14 +43,13 @@ private:
     void reviewFocus(xcb_window_t active);
     void forgetPast();
     [[nodiscard]] Newcomer *newcomer(xcb_window_t window);
-    void setOwner(xcb_window_t window);
+    void addOwner(xcb_window_t window);
 
     Connection &m_connection;
     WindowRegistry &m_registry;
     QList<Opening> m_openings;
     QList<Newcomer> m_newcomers;
-    xcb_window_t m_owner = noWindow; ///< of the focus
-    xcb_window_t m_formerOwner = noWindow;
+    QList<xcb_window_t> m_owners; ///< that had the focus by right, the latest last
     bool m_reviewScheduled = false;
 };
 

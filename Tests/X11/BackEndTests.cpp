@@ -1,5 +1,7 @@
+#include "ActiveWindow.h"
 #include "KeyCombo.h"
 #include "PhysicalKey.h"
+#include "QuietOpenings.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
 #include "X11World.h"
@@ -179,6 +181,35 @@ TEST_F(BackEndTests, aProgramIsRegularWhileTheTaskBarListsAWindowOfItAndQuitsWin
     applications.quit(pid);
     EXPECT_TRUE(eventually([&] { return !clients.at(pid)->isRunning(); }));
     EXPECT_TRUE(clients.at(stranger)->isRunning());
+}
+
+TEST_F(BackEndTests, newcomersThatHadTheFocusInTurnBeforeTheyWereKnownGiveItBackToTheUsersWindow)
+{
+    const pid_t pid = startApplication();
+    const WindowElement users = openWindow(pid);
+    const auto own = *Connection::open();
+    own->followRoot(XCB_EVENT_MASK_NO_EVENT);
+    WindowRegistry registry{*own};
+    QuietOpenings openings{*own, registry};
+    const auto see = [&](const WindowElement &window) {
+        return eventually([&] {
+            const auto known = registry.known().constFind(numberOf(window));
+            return known != registry.known().cend() && known->wasListed
+                && activeWindow(*own) == numberOf(window);
+        });
+    };
+    ASSERT_TRUE(see(users));
+    openings.begin(u"late"_s);
+    const QList<WindowElement> newcomers{openWindow(pid), openWindow(pid)};
+    for (const WindowElement &each : {newcomers[0], newcomers[1]}) {
+        focus(each);
+        ASSERT_TRUE(see(each));
+    }
+
+    for (const WindowElement &each : newcomers)
+        openings.greet(each, u"late"_s);
+
+    EXPECT_TRUE(eventually([&] { return probe.activeWindow() == numberOf(users); }));
 }
 
 TEST_F(BackEndTests, whatAStalledServerDidNotTellIsReadOnceItAnswersAndWhatIsKnownStays)
