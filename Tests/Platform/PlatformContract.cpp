@@ -1,19 +1,18 @@
 #include "PlatformContract.h"
 
+#include "Waiting.h"
+
 #include <QtCore/QCoreApplication>
-#include <QtCore/QThread>
 
 namespace corvane {
 
 bool ContractWorld::eventually(const std::function<bool()> &condition)
 {
-    const QDeadlineTimer deadline(std::chrono::seconds(15));
-    for (; !condition(); QThread::msleep(1)) { // what is waited for needs the processor, too
-        if (deadline.hasExpired())
-            return false;
+    const auto holdsLater = [&] {
         pump();
-    }
-    return true;
+        return condition();
+    };
+    return condition() || desktop::waitUntil(holdsLater, desktop::Milliseconds{15000});
 }
 
 PlatformContract::PlatformContract()
