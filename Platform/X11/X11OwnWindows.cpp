@@ -39,11 +39,10 @@ Tray X11OwnWindows::tray()
 // As a pager asks, which every window manager heeds, whenever the user acted last.
 void X11OwnWindows::bringForward(quint64 number, const QString &token)
 {
-    constexpr quint32 pager = 2;
     const auto window = static_cast<xcb_window_t>(number);
     const auto workspace =
         readList(m_connection, m_connection.root(), Atom::netCurrentDesktop).value(0);
-    m_connection.sendToRoot(window, Atom::netWmDesktop, {workspace, pager, 0, 0, 0});
+    m_connection.sendToRoot(window, Atom::netWmDesktop, {workspace, fromPager, 0, 0, 0});
     requestActivation(m_connection, window);
     if (!token.isEmpty())
         endStartup(window, token);
