@@ -6,7 +6,6 @@ function(ask_git variable)
         execute_process(COMMAND ${GIT} -C ${SOURCES} ${ARGN}
             OUTPUT_VARIABLE answer ERROR_QUIET OUTPUT_STRIP_TRAILING_WHITESPACE)
     endif()
-    # Not from the archive that these sources were taken out of.
     set(${variable} "${answer}" PARENT_SCOPE)
 endfunction()
 
