@@ -50,11 +50,6 @@ void Segments::setCurrent(int number)
     m_group.setExclusive(true);
 }
 
-void Segments::setTitle(int number, const QString &title)
-{
-    m_group.button(number)->setText(title);
-}
-
 QPainterPath Segments::shapeOf(const QWidget &segment)
 {
     QPainterPath outline;

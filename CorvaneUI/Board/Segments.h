@@ -18,7 +18,6 @@ public:
     /// None for -1.
     void setCurrent(int number);
     [[nodiscard]] int current() const { return m_group.checkedId(); }
-    void setTitle(int number, const QString &title);
 
     /// What a segment covers of its own rectangle, within the rounded outline.
     [[nodiscard]] static QPainterPath shapeOf(const QWidget &segment);
