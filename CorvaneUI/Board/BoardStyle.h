@@ -52,6 +52,10 @@ Q_SIGNALS:
     void lookChanged();
 
 private:
+    static constexpr double ringWidth = 2;
+    static constexpr double ringDistance = 2; ///< from the control to the ring
+    static constexpr double iconGap = 6; ///< between a button's icon and its words
+
     void drawButton(QPainter &painter, const QStyleOption &option) const;
     void drawButtonLabel(QPainter &painter, const QStyleOptionButton &button) const;
     void drawFocusRing(QPainter &painter, const QRectF &rect) const;
