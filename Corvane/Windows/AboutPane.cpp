@@ -7,6 +7,7 @@
 #include "Card.h"
 #include "CorvaneMark.h"
 #include "DataFolder.h"
+#include "Drawing.h"
 #include "Identity.h"
 #include "Match.h"
 #include "Notices.h"
@@ -23,27 +24,6 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A symbol in the colour of a state.
-class StatusMark final : public QWidget
-{
-public:
-    StatusMark(QString symbol, BoardText::Tone tone) : m_symbol(std::move(symbol)), m_tone(tone)
-    {
-        setFixedSize(Board::length(16), Board::length(16));
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        Symbol::paint(painter, rect(), m_symbol, {BoardStyle::shared().colors().*m_tone});
-    }
-
-private:
-    QString m_symbol;
-    BoardText::Tone m_tone;
-};
 
 /// Whether an update can be had.
 struct Status {
@@ -180,7 +160,7 @@ void AboutPane::showUpdates()
     }
     const Status shown = statusOf(status);
     m_updates->addRow(shown.sentence, running + checkedSuffix(status), actions,
-        new StatusMark(shown.symbol, shown.tone));
+        Drawing::ofSymbol(16, shown.symbol, shown.tone));
     if (const auto checks = m_model.automaticUpdateChecks.value()) {
         auto *lever = new Switch;
         lever->setChecked(*checks);

@@ -1,10 +1,9 @@
 #include "GeneralPane.h"
 
 #include "Accessibility.h"
-#include "BoardStyle.h"
 #include "BoardText.h"
 #include "Card.h"
-#include "DevicePixels.h"
+#include "Drawing.h"
 #include "KeySentence.h"
 #include "Platform.h"
 #include "Segments.h"
@@ -23,29 +22,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A point in the colour of a state, or a ring where the state needs the user.
-class StateDot final : public QWidget
+Drawing *stateDot(bool isReady)
 {
-public:
-    explicit StateDot(bool isReady) : m_isReady(isReady)
-    {
-        setFixedSize(Board::length(16), Board::length(16));
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        const Board::Palette &palette = BoardStyle::shared().colors();
-        const double inset = Board::length(4);
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setBrush(m_isReady ? QBrush(palette.ready) : QBrush(Qt::NoBrush));
-        painter.setPen(QPen(m_isReady ? palette.ready : palette.attention, 2));
-        painter.drawEllipse(QRectF(rect()).adjusted(inset, inset, -inset, -inset));
-    }
-
-private:
-    bool m_isReady;
-};
+    return new Drawing(
+        {16, 16}, [isReady](QPainter &painter, const QRectF &rect, const Board::Palette &palette) {
+            const double inset = Board::length(4);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setBrush(isReady ? QBrush(palette.ready) : QBrush(Qt::NoBrush));
+            painter.setPen(QPen(isReady ? palette.ready : palette.attention, 2));
+            painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
+        });
+}
 
 QPushButton *button(const QString &title, auto *context, auto &&act)
 {
@@ -90,7 +77,7 @@ void GeneralPane::showTrust()
     empty(*m_trust->layout());
     if (m_model.accessibilityTrusted) {
         m_trust->addRow(tr("Accessibility access granted"),
-            tr("Every shortcut and layout is live."), nullptr, new StateDot(true));
+            tr("Every shortcut and layout is live."), nullptr, stateDot(true));
         return;
     }
     auto *open = button(tr("Open Accessibility Settings"), this,
@@ -98,7 +85,7 @@ void GeneralPane::showTrust()
     m_trust->addRow(tr("Corvane needs Accessibility access to move windows"),
         Platform::current().windows().distrustReason() + u' '
             + tr("This window notices by itself when that changes."),
-        open, new StateDot(false));
+        open, stateDot(false));
 }
 
 void GeneralPane::addCompetitors()
@@ -128,7 +115,7 @@ void GeneralPane::showCompetitors()
             tr("Quit %1").arg(name), this, [this, running] { m_model.quit(running.application); });
         card->addRow(tr("%1 is running").arg(name),
             tr("Two programs that move windows by shortcuts get in each other's way."), quit,
-            new StateDot(false));
+            stateDot(false));
     }
     column.addWidget(card);
 }
@@ -172,7 +159,7 @@ void GeneralPane::addPresence()
         &Settings::launchAtLogin);
     auto *open = button(
         tr("Open Login Items"), this, [] { Platform::current().session().openLoginItems(); });
-    m_loginNote = card.addRow({}, {}, open, new StateDot(false));
+    m_loginNote = card.addRow({}, {}, open, stateDot(false));
     addSwitch(card, tr("Show in the Dock and the app switcher"),
         tr("Off makes Corvane a menu bar app, out of the Dock and the app switcher ([[⌘⇥]])."),
         &Settings::showInDock);

@@ -39,12 +39,10 @@ public:
             && option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange))
             drawField(*painter, field, Board::length(7), palette.control, palette.accent,
                 {.side = 2, .bottom = 2});
-        QFont numerals = Board::font(Board::Type::numerals);
-        numerals.setPixelSize(Board::length(11));
         const int margin = Board::length(10);
         QRect rest = option.rect.adjusted(margin, 0, -margin, 0);
         const QString numeral = u"%1"_s.arg(index.row() + 1, 2, 10, QChar(u'0'));
-        painter->setFont(numerals);
+        painter->setFont(Board::font(Board::Type::smallNumerals));
         painter->setPen(isCurrent ? palette.accentType : palette.muted);
         const bool isNarrow = rest.width() < Board::length(60);
         painter->drawText(rest,

@@ -1,8 +1,8 @@
 #include "ShortcutsPane.h"
 
-#include "BoardStyle.h"
 #include "BoardText.h"
 #include "Card.h"
+#include "Drawing.h"
 #include "KeySentence.h"
 #include "PaneHead.h"
 #include "PlacementIcon.h"
@@ -20,25 +20,14 @@ namespace {
 constexpr double rowHeight = 40;
 
 /// What a placement does, as a picture.
-class PlacementPicture final : public QWidget
+Drawing *pictureOf(Placement placement)
 {
-public:
-    explicit PlacementPicture(Placement placement) : m_placement(placement)
-    {
-        setFixedSize(Board::length(20), Board::length(16));
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        PlacementIcon::paint(painter, rect(), m_placement,
-            PlacementIcon::colors(BoardStyle::shared().colors(), PlacementIcon::Form::plain));
-    }
-
-private:
-    Placement m_placement;
-};
+    return new Drawing({20, 16},
+        [placement](QPainter &painter, const QRectF &rect, const Board::Palette &palette) {
+            PlacementIcon::paint(painter, rect, placement,
+                PlacementIcon::colors(palette, PlacementIcon::Form::plain));
+        });
+}
 
 } // namespace
 
@@ -104,7 +93,7 @@ void ShortcutsPane::addPlacement(Card &card, Placement placement)
     };
     recorder->onCancel = [this] { m_model.endRecording(); };
     m_recorders.insert(placement, recorder);
-    layout->addWidget(new PlacementPicture(placement));
+    layout->addWidget(pictureOf(placement));
     layout->addWidget(new BoardText(corvane::title(placement)), 1);
     layout->addWidget(recorder);
     card.addRow(row);

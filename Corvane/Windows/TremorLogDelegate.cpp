@@ -32,13 +32,6 @@ QFont strong(QFont font)
     return font;
 }
 
-QFont smallNumerals()
-{
-    QFont font = Board::font(Board::Type::numerals);
-    font.setPixelSize(Board::length(11));
-    return font;
-}
-
 /// The row's share of its day's card.
 void drawCard(QPainter &painter, const QRectF &rect, const TremorLogModel::Row &row)
 {
@@ -109,7 +102,7 @@ void drawDay(QPainter &painter, const QStyleOptionViewItem &option, const Tremor
     const Board::Palette &palette = BoardStyle::shared().colors();
     Run run(painter, option.rect.adjusted(0, Board::length(12), 0, 0), option.direction);
     const QString counts = TremorLogModel::counts(row);
-    const QFont numerals = smallNumerals();
+    const QFont numerals = Board::font(Board::Type::smallNumerals);
     run.text(run.takeEnd(widthOf(numerals, counts), Board::length(12)), numerals, palette.muted,
         counts, Qt::AlignTrailing);
     run.text(run.take(run.left()), strong(Board::font(Board::Type::body)), palette.fore,

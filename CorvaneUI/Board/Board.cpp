@@ -110,9 +110,10 @@ QFont font(Type type)
         font.setLetterSpacing(QFont::PercentageSpacing, 109);
         return font;
     }
-    case Type::numerals: {
+    case Type::numerals:
+    case Type::smallNumerals: {
         QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        font.setPixelSize(body.pixelSize());
+        font.setPixelSize(type == Type::numerals ? body.pixelSize() : length(11));
         return font;
     }
     }

@@ -36,6 +36,7 @@ enum class Type {
     secondary,
     label, ///< of a section: capitals, spaced
     numerals, ///< of one width: numbers, dates and measures
+    smallNumerals, ///< of one width: places and counts
 };
 
 [[nodiscard]] const Palette &palette(const DesktopLook &look);

@@ -1,30 +1,12 @@
 #include "CorvaneMark.h"
 
-#include "BoardStyle.h"
 #include "DevicePixels.h"
+#include "Drawing.h"
 #include "DrawnIcon.h"
 
 #include <QtGui/QPainter>
-#include <QtWidgets/QWidget>
 
 namespace corvane::CorvaneMark {
-
-namespace {
-
-class MarkWidget final : public QWidget
-{
-public:
-    explicit MarkWidget(double side) { setFixedSize(Board::length(side), Board::length(side)); }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        paint(painter, rect(), BoardStyle::shared().colors());
-    }
-};
-
-} // namespace
 
 void paint(QPainter &painter, const QRectF &rect, const Board::Palette &palette)
 {
@@ -60,7 +42,7 @@ QIcon icon()
 
 QWidget *widget(double side)
 {
-    return new MarkWidget(side);
+    return new Drawing({side, side}, paint);
 }
 
 } // namespace corvane::CorvaneMark

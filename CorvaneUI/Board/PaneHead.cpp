@@ -21,12 +21,8 @@ PaneHead::PaneHead(int numeral, int of, const QString &title, QWidget *parent) :
     row->setContentsMargins(0, 0, 0, Board::length(16));
     row->setSpacing(Board::length(12));
     auto *place = new BoardText(
-        u"%1/%2"_s.arg(numeral).arg(of), Board::Type::numerals, &Board::Palette::muted);
-    QFont small = place->font();
-    small.setPixelSize(Board::length(11));
-    place->setFont(small);
+        u"%1/%2"_s.arg(numeral).arg(of), Board::Type::smallNumerals, &Board::Palette::muted);
     auto *name = new BoardText(title, Board::Type::title);
-    name->setObjectName(u"paneTitle"_s);
     m_trailing = new BoardText({}, Board::Type::secondary, &Board::Palette::muted);
     row->addWidget(place);
     row->addWidget(name, 1);
