@@ -7,7 +7,7 @@
 namespace corvane::freedesktop {
 
 /// The applications that are described to the system. They are read when they are first asked for,
-/// and again when a folder of theirs has changed.
+/// and when a folder of theirs has changed, those whose files have changed again.
 class DesktopEntries final
 {
 public:
@@ -30,17 +30,30 @@ private:
         bool operator==(const Folder &) const = default;
     };
 
+    struct File {
+        QString path;
+        qint64 changed = 0; ///< its contents, name or rights; as above
+
+        bool operator==(const File &) const = default;
+    };
+
+    /// What was read at one time.
+    struct Reading {
+        qint64 at = 0;
+        QList<Folder> folders{};
+        QHash<QString, File> files{}; ///< by id
+        QList<DesktopEntry> entries{}; ///< by id, but for deleted ones
+    };
+
     void renew();
     void read();
-    void readFolder(const QString &root);
+    void readFolder(const QString &root, const Reading &before);
+    [[nodiscard]] DesktopEntry read(const QString &id, const Reading &before) const;
     [[nodiscard]] bool isCurrent() const;
     void findPrograms();
 
-    QList<Folder> m_folders;
-    qint64 m_readAt = 0;
+    Reading m_reading;
     quint64 m_revision = 0;
-    QHash<QString, QString> m_paths; ///< by id
-    QList<DesktopEntry> m_entries;
     std::optional<QMultiHash<QString, qsizetype>> m_programs; ///< indices by name and path
 };
 

@@ -39,6 +39,13 @@ Fault flawOf(const KeyFile &file)
     return opensNothing && !file.flag("DBusActivatable") ? Fault::noProgram : Fault::none;
 }
 
+/// An application whose name is generic has only a comment to tell what it is for.
+QString purposeOf(const KeyFile &file, const QString &name)
+{
+    const QString generic = file.text("GenericName");
+    return generic.isEmpty() || generic == name ? file.text("Comment") : generic;
+}
+
 bool opensWindow(QByteArray action)
 {
     static constexpr std::array names{"newwindow", "newemptywindow", "windownew", "opennewwindow"};
@@ -55,6 +62,8 @@ DesktopEntry readDesktopEntry(const QString &path, const QString &id)
     return {.id = id,
         .path = path,
         .name = name.isEmpty() ? id : name,
+        .purpose = purposeOf(file, name),
+        .keywords = file.text("Keywords").split(u';', Qt::SkipEmptyParts),
         .flaw = flawOf(file),
         .exec = file.value("Exec"),
         .tryExec = file.value("TryExec"),
@@ -94,6 +103,18 @@ Fault fault(const DesktopEntry &entry)
     if (command.isEmpty())
         return Fault::noProgram;
     return programPath(command.first()).isEmpty() ? Fault::missingProgram : Fault::none;
+}
+
+std::optional<InstalledApplication> installed(const DesktopEntry &entry)
+{
+    if (entry.isDeleted || fault(entry) != Fault::none)
+        return std::nullopt;
+    return InstalledApplication{.id = entry.id,
+        .name = entry.name,
+        .purpose = entry.purpose,
+        .keywords = entry.keywords,
+        .iconName = QString::fromUtf8(entry.icon),
+        .isHidden = !entry.isOffered};
 }
 
 Installation installation(const DesktopEntry &entry)

@@ -19,7 +19,9 @@ struct DesktopEntry {
 
     QString id; ///< the file's name without ".desktop"
     QString path;
-    QString name; ///< in the user's language
+    QString name; ///< in the user's language, as the next two
+    QString purpose; ///< its generic name, else a comment
+    QStringList keywords;
     Fault flaw = Fault::none; ///< that the file itself has
     QByteArray exec; ///< with its quotes and field codes
     QByteArray tryExec;
@@ -50,6 +52,8 @@ struct DesktopAction {
 /// Why the application cannot be opened now: its program may come and go while the entry stays the
 /// same.
 [[nodiscard]] DesktopEntry::Fault fault(const DesktopEntry &entry);
+/// Nothing where the application cannot be opened.
+[[nodiscard]] std::optional<InstalledApplication> installed(const DesktopEntry &entry);
 [[nodiscard]] Installation installation(const DesktopEntry &entry);
 
 } // namespace corvane::freedesktop

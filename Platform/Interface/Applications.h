@@ -39,6 +39,18 @@ struct Installation {
     bool operator==(const Installation &) const = default;
 };
 
+/// An application that can be opened, as it describes itself to its users. Texts are in their language.
+struct InstalledApplication {
+    QString id; ///< the bundle identifier that it has while it runs
+    QString name;
+    QString purpose{}; ///< in a few words; may be empty
+    QStringList keywords{}; ///< that it may be sought by
+    QString iconName{}; ///< in the icon theme, or a file's absolute path; may be empty
+    bool isHidden = false; ///< the desktop's menus do not offer it
+
+    bool operator==(const InstalledApplication &) const = default;
+};
+
 /// The applications of this desktop, by the windows that they show, and how to open and quit them.
 class Applications : public QObject
 {
@@ -58,6 +70,11 @@ public:
     /// The application that has the focus, if any has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmost() = 0;
 
+    /// Every application that can be opened, whether menus offer it or not, by identifier.
+    [[nodiscard]] virtual QList<InstalledApplication> installed() = 0;
+    /// The one of them that has this identifier.
+    [[nodiscard]] virtual std::optional<InstalledApplication> installed(
+        const QString &bundleIdentifier) = 0;
     [[nodiscard]] virtual Installation installation(const QString &bundleIdentifier) = 0;
     /// Opens the application without activating it, where the desktop allows that. Its windows come
     /// later, perhaps in another process or never. The error is one sentence.

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Edge = SimulatedPanel::Edge;
-using FurtherStart = InstalledApplication::FurtherStart;
+using FurtherStart = SimulatedInstallation::FurtherStart;
 using Time = SimulatedPlatform::Time;
 
 constexpr EnumTable<Edge::right, NamedCase<Edge>> edgeTable{{{
@@ -103,13 +103,19 @@ WindowSpec windowFrom(const DeskReader &reader)
     return window;
 }
 
-InstalledApplication applicationFrom(const DeskReader &reader)
+SimulatedInstallation applicationFrom(const DeskReader &reader)
 {
-    InstalledApplication application;
+    SimulatedInstallation application;
     application.bundleIdentifier = reader.at(u"id"_s).text();
     if (application.bundleIdentifier.isEmpty())
         reader.at(u"id"_s).reject(u"a text that names the application"_s);
     application.name = reader.at(u"name"_s).text(application.bundleIdentifier);
+    application.purpose = reader.at(u"purpose"_s).text();
+    for (const DeskReader &keyword : reader.at(u"keywords"_s).list())
+        application.keywords << keyword.text();
+    application.iconName = reader.at(u"icon"_s).text();
+    if (reader.at(u"hidden"_s).boolean(false))
+        application.state = Installation::State::hidden;
     for (const DeskReader &window : reader.at(u"windows"_s).list())
         application.windows << windowFrom(window);
     if (reader.at(u"opens"_s).boolean(true))
@@ -135,7 +141,7 @@ void openApplications(const QList<DeskReader> &readers, SimulatedDesktop &deskto
     std::optional<WindowElement> focused;
     std::optional<WindowElement> frontmost;
     for (const DeskReader &reader : readers | std::views::reverse) {
-        const InstalledApplication application = applicationFrom(reader);
+        const SimulatedInstallation application = applicationFrom(reader);
         desktop.install(application);
         if (!reader.at(u"running"_s).boolean(true))
             continue;

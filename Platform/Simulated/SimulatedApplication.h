@@ -23,7 +23,7 @@ struct SimulatedApplication {
 };
 
 /// An application that can be launched, and what happens then.
-struct InstalledApplication {
+struct SimulatedInstallation {
     /// What a further start does while it runs.
     enum class FurtherStart { process, window, windowIfItHasNone };
 
@@ -39,6 +39,10 @@ struct InstalledApplication {
     FurtherStart furtherStart = FurtherStart::process;
     bool opensFurtherWindows = false; ///< when asked for one, whatever a further start does
     bool hasOneWindow = false; ///< and says so
+    // What it says of itself to its users
+    QString purpose{};
+    QStringList keywords{};
+    QString iconName{};
 };
 
 } // namespace corvane

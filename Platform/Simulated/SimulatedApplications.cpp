@@ -1,8 +1,26 @@
 #include "SimulatedApplications.h"
 
+#include <algorithm>
+
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<InstalledApplication> describe(const SimulatedInstallation &installation)
+{
+    if (installation.state == Installation::State::broken)
+        return std::nullopt;
+    return InstalledApplication{.id = installation.bundleIdentifier,
+        .name = installation.name,
+        .purpose = installation.purpose,
+        .keywords = installation.keywords,
+        .iconName = installation.iconName,
+        .isHidden = installation.state == Installation::State::hidden};
+}
+
+} // namespace
 
 SimulatedApplications::SimulatedApplications(SimulatedDesktop &desktop) : m_desktop(desktop)
 {
@@ -45,9 +63,27 @@ std::optional<RunningApplication> SimulatedApplications::frontmost()
     return focused ? applicationOf(*focused) : std::nullopt;
 }
 
+QList<InstalledApplication> SimulatedApplications::installed()
+{
+    QList<InstalledApplication> all;
+    for (const SimulatedInstallation &each : m_desktop.installations()) {
+        if (const auto described = describe(each))
+            all << *described;
+    }
+    std::ranges::sort(all, {}, &InstalledApplication::id);
+    return all;
+}
+
+std::optional<InstalledApplication> SimulatedApplications::installed(
+    const QString &bundleIdentifier)
+{
+    const SimulatedInstallation *found = m_desktop.installed(bundleIdentifier);
+    return found ? describe(*found) : std::nullopt;
+}
+
 Installation SimulatedApplications::installation(const QString &bundleIdentifier)
 {
-    const InstalledApplication *found = m_desktop.installed(bundleIdentifier);
+    const SimulatedInstallation *found = m_desktop.installed(bundleIdentifier);
     return found ? Installation{found->state, found->name} : Installation{};
 }
 
@@ -61,7 +97,7 @@ expected<void, QString> SimulatedApplications::openWindow(const QString &bundleI
     if (const auto can = canBeOpened(bundleIdentifier); !can)
         return can;
     m_desktop.catchUp();
-    const InstalledApplication &found = *m_desktop.installed(bundleIdentifier);
+    const SimulatedInstallation &found = *m_desktop.installed(bundleIdentifier);
     const auto pid = m_desktop.processOf(bundleIdentifier);
     const bool hasWindow = pid && m_desktop.hasWindow(*pid, bundleIdentifier);
     if (hasWindow && found.opensFurtherWindows) {

@@ -38,8 +38,9 @@ public:
     [[nodiscard]] QList<ScreenInfo> screens() const;
 
     // Applications
-    void install(InstalledApplication application);
-    [[nodiscard]] const InstalledApplication *installed(const QString &bundleIdentifier) const;
+    void install(SimulatedInstallation application);
+    [[nodiscard]] const QList<SimulatedInstallation> &installations() const { return m_installed; }
+    [[nodiscard]] const SimulatedInstallation *installed(const QString &bundleIdentifier) const;
     /// Starts an installed application, without taking the focus; one that runs does what it does
     /// at a further start. Nothing if it is not installed.
     std::optional<pid_t> launch(const QString &bundleIdentifier);
@@ -47,7 +48,7 @@ public:
     [[nodiscard]] std::optional<pid_t> processOf(const QString &bundleIdentifier) const;
     [[nodiscard]] bool hasWindow(pid_t pid, const QString &bundleIdentifier);
     /// The running application opens its first window once more, as late as it opens them.
-    void openFurther(pid_t pid, const InstalledApplication &application);
+    void openFurther(pid_t pid, const SimulatedInstallation &application);
     /// Starts a process, which has no window yet. Its number, unless one is given, is none of this
     /// machine's.
     pid_t start(const QString &bundleIdentifier, const QString &name, pid_t pid = 0);
@@ -126,7 +127,7 @@ private:
     quint32 m_lastDisplayID = 0;
     bool m_displayChangePending = false;
 
-    QList<InstalledApplication> m_installed;
+    QList<SimulatedInstallation> m_installed;
     std::map<pid_t, SimulatedApplication> m_applications;
     pid_t m_lastPid = 1 << 22; ///< the kernel's own numbers end there
 

@@ -7,24 +7,24 @@
 
 namespace corvane {
 
-void SimulatedDesktop::install(InstalledApplication application)
+void SimulatedDesktop::install(SimulatedInstallation application)
 {
     m_installed << std::move(application);
 }
 
-const InstalledApplication *SimulatedDesktop::installed(const QString &bundleIdentifier) const
+const SimulatedInstallation *SimulatedDesktop::installed(const QString &bundleIdentifier) const
 {
     const auto found =
-        std::ranges::find(m_installed, bundleIdentifier, &InstalledApplication::bundleIdentifier);
+        std::ranges::find(m_installed, bundleIdentifier, &SimulatedInstallation::bundleIdentifier);
     return found == m_installed.end() ? nullptr : &*found;
 }
 
 std::optional<pid_t> SimulatedDesktop::launch(const QString &bundleIdentifier)
 {
-    const InstalledApplication *found = installed(bundleIdentifier);
+    const SimulatedInstallation *found = installed(bundleIdentifier);
     if (!found)
         return std::nullopt;
-    using enum InstalledApplication::FurtherStart;
+    using enum SimulatedInstallation::FurtherStart;
     if (const auto running = processOf(bundleIdentifier);
         running && found->furtherStart != process) {
         if (found->furtherStart == window || !hasWindow(*running, bundleIdentifier))
@@ -79,7 +79,7 @@ bool SimulatedDesktop::hasWindow(pid_t pid, const QString &bundleIdentifier)
     });
 }
 
-void SimulatedDesktop::openFurther(pid_t pid, const InstalledApplication &application)
+void SimulatedDesktop::openFurther(pid_t pid, const SimulatedInstallation &application)
 {
     if (!application.opensAfter || application.windows.isEmpty())
         return;
@@ -148,7 +148,7 @@ RunningApplication SimulatedDesktop::roleOf(const SimulatedWindow &window)
 {
     const SimulatedApplication &owner = application(window.pid);
     const QString &id = window.application;
-    const InstalledApplication *found = installed(id);
+    const SimulatedInstallation *found = installed(id);
     const QString foreignName = found ? found->name : id;
     return {window.pid, id.isEmpty() ? owner.bundleIdentifier : id,
         id.isEmpty() ? owner.name : foreignName, window.isListed()};

@@ -110,6 +110,22 @@ std::optional<RunningApplication> X11Applications::frontmost()
     return owner ? owner : application(known->pid);
 }
 
+QList<InstalledApplication> X11Applications::installed()
+{
+    QList<InstalledApplication> all;
+    for (const freedesktop::DesktopEntry &entry : m_entries.all()) {
+        if (const auto described = freedesktop::installed(entry))
+            all << *described;
+    }
+    return all;
+}
+
+std::optional<InstalledApplication> X11Applications::installed(const QString &bundleIdentifier)
+{
+    const auto entry = m_entries.entry(bundleIdentifier);
+    return entry ? freedesktop::installed(*entry) : std::nullopt;
+}
+
 Installation X11Applications::installation(const QString &bundleIdentifier)
 {
     const auto entry = m_entries.entry(bundleIdentifier);

@@ -28,6 +28,8 @@ public:
     QStringList formerIdentifiers(const WindowElement &window) override;
     std::optional<RunningApplication> frontmost() override;
 
+    QList<InstalledApplication> installed() override;
+    std::optional<InstalledApplication> installed(const QString &bundleIdentifier) override;
     Installation installation(const QString &bundleIdentifier) override;
     expected<void, QString> open(const QString &bundleIdentifier) override;
     expected<void, QString> openWindow(const QString &bundleIdentifier) override;

@@ -70,8 +70,37 @@ TEST_F(DesktopEntryTests, anEntryIsFoundByItsPathUnderTheUsersFolderThenTheSyste
     EXPECT_TRUE(eventually([&, last = quint64(0)]() mutable {
         return std::exchange(last, entries.revision()) == entries.revision();
     }));
+    install(u"changed"_s, "Icon=anew");
+    install(u"another"_s);
+    EXPECT_EQ(entries.all().last().icon, "anew");
     for (const QString &id : {u""_s, u"unknown"_s, u"../applications/changed"_s, u"Changed"_s})
         EXPECT_EQ(entries.entry(id), std::nullopt) << qPrintable(id);
+}
+
+TEST_F(DesktopEntryTests, anApplicationIsDescribedInTheUsersLanguageWhereverItsEntryLies)
+{
+    qputenv("LANGUAGE", "de");
+    install(u"web"_s, "GenericName=Browser\nComment=Reads\nKeywords=web;\nIcon=globe", u"system"_s);
+    install(u"web"_s,
+        "GenericName[de]=Netz\nGenericName=Net\nKeywords[de]=Welt;Netz;\nKeywords=world\nIcon=web");
+    install(u"plain"_s, "GenericName=Application\nComment=Does things\nNoDisplay=true");
+    install(u"sandboxed"_s, {}, u"home/flatpak/exports/share"_s);
+    install(u"gone"_s, {}, u"system"_s);
+    install(u"gone"_s, "Hidden=true");
+    install(u"broken"_s, "Exec=no-such-program");
+    install(u"link"_s, "Type=Link\nExec=true");
+    QList<InstalledApplication> all;
+    for (const DesktopEntry &entry : entries.all())
+        all << installed(entry).value_or(InstalledApplication{});
+    qunsetenv("LANGUAGE");
+    all.removeAll(InstalledApplication{});
+
+    const QString name = u"Application"_s;
+    EXPECT_THAT(all,
+        ElementsAre(InstalledApplication{u"plain"_s, name, u"Does things"_s, {}, {}, true},
+            InstalledApplication{u"sandboxed"_s, name, {}, {}, {}, false},
+            InstalledApplication{
+                u"web"_s, name, u"Netz"_s, {u"Welt"_s, u"Netz"_s}, u"web"_s, false}));
 }
 
 TEST_F(DesktopEntryTests, anExecLineBecomesWordsWithItsFieldsFilledIn)

@@ -109,6 +109,10 @@ TEST_P(PlatformContract, anOpenedApplicationLeavesTheFocusToTheUserAndWhatCannot
             EXPECT_TRUE(!opened && opened.error().endsWith(u'.'));
     }
     EXPECT_EQ(applications().installation(id), (Installation{hidden, u"Opened"_s}));
+    const InstalledApplication described{.id = id, .name = u"Opened"_s, .isHidden = true};
+    EXPECT_EQ(applications().installed(id), described);
+    EXPECT_THAT(applications().installed(), Contains(described));
+    EXPECT_EQ(applications().installed(u"broken"_s), std::nullopt);
     const WindowElement users = open();
     EXPECT_TRUE(eventually([&] { return !launched.isEmpty(); }));
 

@@ -203,7 +203,7 @@ TEST_F(LayoutEngineTests, aPaneThatNamesItsWindowClaimsItFirstAndTakesNoOther)
 
 TEST_F(LayoutEngineTests, appsAreOpenedAndAskedForWindowsOneByOneAndNoneTooMany)
 {
-    using enum InstalledApplication::FurtherStart;
+    using enum SimulatedInstallation::FurtherStart;
     const QString both = u"placed placed"_s;
     const QString neither = u"launched launched"_s;
     const QString onlyOne = u"placed noWindow"_s;
@@ -215,7 +215,7 @@ TEST_F(LayoutEngineTests, appsAreOpenedAndAskedForWindowsOneByOneAndNoneTooMany)
     const QList<Pane> three = two + QList{left(mail)};
     // The windows open at first; at 0 it does not run, below it lives on without any. The panes, what
     // becomes of them, the windows open then, and how long it lasts.
-    using Example = std::tuple<const char *, InstalledApplication, int, QList<Pane>, QString, int,
+    using Example = std::tuple<const char *, SimulatedInstallation, int, QList<Pane>, QString, int,
         Clock::Duration>;
     const Example examples[]{
         {"at once", {.windows = pair}, 0, opened, both, 2, 2500ms},
@@ -238,7 +238,7 @@ TEST_F(LayoutEngineTests, appsAreOpenedAndAskedForWindowsOneByOneAndNoneTooMany)
         SCOPED_TRACE(name);
         Desk desk;
         desk.open();
-        InstalledApplication application = habits;
+        SimulatedInstallation application = habits;
         application.bundleIdentifier = mail.bundleID;
         if (application.windows.isEmpty())
             application.windows << WindowSpec{.title = u"New"_s};
@@ -277,7 +277,7 @@ TEST(LateWindowTests, aLateWindowDelaysNoOtherAndJoinsTheStackWithoutTheFocus)
         {u"U"_s, 3s, u"UALC"_s}};
     const QList<Pane> panes{Desk::left(Desk::editorApp, u"A"_s, 0),
         Desk::left(Desk::editorApp, u"C"_s, 2), Desk::left(Desk::mail, u"L"_s, 1)};
-    const InstalledApplication slow{
+    const SimulatedInstallation slow{
         .bundleIdentifier = Desk::mail.bundleID, .windows = {{.title = u"L"_s}}, .opensAfter = 3s};
 
     for (const auto &[focused, time, stack] : examples) {
