@@ -45,4 +45,6 @@ bool FreedesktopOwnWindows::showsTranslucency()
 
 void FreedesktopOwnWindows::setListed(quint64, bool) { }
 
+void FreedesktopOwnWindows::setOverlay(quint64, const Rect &) { }
+
 } // namespace corvane::freedesktop

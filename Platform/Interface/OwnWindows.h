@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Rect.h"
+
 #include <QtCore/QObject>
 
 namespace corvane {
@@ -48,6 +50,9 @@ public:
     [[nodiscard]] virtual bool showsTranslucency() = 0;
     /// Whether task bar and switcher list this window. Lasts until the window is closed.
     virtual void setListed(quint64 window, bool isListed) = 0;
+    /// Has a window without a frame of its own, which is shown next, stand there to the pixel and above
+    /// all others. In accessibility coordinates.
+    virtual void setOverlay(quint64 window, const Rect &frame) = 0;
 
 Q_SIGNALS:
     void trayChanged();

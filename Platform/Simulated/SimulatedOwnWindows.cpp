@@ -35,6 +35,11 @@ void SimulatedOwnWindows::setListed(quint64 window, bool isListed)
     listed.insert(window, isListed);
 }
 
+void SimulatedOwnWindows::setOverlay(quint64, const Rect &frame)
+{
+    overlays << frame;
+}
+
 void SimulatedOwnWindows::changeTray(const Tray &tray)
 {
     m_tray = tray;

@@ -21,6 +21,7 @@ public:
     void setTakesAllKeys(quint64 window, bool takesAll) override;
     bool showsTranslucency() override;
     void setListed(quint64 window, bool isListed) override;
+    void setOverlay(quint64 window, const Rect &frame) override;
 
     /// As panels that come and go do.
     void changeTray(const Tray &tray);
@@ -29,6 +30,7 @@ public:
     bool blendsWindows = true;
     QSet<quint64> takingAllKeys; ///< windows
     QHash<quint64, bool> listed; ///< by window
+    QList<Rect> overlays; ///< all that were asked for, those that are gone, too
     QStringList broughtForward; ///< the tokens
 
 private:

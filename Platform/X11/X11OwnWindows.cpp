@@ -130,6 +130,22 @@ void X11OwnWindows::setListed(quint64 number, bool isListed)
     xcb_flush(m_connection.xcb());
 }
 
+// Qt knows frames only in its own points, each of which may be several pixels. By Qt's connection, so that
+// the window stands there before Qt shows it.
+void X11OwnWindows::setOverlay(quint64 number, const Rect &frame)
+{
+    xcb_connection_t *connection = QtX11::connection();
+    if (!connection)
+        return;
+    const auto pixels = [](double length) { return quint32(qRound(length)); };
+    const quint32 values[]{pixels(frame.x), pixels(frame.y), pixels(frame.width),
+        pixels(frame.height), XCB_STACK_MODE_ABOVE};
+    xcb_configure_window(connection, static_cast<xcb_window_t>(number),
+        XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+            | XCB_CONFIG_WINDOW_HEIGHT | XCB_CONFIG_WINDOW_STACK_MODE,
+        values);
+}
+
 bool X11OwnWindows::isManaged(xcb_window_t window)
 {
     constexpr quint32 withdrawn = 0;

@@ -23,6 +23,7 @@ public:
     bool showsTranslucency() override;
     /// Returns once a window that is shown next will be shown that way.
     void setListed(quint64 window, bool isListed) override;
+    void setOverlay(quint64 window, const Rect &frame) override;
 
 private:
     void endStartup(xcb_window_t window, const QString &token);
