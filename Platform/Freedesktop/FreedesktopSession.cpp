@@ -28,6 +28,7 @@ FreedesktopSession::FreedesktopSession(const QDBusConnection &bus)
     : m_bus(bus), m_notifications(bus), m_appearance(bus)
 {
     connect(&m_appearance, &DesktopAppearance::changed, this, &Session::lookChanged);
+    connect(&m_notifications, &Notifications::clicked, this, &Session::notificationClicked);
 }
 
 bool FreedesktopSession::openAddress(const QUrl &address)
@@ -97,9 +98,10 @@ void FreedesktopSession::openLoginItems()
         reveal(QUrl::fromLocalFile(autostartEntry().path()));
 }
 
-void FreedesktopSession::notify(const QString &id, const QString &title, const QString &body)
+void FreedesktopSession::notify(
+    const QString &id, const QString &title, const QString &body, const QString &action)
 {
-    m_notifications.show(id, title, body);
+    m_notifications.show(id, {title, body, action});
 }
 
 DesktopLook FreedesktopSession::look()

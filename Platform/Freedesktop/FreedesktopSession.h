@@ -22,7 +22,8 @@ public:
     LoginItem loginItem() override;
     expected<void, QString> setLoginItem(bool opensAtLogin) override;
     void openLoginItems() override;
-    void notify(const QString &id, const QString &title, const QString &body) override;
+    void notify(const QString &id, const QString &title, const QString &body,
+        const QString &action = {}) override;
     DesktopLook look() override;
     /// Always false: Wayland compositors tell no program.
     bool isPointerButtonDown() override;

@@ -55,8 +55,10 @@ public:
     virtual void openLoginItems() = 0;
 
     /// Shows a notification, in place of the one that was shown under this id before. Returns at
-    /// once; where nothing shows notifications, it is lost.
-    virtual void notify(const QString &id, const QString &title, const QString &body) = 0;
+    /// once; where nothing shows notifications, it is lost. With an `action`, the words for what a
+    /// click on it does, `notificationClicked` tells of that click.
+    virtual void notify(const QString &id, const QString &title, const QString &body,
+        const QString &action = {}) = 0;
 
     /// Light until the desktop has said otherwise, which may be a while after the start.
     [[nodiscard]] virtual DesktopLook look() = 0;
@@ -67,6 +69,8 @@ public:
 
 Q_SIGNALS:
     void lookChanged(const corvane::DesktopLook &look);
+    /// `token` is the permission for a window to come to the front; empty where there is none.
+    void notificationClicked(const QString &id, const QString &token);
 };
 
 } // namespace corvane

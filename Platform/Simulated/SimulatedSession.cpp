@@ -40,10 +40,11 @@ expected<void, QString> SimulatedSession::setLoginItem(bool opensAtLogin)
 
 void SimulatedSession::openLoginItems() { }
 
-void SimulatedSession::notify(const QString &id, const QString &title, const QString &body)
+void SimulatedSession::notify(
+    const QString &id, const QString &title, const QString &body, const QString &action)
 {
     notifications.removeIf([&id](const Notification &each) { return each.id == id; });
-    notifications.append({id, title, body});
+    notifications.append({id, title, body, action});
 }
 
 DesktopLook SimulatedSession::look()

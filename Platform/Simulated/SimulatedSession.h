@@ -17,6 +17,7 @@ public:
         QString id;
         QString title;
         QString body;
+        QString action = {};
 
         bool operator==(const Notification &) const = default;
     };
@@ -29,7 +30,8 @@ public:
     LoginItem loginItem() override;
     expected<void, QString> setLoginItem(bool opensAtLogin) override;
     void openLoginItems() override;
-    void notify(const QString &id, const QString &title, const QString &body) override;
+    void notify(const QString &id, const QString &title, const QString &body,
+        const QString &action) override;
     DesktopLook look() override;
     bool isPointerButtonDown() override;
 

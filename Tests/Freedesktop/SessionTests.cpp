@@ -37,6 +37,34 @@ TEST_F(SessionTests, aNotificationTakesThePlaceOfTheLastOneWithItsIdOnceThatIsKn
             u"0 another"_s, u"0 fourth"_s));
 }
 
+TEST_F(SessionTests, aClickOnANotificationThatLeadsSomewhereIsToldWithItsToken)
+{
+    FakeService service{u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s};
+    QStringList clicks;
+    QObject::connect(&session, &Session::notificationClicked, &session,
+        [&](const QString &id, const QString &token) { clicks << id + u' ' + token; });
+    session.notify(u"a"_s, {}, {}, u"Show"_s);
+    session.notify(u"b"_s, {}, {});
+    ASSERT_TRUE(service.hears(2));
+    EXPECT_EQ(service.argument(0, 5), (QStringList{u"default"_s, u"Show"_s}));
+    EXPECT_EQ(service.argument(1, 5), QStringList());
+    service.answer(0, {7u});
+    const auto tell = [&](const QString &name, quint32 number, const QString &text) {
+        auto signal = QDBusMessage::createSignal(
+            u"/org/freedesktop/Notifications"_s, u"org.freedesktop.Notifications"_s, name);
+        service.bus.send(signal << number << text);
+    };
+
+    tell(u"ActivationToken"_s, 7, u"token"_s);
+    tell(u"ActionInvoked"_s, 7, u"default"_s);
+    tell(u"ActionInvoked"_s, 8, u"default"_s); // another program's
+    tell(u"ActionInvoked"_s, 7, u"other"_s);
+    tell(u"ActionInvoked"_s, 7, u"default"_s);
+
+    EXPECT_TRUE(eventually([&] { return clicks.size() >= 2; }));
+    EXPECT_THAT(clicks, ElementsAre(u"a token"_s, u"a "_s));
+}
+
 TEST_F(SessionTests, theLookIsWhatThePortalSaysHoweverWrappedAndOnlyRealChangesAreTold)
 {
     qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
