@@ -103,8 +103,10 @@ public:
     WindowLayout newEmptyLayout() { return m_layouts.addEmpty(); }
     /// Adds a layout of the windows on screen.
     [[nodiscard]] expected<WindowLayout, QString> captureCurrentWindows(const QString &name);
+    auto addSampleLayout(const WindowLayout &layout) { return m_layouts.addSample(layout); }
     auto duplicateLayout(const QUuid &id) { return m_layouts.duplicate(id); }
     void deleteLayout(const QUuid &id) { m_layouts.remove(id); }
+    void moveLayout(const QUuid &id, qsizetype index) { m_layouts.move(id, index); }
     void renameLayout(const QUuid &id, const QString &name) { m_layouts.rename(id, name); }
     void updateLayout(const WindowLayout &layout, const QString &undoTitle)
     {

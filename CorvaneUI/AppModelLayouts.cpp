@@ -27,8 +27,17 @@ void AppModel::connectLayouts()
         if (onLayoutMoved && window.frame() != previous)
             onLayoutMoved(window, previous);
     };
+    m_layoutApplier.onBegun = [this](const QUuid &layout) {
+        applyProgress = ApplyProgress{};
+        applying = layout;
+    };
+    m_layoutApplier.engine().onProgress = [this](
+                                              const QList<PaneResult> &settled, qsizetype waiting) {
+        applyProgress = ApplyProgress{settled, waiting};
+    };
     m_layoutApplier.onApplied = [this](const QUuid &layout, const QList<PaneResult> &results) {
         lastApply = LastApply{layout, results, Platform::current().clock().date()};
+        applying = QUuid();
     };
 }
 

@@ -9,12 +9,8 @@
 namespace corvane {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
-
-constexpr Clock::Duration launchWait = 8s;
-constexpr Clock::Duration retryFor = 20s;
 
 bool isPlaced(const PaneResult &result)
 {
@@ -36,6 +32,8 @@ QCoro::Task<QList<PaneResult>> LayoutApplier::apply(
 {
     const quint64 number = ++m_applies;
     m_layoutName = layout.name;
+    if (onBegun)
+        onBegun(layout.id);
     const QList<PaneResult> results = co_await m_engine.apply(layout, launchWait, retryFor, follow);
     const bool isLatest = number == m_applies;
     FlightRecorder::shared().record(u"layout"_s,

@@ -11,8 +11,14 @@ class LayoutApplier final
 public:
     using WriteDown = std::function<void(const QList<ActivityEntry> &)>;
 
+    /// How long an app that is opened has to show a window.
+    static constexpr Clock::Duration launchWait = std::chrono::seconds(8);
+    /// How long panes that still have no window wait for one after that.
+    static constexpr Clock::Duration retryFor = std::chrono::seconds(20);
+
     explicit LayoutApplier(WriteDown writeDown);
 
+    std::function<void(const QUuid &layout)> onBegun;
     /// Told of an apply that no newer one has ended.
     std::function<void(const QUuid &layout, const QList<PaneResult> &results)> onApplied;
 

@@ -63,6 +63,8 @@ void LayoutLibrary::read()
     m_stamp = stampNow();
     auto [layouts, problem] = m_store.loadKeepingUnreadable();
     const bool keepsOthers = problem && !m_layouts.isEmpty();
+    if (const auto sample = layout(m_sample))
+        layouts << *sample;
     if (keepsOthers)
         addOthers(layouts, m_layouts);
     m_layouts = std::move(layouts);
@@ -109,6 +111,21 @@ expected<WindowLayout, QString> LayoutLibrary::addCaptured(
     return add(captured, tr("Capture Current Windows")).map([&captured] { return captured; });
 }
 
+WindowLayout LayoutLibrary::addSample(WindowLayout layout)
+{
+    refresh();
+    layout.id = m_sample;
+    m_history.setSaved(layout);
+    std::ignore = replaceAll(withoutSample(m_layouts) << layout);
+    return layout;
+}
+
+QList<WindowLayout> LayoutLibrary::withoutSample(QList<WindowLayout> layouts) const
+{
+    layouts.removeIf([this](const WindowLayout &each) { return each.id == m_sample; });
+    return layouts;
+}
+
 std::optional<WindowLayout> LayoutLibrary::duplicate(const QUuid &id)
 {
     refresh();
@@ -148,6 +165,18 @@ void LayoutLibrary::rename(const QUuid &id, const QString &name)
     update(*renamed, tr("Rename Layout"));
 }
 
+void LayoutLibrary::move(const QUuid &id, qsizetype index)
+{
+    refresh();
+    QList<WindowLayout> layouts = m_layouts;
+    const auto moved = std::ranges::find(layouts, id, &WindowLayout::id);
+    if (moved == layouts.end() || index < 0 || index >= layouts.size())
+        return;
+    layouts.move(moved - layouts.begin(), index);
+    if (layouts != m_layouts)
+        std::ignore = perform(tr("Move Layout"), layouts);
+}
+
 void LayoutLibrary::update(const WindowLayout &layout, const QString &undoTitle)
 {
     refresh();
@@ -166,8 +195,11 @@ expected<void, QString> LayoutLibrary::replaceAll(QList<WindowLayout> layouts)
     // Undone, a layout may come back with a shortcut that has found another owner since.
     m_settleShortcuts(layouts);
     const QList<WindowLayout> old = std::exchange(m_layouts, std::move(layouts));
-    const auto saved = m_notices.tellSaving(m_store.url(), m_store.save(m_layouts));
-    m_stamp = stampNow();
+    expected<void, QString> saved;
+    if (const auto kept = withoutSample(m_layouts); kept != withoutSample(old)) {
+        saved = m_notices.tellSaving(m_store.url(), m_store.save(kept));
+        m_stamp = stampNow();
+    }
     Q_EMIT changed();
     if (shortcutsOf(old) != shortcutsOf(m_layouts))
         Q_EMIT shortcutsChanged();

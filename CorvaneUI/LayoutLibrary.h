@@ -42,9 +42,14 @@ public:
     /// sentence; then the layout is there, too, but only until the program ends.
     expected<WindowLayout, QString> addCaptured(
         const QString &name, const std::function<WindowLayout(const QString &name)> &capture);
+    /// Adds a layout that is never written to the file, in place of the last one added so and under
+    /// its id, without a step to undo.
+    WindowLayout addSample(WindowLayout layout);
     std::optional<WindowLayout> duplicate(const QUuid &id);
     void remove(const QUuid &id);
     void rename(const QUuid &id, const QString &name);
+    /// To this place among all. The first one whose displays connect is the one that is applied.
+    void move(const QUuid &id, qsizetype index);
     /// Replaces the layout that has the id. `undoTitle` names the action.
     void update(const WindowLayout &layout, const QString &undoTitle);
     /// Puts these layouts in the place of all, without a step to undo.
@@ -73,6 +78,8 @@ Q_SIGNALS:
 private:
     void read();
     [[nodiscard]] std::optional<FileStamp> stampNow() const;
+    /// Those that belong in the file.
+    [[nodiscard]] QList<WindowLayout> withoutSample(QList<WindowLayout> layouts) const;
     expected<void, QString> add(const WindowLayout &layout, const QString &undoTitle);
     /// Replaces all layouts by an action that can be undone.
     expected<void, QString> perform(const QString &undoTitle, QList<WindowLayout> layouts);
@@ -82,6 +89,7 @@ private:
     SettleShortcuts m_settleShortcuts;
     QList<WindowLayout> m_layouts;
     LayoutHistory m_history;
+    const QUuid m_sample = QUuid::createUuid(); ///< whether there is one or not
     std::optional<FileStamp> m_stamp; ///< of the file that the layouts came from or went to
 };
 

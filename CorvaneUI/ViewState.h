@@ -37,6 +37,8 @@ Q_SIGNALS:
     void pendingAppPickerChanged();
     void pendingTourPageChanged();
     void pendingActivationChanged();
+    void applyingChanged();
+    void applyProgressChanged();
     void lastApplyChanged();
     void automaticUpdateChecksChanged();
     void updateStatusChanged();
@@ -44,6 +46,12 @@ Q_SIGNALS:
     void lookChanged();
 
 public:
+    struct ApplyProgress {
+        QList<PaneResult> settled; ///< of the panes that wait for no window
+        qsizetype waiting = 0; ///< the number of the others
+
+        bool operator==(const ApplyProgress &) const = default;
+    };
     struct LastApply {
         QUuid layout;
         QList<PaneResult> results;
@@ -72,6 +80,11 @@ public:
         ViewState, std::optional<Placement>, recording, &ViewState::recordingChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, QUuid, recordingLayout, &ViewState::recordingLayoutChanged)
+    /// The layout that is being applied; null while none is.
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, QUuid, applying, &ViewState::applyingChanged)
+    /// How far that apply has come.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, ApplyProgress, applyProgress, &ViewState::applyProgressChanged)
     Q_OBJECT_BINDABLE_PROPERTY(ViewState, QString, pendingPane, &ViewState::pendingPaneChanged)
     Q_OBJECT_BINDABLE_PROPERTY(ViewState, QUuid, pendingLayout, &ViewState::pendingLayoutChanged)
     Q_OBJECT_BINDABLE_PROPERTY(ViewState, QUuid, pendingRename, &ViewState::pendingRenameChanged)
@@ -86,6 +99,7 @@ public:
     /// Wayland's activation token. Empty when whoever asked for the window had none.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, QString, pendingActivation, &ViewState::pendingActivationChanged)
+    /// How the latest apply went, until somebody has seen that.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<LastApply>, lastApply, &ViewState::lastApplyChanged)
     Q_OBJECT_BINDABLE_PROPERTY(ViewState, std::optional<bool>, automaticUpdateChecks,

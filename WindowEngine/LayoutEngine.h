@@ -31,6 +31,9 @@ public:
     std::function<void(const QString &)> onDiagnostic;
     /// Told of the panes whose windows were placed, or put back, at one time.
     std::function<void(const QList<PaneResult> &)> onPassed;
+    /// Told of the results of the panes that wait for no window, and of how many do: at the begin of
+    /// an apply, and whenever others wait.
+    std::function<void(const QList<PaneResult> &settled, qsizetype waiting)> onProgress;
 
     /// The windows on screen as they stand now; those mostly hidden by others are left out.
     [[nodiscard]] WindowLayout capture(const QString &name) const;

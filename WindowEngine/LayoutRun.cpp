@@ -77,6 +77,7 @@ void LayoutRun::begin()
     pass();
     if (m_stack.isEmpty() && isWaiting())
         m_stack.rememberFocus();
+    tellProgress();
 }
 
 bool LayoutRun::isUnderWay() const
@@ -97,6 +98,7 @@ void LayoutRun::goOn()
     reviewFollowed();
     if (!m_waiting.isEmpty() && now() >= m_nextPass)
         pass();
+    tellProgress();
 }
 
 void LayoutRun::end(End end)
@@ -308,6 +310,19 @@ void LayoutRun::tellPassed()
     const QList<PaneResult> news = std::exchange(m_untold, {});
     if (!news.isEmpty() && m_engine.onPassed)
         m_engine.onPassed(news);
+}
+
+void LayoutRun::tellProgress()
+{
+    if (!m_engine.onProgress || m_toldWaiting == m_waiting)
+        return;
+    m_toldWaiting = m_waiting;
+    QList<PaneResult> settled;
+    for (qsizetype index = 0; index < m_results.size(); ++index) {
+        if (!m_waiting.contains(index))
+            settled << m_results[index];
+    }
+    m_engine.onProgress(settled, m_waiting.size());
 }
 
 void LayoutRun::follow(const Assignment &assignment, const Rect &reached)

@@ -74,6 +74,7 @@ private:
     [[nodiscard]] Rect reached(const Assignment &assignment);
     void tell(const AXWindow &window, qsizetype pane, const PaneStatus::Placed &placed);
     void tellPassed();
+    void tellProgress();
 
     void follow(const Assignment &assignment, const Rect &reached);
     void reviewFollowed();
@@ -92,6 +93,7 @@ private:
     QSet<QString> m_comingUp; ///< opened, and without a window so far
     Panes m_order; ///< in which windows are placed
     Panes m_waiting; ///< for a window, in that order
+    std::optional<Panes> m_toldWaiting;
     WindowFinder m_finder;
     MissingWindows m_missing;
     PlacedStack m_stack;

@@ -29,6 +29,12 @@ QString PaneResult::appName() const
     return pane.app ? pane.app->name : QString();
 }
 
+bool needsNothing(const PaneStatus &status)
+{
+    return std::holds_alternative<PaneStatus::Placed>(status.value)
+        || std::holds_alternative<PaneStatus::Empty>(status.value);
+}
+
 QString statusName(const PaneStatus &status)
 {
     return QLatin1StringView(caseNames[status.value.index()]);

@@ -64,6 +64,8 @@ struct PaneResult {
     bool operator==(const PaneResult &) const = default;
 };
 
+/// Whether the pane is as it should be: its app is in its place, or it has none.
+[[nodiscard]] bool needsNothing(const PaneStatus &status);
 /// The case's name, such as "displayMissing".
 [[nodiscard]] QString statusName(const PaneStatus &status);
 /// What the user reads after the app's name; empty where there is nothing to say.

@@ -3,6 +3,7 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 
 #include <chrono>
@@ -50,7 +51,14 @@ struct StoreFolder {
         return status.st_mode & 07777;
     }
 
-    QTemporaryDir folder;
+    /// In memory where that can be had: each save waits for the disk.
+    [[nodiscard]] static QString place()
+    {
+        const QString memory = u"/dev/shm"_s;
+        return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/corvane-XXXXXX"_s;
+    }
+
+    QTemporaryDir folder{place()};
 };
 
 /// From now on, the files that this process writes may not grow beyond so many bytes.
