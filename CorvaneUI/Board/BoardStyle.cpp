@@ -146,7 +146,7 @@ void BoardStyle::drawButton(QPainter &painter, const QStyleOption &option) const
 {
     const Board::Palette &board = colors();
     QColor fill = isDefault(option) ? board.accent : board.control;
-    if (isPressed(option))
+    if (isPressed(option) || isOn(option))
         fill = mixed(fill, board.fore, 0.12F);
     else if (isDefault(option) && isHovered(option))
         fill = mixed(fill, board.fore, 0.08F);
@@ -161,7 +161,7 @@ void BoardStyle::drawButtonLabel(QPainter &painter, const QStyleOptionButton &bu
     QRect text = button.rect;
     if (!button.icon.isNull()) {
         const QSize side = button.iconSize;
-        const int gap = Board::length(iconGap);
+        const int gap = button.text.isEmpty() ? 0 : Board::length(iconGap);
         const QSize words = button.fontMetrics.size(Qt::TextShowMnemonic, button.text);
         QRect all(0, 0, side.width() + gap + words.width(), button.rect.height());
         all.moveCenter(button.rect.center());
@@ -279,7 +279,8 @@ void BoardStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         return;
     case PE_PanelLineEdit:
         return drawField(*painter, option->rect, Board::length(radius),
-            isEnabled(*option) ? colors().control : colors().sheet, edgeOf(*option));
+            isEnabled(*option) ? colors().control : colors().sheet,
+            widget && widget->property(wrongInput).toBool() ? colors().error : edgeOf(*option));
     case PE_PanelTipLabel:
         return drawField(*painter, option->rect, Board::length(4), colors().raised, colors().edge);
     case PE_IndicatorCheckBox:
@@ -342,6 +343,13 @@ QIcon BoardStyle::standardIcon(
     // Every menu bar asks for it, and reading a picture file would load the decoders of all formats.
     if (which == SP_ToolBarHorizontalExtensionButton)
         return icon(u"line.3.horizontal"_s, &Board::Palette::muted);
+    if (which == SP_LineEditClearButton)
+        return drawnIcon([](QPainter &painter, const QRectF &rect, QIcon::Mode) {
+            const double side = rect.width() * 0.7;
+            QRectF cross(0, 0, side, side);
+            cross.moveCenter(rect.center());
+            Symbol::paint(painter, cross, u"xmark"_s, {shared().colors().muted});
+        });
     return QProxyStyle::standardIcon(which, option, widget);
 }
 

@@ -48,6 +48,9 @@ public:
     [[nodiscard]] QIcon standardIcon(
         StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override;
 
+    /// A property of fields: what stands in it was refused.
+    static constexpr const char *wrongInput = "wrongInput";
+
 Q_SIGNALS:
     void lookChanged();
 

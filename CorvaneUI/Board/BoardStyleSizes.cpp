@@ -90,7 +90,8 @@ QSize BoardStyle::sizeFromContents(
     switch (type) {
     case CT_PushButton: {
         const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-        const int gap = button && !button->icon.isNull() ? Board::length(iconGap) : 0;
+        const bool hasBoth = button && !button->icon.isNull() && !button->text.isEmpty();
+        const int gap = hasBoth ? Board::length(iconGap) : 0;
         return control(size.width() + gap + 2 * Board::length(12), size.height());
     }
     case CT_LineEdit:
@@ -133,6 +134,8 @@ int BoardStyle::pixelMetric(
         return Board::length(handleSide);
     case PM_ScrollBarExtent:
         return Board::length(12);
+    case PM_LineEditIconSize:
+        return Board::length(16);
     case PM_ButtonIconSize:
         return Board::length(14);
     case PM_DefaultFrameWidth:

@@ -17,17 +17,25 @@ using namespace std::chrono_literals;
 
 PaneHead::PaneHead(int numeral, int of, const QString &title, QWidget *parent) : QWidget(parent)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, Board::length(16));
-    row->setSpacing(Board::length(12));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, Board::length(16));
+    column->setSpacing(Board::length(10));
+    m_row = new QHBoxLayout;
+    m_row->setSpacing(Board::length(12));
+    column->addLayout(m_row);
     auto *place = new BoardText(
         u"%1/%2"_s.arg(numeral).arg(of), Board::Type::smallNumerals, &Board::Palette::muted);
     auto *name = new BoardText(title, Board::Type::title);
     m_trailing = new BoardText({}, Board::Type::secondary, &Board::Palette::muted);
-    row->addWidget(place);
-    row->addWidget(name, 1);
-    row->addWidget(m_trailing);
+    m_row->addWidget(place);
+    m_row->addWidget(name, 1);
+    m_row->addWidget(m_trailing);
     m_trailing->hide();
+    m_controls = new QWidget;
+    (new QHBoxLayout(m_controls))->setContentsMargins(0, 0, 0, 0);
+    m_controls->layout()->setSpacing(m_row->spacing());
+    m_row->addWidget(m_controls);
+    m_controls->hide();
     m_opacity.setStartValue(0.0);
     m_opacity.setEndValue(0.0);
     m_opacity.setEasingCurve(QEasingCurve::OutCubic);
@@ -41,6 +49,35 @@ void PaneHead::setTrailing(const QString &text)
 {
     m_trailing->setText(text);
     m_trailing->setVisible(!text.isEmpty());
+}
+
+void PaneHead::addControl(QWidget *control)
+{
+    m_controls->layout()->addWidget(control);
+    m_controls->show();
+}
+
+void PaneHead::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (m_controls->isHidden())
+        return;
+    int words = 0;
+    for (int i = 0; i < m_row->count(); ++i) {
+        if (const QWidget *each = m_row->itemAt(i)->widget(); each && each != m_controls)
+            words += each->sizeHint().width() + m_row->spacing();
+    }
+    // The mark that says "Saved" has its room between the two.
+    const int mark = fontMetrics().horizontalAdvance(tr("Saved")) + 2 * fontMetrics().height();
+    const bool isBelow = words + mark + m_controls->sizeHint().width() > width();
+    if (isBelow != (m_row->indexOf(m_controls) < 0)) {
+        auto *column = static_cast<QVBoxLayout *>(layout());
+        if (isBelow)
+            column->addWidget(m_controls, 0, Qt::AlignLeading);
+        else
+            m_row->addWidget(m_controls);
+        updateGeometry();
+    }
 }
 
 void PaneHead::showSaved()
@@ -74,7 +111,10 @@ void PaneHead::paintEvent(QPaintEvent *)
     painter.setPen(palette.muted);
     const int side = painter.fontMetrics().height();
     const int wide = painter.fontMetrics().horizontalAdvance(text) + side;
-    const QRect all = rect().adjusted(0, 0, 0, -Board::length(16));
+    const bool isBeside = !m_controls->isHidden() && m_row->indexOf(m_controls) >= 0;
+    const int taken = isBeside ? m_controls->width() + m_row->spacing() : 0;
+    const QRect row = m_row->geometry();
+    const QRect all = QStyle::visualRect(layoutDirection(), row, row.adjusted(0, 0, -taken, 0));
     const QRect mark = QStyle::visualRect(
         layoutDirection(), all, QRect(all.right() - wide, all.top(), wide, all.height()));
     painter.drawText(mark, Qt::AlignTrailing | Qt::AlignVCenter, text);

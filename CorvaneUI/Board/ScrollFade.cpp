@@ -9,7 +9,8 @@
 
 namespace corvane {
 
-ScrollFade::ScrollFade(QAbstractScrollArea &view) : QWidget(&view), m_view(view)
+ScrollFade::ScrollFade(QAbstractScrollArea &view, QColor Board::Palette::*ground)
+    : QWidget(&view), m_view(view), m_ground(ground)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     view.viewport()->installEventFilter(this);
@@ -48,10 +49,10 @@ void ScrollFade::paintEvent(QPaintEvent *)
         if (style.look().hasHighContrast)
             return painter.fillRect(
                 QRect(0, edge - (inwards > 0 ? 0 : 2), width(), 2), palette.fore);
-        QColor clear = palette.ground;
+        QColor clear = palette.*m_ground;
         clear.setAlpha(0);
         QLinearGradient gradient(0, edge, 0, edge + inwards * fade);
-        gradient.setColorAt(0, palette.ground);
+        gradient.setColorAt(0, palette.*m_ground);
         gradient.setColorAt(1, clear);
         painter.fillRect(QRect(0, inwards > 0 ? edge : edge - fade, width(), fade), gradient);
         const QRectF cue(

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Board.h"
+
 #include <QtWidgets/QAbstractScrollArea>
 
 namespace corvane {
@@ -18,8 +20,9 @@ class ScrollFade final : public QWidget
     Q_OBJECT
 
 public:
-    /// Follows the view, and is deleted with it.
-    explicit ScrollFade(QAbstractScrollArea &view);
+    /// Follows the view, which stands on that ground, and is deleted with it.
+    explicit ScrollFade(
+        QAbstractScrollArea &view, QColor Board::Palette::*ground = &Board::Palette::ground);
 
     [[nodiscard]] ScrollEdges edges() const;
 
@@ -31,6 +34,7 @@ private:
     void follow();
 
     QAbstractScrollArea &m_view;
+    QColor Board::Palette::*m_ground;
 };
 
 } // namespace corvane
