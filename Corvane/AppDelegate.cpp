@@ -104,6 +104,13 @@ void AppDelegate::connectModel()
     connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,
         &AppDelegate::registerHotKeys);
     connect(&m_model, &AppModel::lastApplyChanged, this, &AppDelegate::tellWhatFailed);
+    connect(&Platform::current().session(), &Session::notificationClicked, this,
+        [this](const QString &id, const QString &token) {
+            if (id == notificationId(NotificationKind::layout))
+                showWhatFailed(token);
+            else if (id == notificationId(NotificationKind::capture))
+                editCaptured(token);
+        });
     connect(&m_model, &AppModel::accessibilityTrustedChanged, this, [this] {
         log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
                                          : Platform::current().windows().distrustReason());
@@ -205,23 +212,53 @@ void AppDelegate::captureLayout()
         return notify(NotificationKind::capture, tr("Nothing was captured"),
             Platform::current().windows().distrustReason());
     // A failure is a notice already.
-    if (const auto captured = m_model.captureCurrentWindows(tr("Layout")))
-        notify(NotificationKind::capture, tr("Windows captured"),
-            captureSentence(*captured) + u' '
-                + tr("They come back from Corvane's menu, under Layouts."));
+    const auto captured = m_model.captureCurrentWindows(tr("Layout"));
+    if (!captured)
+        return;
+    if (captured->panes.isEmpty()) {
+        m_model.undo();
+        return notify(NotificationKind::capture, tr("Nothing was captured"),
+            tr("No window could be captured."));
+    }
+    m_captured = captured->id;
+    notify(NotificationKind::capture, tr("Windows captured"),
+        captureSentence(*captured) + u' '
+            + tr("They come back from Corvane's menu, under Layouts."),
+        tr("Edit"));
+}
+
+/// It may be gone by now.
+void AppDelegate::editCaptured(const QString &activation)
+{
+    m_model.pendingActivation = activation;
+    if (m_model.layout(m_captured))
+        m_model.pendingRename = m_captured;
+    show(SettingsPane::layouts);
 }
 
 void AppDelegate::tellWhatFailed()
 {
+    if (!m_model.lastApply.value())
+        return;
     m_model.refreshActivity();
     const AppModel::LastApply apply = *m_model.lastApply.value();
     if (m_log == Log::verbose)
         log(u"layout applied\n"_s + applyLines(apply.results, Titles::hidden));
     const auto layout = m_model.layout(apply.layout);
     const QString lines = failureLines(apply.results);
-    if (layout && !lines.isEmpty())
-        notify(
-            NotificationKind::layout, tr("“%1” is not complete").arg(oneLine(layout->name)), lines);
+    if (!layout || lines.isEmpty())
+        return;
+    m_toldLayout = apply.layout;
+    notify(NotificationKind::layout, tr("“%1” is not complete").arg(oneLine(layout->name)), lines,
+        tr("Show"));
+}
+
+/// A click on what was told leads to the report on the whole layout.
+void AppDelegate::showWhatFailed(const QString &activation)
+{
+    m_model.pendingActivation = activation;
+    m_model.pendingLayout = m_toldLayout;
+    show(SettingsPane::layouts);
 }
 
 void AppDelegate::tellNotices()
@@ -271,6 +308,11 @@ MenuTarget AppDelegate::menuTarget()
         .perform = [this](Placement placement) { performFromMenu(placement); },
         .applyLayout = [this](const WindowLayout &shown) { applyLayout(shown); },
         .captureLayout = [this] { captureLayout(); },
+        .editLayout =
+            [this](const QUuid &layout) {
+                m_model.pendingLayout = layout;
+                show(SettingsPane::layouts);
+            },
         .grantAccess = [this] { grantAccess(); },
         .openShortcuts = [this] { show(SettingsPane::shortcuts); },
         .quitCompetitor =

@@ -48,6 +48,9 @@ private:
     void openWebsite();
     void grantAccess();
     void tellWhatFailed();
+    void showWhatFailed(const QString &activation);
+    /// Shows the layout that was captured last, for its name to be typed.
+    void editCaptured(const QString &activation);
     /// Tells the user of the notices that have come since the last call.
     void tellNotices();
     void show(const ScreenFlags &flags);
@@ -68,6 +71,8 @@ private:
     StatusMenus m_menus;
     WindowOpener m_windows;
     QList<AppModel::Notice> m_toldNotices;
+    QUuid m_toldLayout; ///< the one that was last not complete
+    QUuid m_captured; ///< the one that was captured last
     QTimer m_pruning;
 };
 

@@ -16,9 +16,14 @@ constexpr std::array kindNames{
 static_assert(kindNames.size() == static_cast<size_t>(NotificationKind::general) + 1);
 } // namespace
 
-void notify(NotificationKind kind, const QString &title, const QString &body)
+void notify(NotificationKind kind, const QString &title, const QString &body, const QString &action)
 {
-    Platform::current().session().notify(kindNames[static_cast<size_t>(kind)], title, body);
+    Platform::current().session().notify(notificationId(kind), title, body, action);
+}
+
+QString notificationId(NotificationKind kind)
+{
+    return kindNames[static_cast<size_t>(kind)];
 }
 
 void notifyProblem(const QString &noticeId, const QString &text)

@@ -15,7 +15,11 @@ enum class NotificationKind {
     general,
 };
 
-void notify(NotificationKind kind, const QString &title, const QString &body);
+/// `action` says what a click on it leads to, if anything.
+void notify(
+    NotificationKind kind, const QString &title, const QString &body, const QString &action = {});
+/// The name of the kind in what the session tells of a notification.
+[[nodiscard]] QString notificationId(NotificationKind kind);
 /// Notifies of a problem. Each problem, by its notice's id, is a kind of its own.
 void notifyProblem(const QString &noticeId, const QString &text);
 

@@ -308,6 +308,85 @@
     </message>
 </context>
 <context>
+    <name>LayoutPicture</name>
+    <message>
+        <source>Add a Pane</source>
+        <translation>Feld hinzufügen</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>5 % is the smallest</source>
+        <translation>5 % ist das Minimum</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>Fokussieren</translation>
+    </message>
+    <message>
+        <source>Split Columns</source>
+        <translation>In Spalten teilen</translation>
+    </message>
+    <message>
+        <source>Split Rows</source>
+        <translation>In Zeilen teilen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation>Anwendung wählen …</translation>
+    </message>
+    <message>
+        <source>Edge between %1 and %2</source>
+        <translation>Kante zwischen %1 und %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>%1 by %2 percent</source>
+        <translation>%1 mal %2 Prozent</translation>
+    </message>
+</context>
+<context>
     <name>LayoutReport</name>
     <message>
         <source>Captured %1 on %2 as “%3”.</source>
@@ -409,6 +488,10 @@
         <source>Capture Current Windows</source>
         <translation>Aktuelle Fenster erfassen</translation>
     </message>
+    <message>
+        <source>Edit Layout</source>
+        <translation>Anordnung bearbeiten</translation>
+    </message>
 </context>
 <context>
     <name>MenuHeader</name>
@@ -473,6 +556,33 @@
     <message>
         <source>There is only one display to be on.</source>
         <translation>Es gibt nur einen Bildschirm.</translation>
+    </message>
+</context>
+<context>
+    <name>PaneCure</name>
+    <message>
+        <source>Apply Again</source>
+        <translation>Erneut anwenden</translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation>Anwendung wählen …</translation>
+    </message>
+    <message>
+        <source>Use Another Display…</source>
+        <translation>Anderen Bildschirm verwenden …</translation>
+    </message>
+    <message>
+        <source>Turn On Opening</source>
+        <translation>Öffnen einschalten</translation>
+    </message>
+    <message>
+        <source>Change Title…</source>
+        <translation>Titel ändern …</translation>
+    </message>
+    <message>
+        <source>Open a Window</source>
+        <translation>Fenster öffnen</translation>
     </message>
 </context>
 <context>
@@ -888,6 +998,18 @@
         <source>Corvane, needs attention</source>
         <translation>Corvane braucht Aufmerksamkeit</translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>No window could be captured.</source>
+        <translation>Es ließ sich kein Fenster erfassen.</translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppModel</name>
@@ -906,6 +1028,142 @@
     <message>
         <source>%1 belongs to %2, so %3 has no shortcut now.</source>
         <translation>%1 ist schon belegt (%2). %3 hat daher kein Tastenkürzel mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppPicker</name>
+    <message numerus="yes">
+        <source>%n window(s)</source>
+        <translation>
+            <numerusform>%n Fenster</numerusform>
+            <numerusform>%n Fenster</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running, no window</source>
+        <translation>Läuft, kein Fenster</translation>
+    </message>
+    <message numerus="yes">
+        <source>Running, %n window(s)</source>
+        <translation>
+            <numerusform>Läuft, %n Fenster</numerusform>
+            <numerusform>Läuft, %n Fenster</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose App</source>
+        <translation>Anwendung wählen</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Anwendungen</translation>
+    </message>
+    <message>
+        <source>Apps are found by their name, purpose and identifier.</source>
+        <translation>Gesucht wird nach Name, Zweck und Kennung.</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche leeren</translation>
+    </message>
+    <message>
+        <source>No App</source>
+        <translation>Keine Anwendung</translation>
+    </message>
+    <message>
+        <source>Leave the pane empty</source>
+        <translation>Das Feld leer lassen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Wählen</translation>
+    </message>
+    <message>
+        <source>Search apps</source>
+        <translation>Anwendungen suchen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Search %n app(s)</source>
+        <translation>
+            <numerusform>%n Anwendung durchsuchen</numerusform>
+            <numerusform>%n Anwendungen durchsuchen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No app is called “%1”</source>
+        <translation>Keine Anwendung heißt „%1“</translation>
+    </message>
+    <message>
+        <source>No apps found.</source>
+        <translation>Keine Anwendungen gefunden.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppPickerModel</name>
+    <message>
+        <source>Running</source>
+        <translation>Laufend</translation>
+    </message>
+    <message>
+        <source>All Apps</source>
+        <translation>Alle Anwendungen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ApplyReport</name>
+    <message>
+        <source>Close Report</source>
+        <translation>Bericht schließen</translation>
+    </message>
+    <message>
+        <source>Show Why</source>
+        <translation>Grund anzeigen</translation>
+    </message>
+    <message>
+        <source>Corvane can move no window at all at the moment.</source>
+        <translation>Corvane kann im Moment überhaupt kein Fenster bewegen.</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>Applied %1 · %2 of %3 placed</source>
+        <translation>Angewendet um %1 · %2 von %3 platziert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n placed</source>
+        <translation>
+            <numerusform>%n platziert</numerusform>
+            <numerusform>%n platziert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) without an app</source>
+        <translation>
+            <numerusform>%n Feld ohne Anwendung</numerusform>
+            <numerusform>%n Felder ohne Anwendung</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Change Opening</source>
+        <translation>Öffnen ändern</translation>
+    </message>
+    <message>
+        <source>Change Display</source>
+        <translation>Bildschirm ändern</translation>
+    </message>
+    <message>
+        <source>was asked for a window</source>
+        <translation>wurde um ein Fenster gebeten</translation>
+    </message>
+    <message>
+        <source>has changed since</source>
+        <translation>hat sich inzwischen geändert</translation>
     </message>
 </context>
 <context>
@@ -929,6 +1187,172 @@
     <message>
         <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
         <translation>Zwei Programme, die auf dieselben Tasten hören, streiten sich um ein Fenster. %1 lassen sich im Menü von Corvane beenden.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::DisplayCard</name>
+    <message>
+        <source>Add Column</source>
+        <translation>Spalte hinzufügen</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>Remove Display and Its Panes</source>
+        <translation>Bildschirm mit seinen Feldern entfernen</translation>
+    </message>
+    <message>
+        <source>These panes overlap or do not line up, so they are not a grid. Drag an edge on the picture, or replace them:</source>
+        <translation>Diese Felder überlappen sich oder liegen nicht in einer Flucht und sind daher kein Raster. Im Bild eine Kante ziehen oder die Felder ersetzen:</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Drops the rightmost column; the one before it grows into the space.</source>
+        <translation>Entfernt die Spalte ganz rechts; die davor wächst in ihren Platz.</translation>
+    </message>
+    <message>
+        <source>Drops the bottom row; the one above it grows into the space.</source>
+        <translation>Entfernt die unterste Zeile; die darüber wächst in ihren Platz.</translation>
+    </message>
+    <message>
+        <source>Remove Column</source>
+        <translation>Spalte entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Row</source>
+        <translation>Zeile entfernen</translation>
+    </message>
+    <message>
+        <source>Splits the rightmost column in two; nothing else changes width.</source>
+        <translation>Teilt die Spalte ganz rechts in zwei; alle anderen behalten ihre Breite.</translation>
+    </message>
+    <message>
+        <source>Splits the bottom row in two; nothing else changes height.</source>
+        <translation>Teilt die unterste Zeile in zwei; alle anderen behalten ihre Höhe.</translation>
+    </message>
+    <message>
+        <source>Add Row</source>
+        <translation>Zeile hinzufügen</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace this display&apos;s panes with these</source>
+        <translation>Felder dieses Bildschirms damit ersetzen</translation>
+    </message>
+    <message>
+        <source>Display · %1</source>
+        <translation>Bildschirm · %1</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>Row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>Type a percent and press Return; the next column along absorbs the difference.</source>
+        <translation>Prozentwert eingeben und die Eingabetaste drücken; die nächste Spalte gleicht den Unterschied aus.</translation>
+    </message>
+    <message>
+        <source>Type a percent and press Return; the next band along absorbs the difference.</source>
+        <translation>Prozentwert eingeben und die Eingabetaste drücken; die nächste Zeile gleicht den Unterschied aus.</translation>
+    </message>
+    <message>
+        <source>There is only one, so it is the whole display.</source>
+        <translation>Es gibt nur eine, also ist sie der ganze Bildschirm.</translation>
+    </message>
+    <message>
+        <source>5 % is the smallest</source>
+        <translation>5 % ist das Minimum</translation>
+    </message>
+    <message>
+        <source>%1. Numbers only; commas, slashes or spaces between them.</source>
+        <translation>%1. Nur Zahlen, dazwischen Kommas, Schrägstriche oder Leerzeichen.</translation>
+    </message>
+    <message>
+        <source>Set Column Width</source>
+        <translation>Spaltenbreite festlegen</translation>
+    </message>
+    <message>
+        <source>Set Row Height</source>
+        <translation>Zeilenhöhe festlegen</translation>
+    </message>
+    <message>
+        <source>Replace Panes</source>
+        <translation>Felder ersetzen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1.</source>
+        <translation>
+            <numerusform>Aus %n Feld werden %1.</numerusform>
+            <numerusform>Aus %n Feldern werden %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1; %2 goes.</source>
+        <translation>
+            <numerusform>Aus %n Feld werden %1; %2 fällt weg.</numerusform>
+            <numerusform>Aus %n Feldern werden %1; %2 fällt weg.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1; %2 go.</source>
+        <translation>
+            <numerusform>Aus %n Feld werden %1; %2 fallen weg.</numerusform>
+            <numerusform>Aus %n Feldern werden %1; %2 fallen weg.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove Display</source>
+        <translation>Bildschirm entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::EmptyBoard</name>
+    <message>
+        <source>No layouts yet</source>
+        <translation>Noch keine Anordnungen</translation>
+    </message>
+    <message>
+        <source>Arrange your windows, then capture them: one shortcut puts the whole desk back, and opens what is not running.</source>
+        <translation>Fenster anordnen und erfassen: Ein Tastenkürzel stellt alles wieder her und öffnet, was nicht läuft.</translation>
+    </message>
+    <message>
+        <source>New Empty Layout</source>
+        <translation>Neue leere Anordnung</translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation>Aktuelle Fenster erfassen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::FoldRow</name>
+    <message>
+        <source>Hides its panes</source>
+        <translation>Blendet ihre Felder aus</translation>
+    </message>
+    <message>
+        <source>Shows its panes</source>
+        <translation>Blendet ihre Felder ein</translation>
     </message>
 </context>
 <context>
@@ -1051,6 +1475,65 @@
     </message>
 </context>
 <context>
+    <name>corvane::LayoutCard</name>
+    <message>
+        <source>Layout</source>
+        <translation>Anordnung</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Put this layout back the way it was last saved</source>
+        <translation>Diese Anordnung auf den zuletzt gespeicherten Stand zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Keep this version to revert to</source>
+        <translation>Diesen Stand speichern, um zu ihm zurückkehren zu können</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Waiting for apps to open, at most %1 seconds.</source>
+        <translation>Wartet darauf, dass Anwendungen aufgehen, höchstens %1 Sekunden.</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Apply when these displays connect</source>
+        <translation>Beim Anschließen dieser Bildschirme anwenden</translation>
+    </message>
+    <message>
+        <source>Change Apply on Connect</source>
+        <translation>Anwenden beim Anschließen ändern</translation>
+    </message>
+    <message>
+        <source>Applying…</source>
+        <translation>Wird angewendet …</translation>
+    </message>
+    <message>
+        <source>Made for displays that are not connected.</source>
+        <translation>Für Bildschirme, die nicht angeschlossen sind.</translation>
+    </message>
+    <message>
+        <source>“%1” comes first for these displays.</source>
+        <translation>Für diese Bildschirme kommt „%1“ zuerst.</translation>
+    </message>
+</context>
+<context>
     <name>corvane::LayoutLibrary</name>
     <message>
         <source>Change of the File</source>
@@ -1080,6 +1563,122 @@
         <source>Rename Layout</source>
         <translation>Anordnung umbenennen</translation>
     </message>
+    <message>
+        <source>Move Layout</source>
+        <translation>Anordnung verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutList</name>
+    <message>
+        <source>No displays</source>
+        <translation>Keine Bildschirme</translation>
+    </message>
+    <message>
+        <source>%1 of %2 not connected</source>
+        <translation>%1 von %2 getrennt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n display(s)</source>
+        <translation>
+            <numerusform>%n Bildschirm</numerusform>
+            <numerusform>%n Bildschirme</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 · matches</source>
+        <translation>%1 · passt</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Anordnungen</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutPicture</name>
+    <message>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>%1, picture</source>
+        <translation>%1, Bild</translation>
+    </message>
+    <message>
+        <source>Move Edge</source>
+        <translation>Kante verschieben</translation>
+    </message>
+    <message>
+        <source>Split Pane</source>
+        <translation>Feld teilen</translation>
+    </message>
+    <message>
+        <source>Remove Pane</source>
+        <translation>Feld entfernen</translation>
+    </message>
+    <message>
+        <source>Merge Panes</source>
+        <translation>Felder verbinden</translation>
+    </message>
+    <message>
+        <source>Swap Panes</source>
+        <translation>Felder tauschen</translation>
+    </message>
+    <message>
+        <source>Add Pane</source>
+        <translation>Feld hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutTools</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Split Columns</source>
+        <translation>In Spalten teilen</translation>
+    </message>
+    <message>
+        <source>Split Rows</source>
+        <translation>In Zeilen teilen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Show on Desktop</source>
+        <translation>Auf dem Bildschirm zeigen</translation>
+    </message>
+    <message>
+        <source>Show on Desktop (hold Space)</source>
+        <translation>Auf dem Bildschirm zeigen (Leertaste halten)</translation>
+    </message>
+    <message>
+        <source>[[⌃]] no snapping [[⎋]] cancel</source>
+        <translation>[[⌃]] ohne Einrasten [[⎋]] abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>corvane::LayoutsPane</name>
@@ -1088,8 +1687,48 @@
         <translation>Aktuelle Fenster erfassen</translation>
     </message>
     <message>
-        <source>Apply</source>
-        <translation>Anwenden</translation>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>New Empty Layout</source>
+        <translation>Neue leere Anordnung</translation>
+    </message>
+    <message>
+        <source>Deleted “%1”</source>
+        <translation>„%1“ gelöscht</translation>
+    </message>
+    <message>
+        <source>This layout has no displays.</source>
+        <translation>Diese Anordnung hat keine Bildschirme.</translation>
+    </message>
+    <message>
+        <source>Use Connected Displays</source>
+        <translation>Angeschlossene Bildschirme verwenden</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Choose App</source>
+        <translation>Anwendung wählen</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>No window could be captured.</source>
+        <translation>Es ließ sich kein Fenster erfassen.</translation>
     </message>
 </context>
 <context>
@@ -1130,10 +1769,106 @@
     </message>
 </context>
 <context>
+    <name>corvane::PaneCard</name>
+    <message>
+        <source>Not installed</source>
+        <translation>Nicht installiert</translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation>Läuft nicht</translation>
+    </message>
+    <message>
+        <source>Pane</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation>Anwendung wählen …</translation>
+    </message>
+    <message>
+        <source>Any window</source>
+        <translation>Beliebiges Fenster</translation>
+    </message>
+    <message>
+        <source>Change Title</source>
+        <translation>Titel ändern</translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation>Titel enthält</translation>
+    </message>
+    <message>
+        <source>Open when not running</source>
+        <translation>Öffnen, falls nicht gestartet</translation>
+    </message>
+    <message>
+        <source>Change Opening</source>
+        <translation>Öffnen ändern</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Change Display</source>
+        <translation>Bildschirm ändern</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+</context>
+<context>
     <name>corvane::PaneHead</name>
     <message>
         <source>Saved</source>
         <translation>Gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PaneOverlay</name>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>%1 × %2 %</source>
+        <translation>%1 × %2 %</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportRow</name>
+    <message>
+        <source>was opened, and is in its place</source>
+        <translation>wurde geöffnet und ist am Platz</translation>
+    </message>
+    <message>
+        <source>is in its place</source>
+        <translation>ist am Platz</translation>
+    </message>
+    <message>
+        <source>has no app</source>
+        <translation>hat keine Anwendung</translation>
+    </message>
+    <message>
+        <source>Connect %1, or</source>
+        <translation>%1 anschließen oder</translation>
+    </message>
+    <message>
+        <source>%1 × %2 %</source>
+        <translation>%1 × %2 %</translation>
+    </message>
+    <message>
+        <source>Pane</source>
+        <translation>Feld</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SearchField</name>
+    <message>
+        <source>Clear</source>
+        <translation>Zurücksetzen</translation>
     </message>
 </context>
 <context>

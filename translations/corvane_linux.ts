@@ -308,6 +308,85 @@
     </message>
 </context>
 <context>
+    <name>LayoutPicture</name>
+    <message>
+        <source>Add a Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5 % is the smallest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split Rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edge between %1 and %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 by %2 percent</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LayoutReport</name>
     <message>
         <source>Captured %1 on %2 as “%3”.</source>
@@ -409,6 +488,10 @@
         <source>Capture Current Windows</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Edit Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MenuHeader</name>
@@ -472,6 +555,33 @@
     </message>
     <message>
         <source>There is only one display to be on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PaneCure</name>
+    <message>
+        <source>Apply Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use Another Display…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn On Opening</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Title…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open a Window</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -888,6 +998,18 @@
         <source>Until then, placements and layouts are in the menu.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No window could be captured.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppModel</name>
@@ -905,6 +1027,142 @@
     </message>
     <message>
         <source>%1 belongs to %2, so %3 has no shortcut now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppPicker</name>
+    <message numerus="yes">
+        <source>%n window(s)</source>
+        <translation>
+            <numerusform>%n window</numerusform>
+            <numerusform>%n windows</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running, no window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Running, %n window(s)</source>
+        <translation>
+            <numerusform>Running, %n window</numerusform>
+            <numerusform>Running, %n windows</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose App</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apps are found by their name, purpose and identifier.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No App</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Leave the pane empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search apps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Search %n app(s)</source>
+        <translation>
+            <numerusform>Search %n app</numerusform>
+            <numerusform>Search %n apps</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No app is called “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No apps found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::AppPickerModel</name>
+    <message>
+        <source>Running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All Apps</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ApplyReport</name>
+    <message>
+        <source>Close Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show Why</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane can move no window at all at the moment.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Applied %1 · %2 of %3 placed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n placed</source>
+        <translation>
+            <numerusform>%n placed</numerusform>
+            <numerusform>%n placed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) without an app</source>
+        <translation>
+            <numerusform>%n pane without an app</numerusform>
+            <numerusform>%n panes without an app</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Change Opening</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>was asked for a window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has changed since</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -928,6 +1186,172 @@
     </message>
     <message>
         <source>Two window managers answering the same keys will fight over one window. Quit %1 from Corvane&apos;s menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::DisplayCard</name>
+    <message>
+        <source>Add Column</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Display and Its Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These panes overlap or do not line up, so they are not a grid. Drag an edge on the picture, or replace them:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drops the rightmost column; the one before it grows into the space.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drops the bottom row; the one above it grows into the space.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Column</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Row</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Splits the rightmost column in two; nothing else changes width.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Splits the bottom row in two; nothing else changes height.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Row</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace this display&apos;s panes with these</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Display · %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Row %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type a percent and press Return; the next column along absorbs the difference.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type a percent and press Return; the next band along absorbs the difference.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is only one, so it is the whole display.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5 % is the smallest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. Numbers only; commas, slashes or spaces between them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set Column Width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set Row Height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1.</source>
+        <translation>
+            <numerusform>%n pane becomes %1.</numerusform>
+            <numerusform>%n panes become %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1; %2 goes.</source>
+        <translation>
+            <numerusform>%n pane becomes %1; %2 goes.</numerusform>
+            <numerusform>%n panes become %1; %2 goes.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pane(s) become %1; %2 go.</source>
+        <translation>
+            <numerusform>%n pane becomes %1; %2 go.</numerusform>
+            <numerusform>%n panes become %1; %2 go.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::EmptyBoard</name>
+    <message>
+        <source>No layouts yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arrange your windows, then capture them: one shortcut puts the whole desk back, and opens what is not running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Empty Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture Current Windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::FoldRow</name>
+    <message>
+        <source>Hides its panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows its panes</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1051,6 +1475,65 @@
     </message>
 </context>
 <context>
+    <name>corvane::LayoutCard</name>
+    <message>
+        <source>Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put this layout back the way it was last saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep this version to revert to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for apps to open, at most %1 seconds.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply when these displays connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Apply on Connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Applying…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Made for displays that are not connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” comes first for these displays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>corvane::LayoutLibrary</name>
     <message>
         <source>Change of the File</source>
@@ -1080,6 +1563,122 @@
         <source>Rename Layout</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Move Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutList</name>
+    <message>
+        <source>No displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n display(s)</source>
+        <translation>
+            <numerusform>%n display</numerusform>
+            <numerusform>%n displays</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 · matches</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutPicture</name>
+    <message>
+        <source>Percent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move Edge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Merge Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Swap Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::LayoutTools</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split Rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show on Desktop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show on Desktop (hold Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[[⌃]] no snapping [[⎋]] cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::LayoutsPane</name>
@@ -1088,7 +1687,47 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Apply</source>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Empty Layout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deleted “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This layout has no displays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use Connected Displays</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose App</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No window could be captured.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1130,9 +1769,105 @@
     </message>
 </context>
 <context>
+    <name>corvane::PaneCard</name>
+    <message>
+        <source>Not installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose App…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Title</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Title contains</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open when not running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Opening</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>corvane::PaneHead</name>
     <message>
         <source>Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PaneOverlay</name>
+    <message>
+        <source>Empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportRow</name>
+    <message>
+        <source>was opened, and is in its place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is in its place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect %1, or</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::SearchField</name>
+    <message>
+        <source>Clear</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

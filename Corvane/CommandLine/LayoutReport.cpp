@@ -20,12 +20,6 @@ QString counted(qsizetype count, const QString &noun)
     return u"%1 %2%3"_s.arg(count).arg(noun, count == 1 ? QString() : u"s"_s);
 }
 
-bool needsNothing(const PaneResult &result)
-{
-    return std::holds_alternative<PaneStatus::Placed>(result.status.value)
-        || std::holds_alternative<PaneStatus::Empty>(result.status.value);
-}
-
 QString paneLine(const PaneResult &result, Titles titles = Titles::shown)
 {
     if (const auto *placed = std::get_if<PaneStatus::Placed>(&result.status.value))
@@ -119,7 +113,7 @@ QString failureLines(const QList<PaneResult> &results)
 {
     QStringList lines;
     for (const PaneResult &result : results) {
-        if (!needsNothing(result))
+        if (!needsNothing(result.status))
             lines << paneLine(result);
     }
     return lines.join(u'\n');
@@ -128,7 +122,7 @@ QString failureLines(const QList<PaneResult> &results)
 CommandResult applyResult(
     const WindowLayout &layout, const QList<PaneResult> &results, ReportForm form)
 {
-    const bool isWhole = std::ranges::all_of(results, needsNothing);
+    const bool isWhole = std::ranges::all_of(results, needsNothing, &PaneResult::status);
     const int status = isWhole ? CommandResult::done : CommandResult::refused;
     if (form == ReportForm::json) {
         QJsonArray panes;

@@ -2,6 +2,12 @@
 
 #include "LayoutReport.h"
 #include "OneLine.h"
+#include "Screens.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <array>
 
 namespace corvane::ScreenRequests {
 
@@ -32,11 +38,36 @@ ShortcutSteal sampleSteal(const Settings &settings)
         .isSample = true};
 }
 
+/// A desk of columns on the first display, and of one pane on each of the others.
+WindowLayout sampleLayout()
+{
+    WindowLayout layout{.name = u"Sample"_s, .displays = Screens::signature()};
+    for (int display = 0; display < layout.displays.size(); ++display)
+        layout.panes << Pane{.display = display};
+    layout.setSplit(0, {0.4, 0.3, 0.3}, CutLines::vertical);
+    const std::array apps{AppRef{u"text-editor"_s, u"Editor"_s},
+        AppRef{u"utilities-terminal"_s, u"Terminal"_s}, AppRef{u"web-browser"_s, u"Browser"_s}};
+    for (size_t i = 0; i < std::min(apps.size(), size_t(layout.panes.size())); ++i)
+        layout.panes[qsizetype(i)].app = apps[i];
+    return layout;
+}
+
+/// The sample as it is after the user has added a column.
+WindowLayout addEditedSample(AppModel &model)
+{
+    WindowLayout layout = model.addSampleLayout(sampleLayout());
+    constexpr double smallest = 0.05;
+    layout.addGridBand(0, CutLines::vertical, smallest);
+    model.updateLayout(layout, QCoreApplication::translate("corvane::DisplayCard", "Add Column"));
+    return layout;
+}
+
 /// The error is one sentence.
 expected<void, QString> selectLayout(const ScreenFlags &flags, AppModel &model)
 {
-    if (flags.layout) {
-        const auto layout = model.layout(*flags.layout);
+    if (flags.layout || flags.previewLayoutEdit) {
+        const auto layout =
+            flags.layout ? model.layout(*flags.layout) : std::optional(addEditedSample(model));
         if (!layout)
             return unexpected<QString>(noSuchLayout(*flags.layout, model.layouts()));
         if (flags.selectPane && *flags.selectPane >= layout->panes.size())
@@ -63,8 +94,6 @@ bool asksForUpdateSheet(const ScreenFlags &flags)
 QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
 {
     QStringList windows;
-    if (flags.previewLayoutEdit)
-        windows << u"layout editor"_s;
     if (flags.showTour || flags.tourPage)
         windows << u"tour"_s;
     if (asksForUpdateSheet(flags))

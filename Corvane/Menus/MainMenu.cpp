@@ -163,7 +163,7 @@ void Builder::addLayouts()
     MenuParts::addLayouts(m_rows, *menu, m_model, m_target, MenuParts::Shortcuts::hidden);
     if (!m_model.layouts().isEmpty())
         menu->addSeparator();
-    MenuParts::addCapture(m_rows, *menu, m_target);
+    MenuParts::addCapture(m_rows, *menu, m_model, m_target);
     m_rows.layoutRows(*menu, 0);
 }
 

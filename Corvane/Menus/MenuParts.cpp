@@ -54,8 +54,17 @@ void addLayouts(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTa
     }
 }
 
-void addCapture(MenuRows &rows, QMenu &menu, const MenuTarget &target)
+void addCapture(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTarget &target)
 {
+    if (!model.layouts().isEmpty()) {
+        QMenu *editing = rows.addSubmenu(menu,
+            {.title = QCoreApplication::translate("Menu", "Edit Layout"),
+                .symbol = u"rectangle.split.2x1"_s});
+        for (const WindowLayout &layout : model.layouts())
+            rows.add(*editing, {.title = oneLine(layout.name)},
+                [edit = target.editLayout, id = layout.id] { edit(id); });
+        rows.layoutRows(*editing, 0);
+    }
     rows.add(menu,
         {.title = QCoreApplication::translate("Menu", "Capture Current Windows"),
             .symbol = u"camera.viewfinder"_s},

@@ -19,6 +19,7 @@ void addPlacement(MenuRows &rows, QMenu &menu, Placement placement, const AppMod
 /// Adds a row for each layout.
 void addLayouts(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTarget &target,
     Shortcuts shortcuts);
-void addCapture(MenuRows &rows, QMenu &menu, const MenuTarget &target);
+/// Adds what makes layouts and leads to those that are there.
+void addCapture(MenuRows &rows, QMenu &menu, const AppModel &model, const MenuTarget &target);
 
 } // namespace corvane::MenuParts

@@ -13,6 +13,7 @@ struct MenuTarget {
     std::function<void(Placement)> perform;
     std::function<void(const WindowLayout &shown)> applyLayout;
     std::function<void()> captureLayout;
+    std::function<void(const QUuid &layout)> editLayout;
 
     std::function<void()> grantAccess;
     std::function<void()> openShortcuts;

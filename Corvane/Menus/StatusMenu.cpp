@@ -143,12 +143,12 @@ void StatusMenu::addSettings()
 void StatusMenu::addLayouts()
 {
     if (m_model.layouts().isEmpty())
-        return MenuParts::addCapture(m_rows, *m_menu, m_target);
+        return MenuParts::addCapture(m_rows, *m_menu, m_model, m_target);
     QMenu *layouts =
         m_rows.addSubmenu(*m_menu, {.title = tr("Layouts"), .symbol = u"rectangle.split.3x1"_s});
     MenuParts::addLayouts(m_rows, *layouts, m_model, m_target, MenuParts::Shortcuts::shown);
     layouts->addSeparator();
-    MenuParts::addCapture(m_rows, *layouts, m_target);
+    MenuParts::addCapture(m_rows, *layouts, m_model, m_target);
     m_rows.layoutRows(*layouts, 0);
 }
 

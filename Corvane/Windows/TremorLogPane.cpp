@@ -5,6 +5,7 @@
 #include "KeySentence.h"
 #include "Platform.h"
 #include "ScrollFade.h"
+#include "SearchField.h"
 #include "Segments.h"
 #include "Symbol.h"
 #include "TremorLogList.h"
@@ -12,10 +13,8 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QShortcut>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QWidgetAction>
 
 namespace corvane {
 
@@ -46,21 +45,6 @@ protected:
         const double side = Board::length(48);
         Symbol::paint(painter, {width() / 2.0 - side / 2, Board::length(40) * 1.0, side, side},
             u"waveform.path.ecg"_s, {BoardStyle::shared().colors().faint});
-    }
-};
-
-/// In place of a button that would do nothing.
-class MagnifyingGlass final : public QWidget
-{
-public:
-    MagnifyingGlass() { setAttribute(Qt::WA_TransparentForMouseEvents); }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        Symbol::paint(painter, QRectF(rect()).adjusted(1, 1, -1, -1), u"magnifyingglass"_s,
-            {BoardStyle::shared().colors().muted});
     }
 };
 
@@ -99,14 +83,7 @@ QWidget *TremorLogPane::bar()
     m_kinds = new Segments(tr("Show"), {tr("All"), tr("Moves"), tr("Refused")});
     m_kinds->setCurrent(0);
     connect(m_kinds, &Segments::chosen, this, &TremorLogPane::filter);
-    m_filter = new QLineEdit;
-    m_filter->setPlaceholderText(tr("Filter by app or title"));
-    m_filter->setAccessibleName(tr("Filter by app or title"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->findChild<QAbstractButton *>()->setAccessibleName(tr("Clear"));
-    auto *glass = new QWidgetAction(m_filter);
-    glass->setDefaultWidget(new MagnifyingGlass);
-    m_filter->addAction(glass, QLineEdit::LeadingPosition);
+    m_filter = new SearchField(tr("Filter by app or title"));
     m_filter->installEventFilter(this);
     connect(m_filter, &QLineEdit::textChanged, this, &TremorLogPane::filter);
     auto *reveal = new QPushButton(tr("Show in Finder"));

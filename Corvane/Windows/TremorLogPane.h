@@ -4,10 +4,9 @@
 #include "SettingsPage.h"
 #include "TremorLogModel.h"
 
-class QLineEdit;
-
 namespace corvane {
 
+class SearchField;
 class Segments;
 class TremorLogList;
 
@@ -32,7 +31,7 @@ private:
     TremorLogModel m_log;
     QWidget *m_bar = nullptr;
     Segments *m_kinds = nullptr;
-    QLineEdit *m_filter = nullptr;
+    SearchField *m_filter = nullptr;
     TremorLogList *m_list = nullptr;
     QWidget *m_empty = nullptr; ///< in place of the list
 };

@@ -5,6 +5,7 @@
 #include "OutcomeReport.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 
 #include <gmock/gmock.h>
@@ -90,6 +91,8 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     const std::tuple<QString, QString, const char *, int> requests[]{
         {u""_s, u"general"_s, "", 0},
         {u"corvane://settings/about"_s, u"about"_s, "", 0},
+        {u"--preview-layout-edit --select-pane 3"_s, u"layouts"_s, "", 0},
+        {u"--preview-layout-edit --select-pane 4"_s, {}, "There is no pane 4", 2},
         {u"--select-pane 0 --open-app-picker"_s + ofLayout, u"layouts"_s, "", 0},
         {u"--select-pane 1"_s + ofLayout, {}, "There is no pane 1", 2},
         {u"--layout Nowhere"_s, {}, "Layout", 2},
@@ -111,6 +114,29 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     EXPECT_EQ(model.pendingPaneIndex.value(), 0);
     EXPECT_TRUE(model.pendingAppPicker.value());
     EXPECT_EQ(model.pendingActivation, u"token");
+}
+
+TEST_F(CommandsTests, theSampleOfAnEditIsSeenButNeverWritten)
+{
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(run(u"--preview-layout-edit"_s), CommandResult{});
+    ASSERT_EQ(model.layouts().size(), 1) << "the sample comes once";
+    EXPECT_EQ(model.layouts().first().panes.size(), 4);
+    EXPECT_EQ(model.savedVersion(model.pendingLayout)->panes.size(), 3);
+    EXPECT_FALSE(QFile::exists(desk.folder.path(u"layouts.json"_s)));
+
+    const WindowLayout layout = model.newEmptyLayout();
+    WindowLayout byHand = desk.saved().first();
+    byHand.name = u"By hand"_s;
+    desk.save({byHand});
+    model.refreshLayouts();
+    for (const auto &[index, name] : {std::pair(0, u"By hand"), {1, u"Sample"}})
+        EXPECT_EQ(model.layouts()[index].name, name);
+    while (model.undoTitle()) {
+        model.undo();
+        EXPECT_LE(desk.saved().size(), 1);
+    }
+    EXPECT_NE(desk.saved(), model.layouts());
 }
 
 TEST_F(CommandsTests, whatTheShellDoesIsHandedToItAndWhatFailsIsRefused)

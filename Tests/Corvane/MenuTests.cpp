@@ -13,6 +13,7 @@ namespace corvane {
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAreArray;
+using testing::SizeIs;
 using testing::UnorderedElementsAreArray;
 
 namespace {
@@ -56,6 +57,7 @@ protected:
         const auto note = [this](const QString &wish) { return [=, this] { asked << wish; }; };
         return {[this](Placement placement) { asked << title(placement); },
             [this](const WindowLayout &shown) { asked << shown.name; }, note(u"capture"_s),
+            [this](const QUuid &layout) { asked << u"edit "_s + model.layout(layout)->name; },
             note(u"grant access"_s), note(u"shortcuts"_s),
             [this](const Competitor::Running &rival) { asked << rival.competitor.name; },
             note(u"updates"_s), note(u"about"_s), note(u"settings"_s), note(u"log"_s),
@@ -130,11 +132,12 @@ TEST_F(MenuTests, rowsShowTheShortcutsInForceThatWorkInBothForms)
     const QMenu &layouts = *row(status.menu(), u"Layouts"_s)->menu<QMenu *>();
     EXPECT_THAT(lines(layouts),
         ElementsAreArray({u"R&&D, Control 1"_s, u"Work, made for displays that are not connected"_s,
-            QString(), u"Capture Current Windows"_s}));
+            QString(), u"Edit Layout"_s, u"Capture Current Windows"_s}));
     EXPECT_THAT(
         lines(*row(plain.menu(), u"Layouts"_s)->menu<QMenu *>()), Contains(u"R&&D\tCtrl+1"_s));
     chooseAll(layouts);
-    EXPECT_THAT(asked, ElementsAreArray({u"R&D"_s, u"Work"_s, u"capture"_s}));
+    EXPECT_THAT(asked,
+        ElementsAreArray({u"R&D"_s, u"Work"_s, u"edit R&D"_s, u"edit Work"_s, u"capture"_s}));
     EXPECT_FALSE(plain.menu().actions().first()->isEnabled());
 }
 
@@ -173,6 +176,10 @@ TEST(DelegateTests, whatItsRowsDoIsToldAndTheyTellTheDisplaysAndTheFileOfToday)
     EXPECT_EQ(told(), u"There is no layout of this name any more."_s);
     delegate.captureLayout();
     EXPECT_TRUE(told().contains(u"as “Layout”. They come back"_s));
+    desk.platform.desktop().closeWindow(desk.window);
+    delegate.captureLayout();
+    EXPECT_EQ(told(), u"No window could be captured."_s);
+    EXPECT_THAT(store.loadKeepingUnreadable().layouts, SizeIs(1)) << "nor is it an empty layout";
     desk.platform.session().opensAddresses = false;
     row(menu, u"Corvane Website"_s)->trigger();
     EXPECT_EQ(told(), Identity::website);

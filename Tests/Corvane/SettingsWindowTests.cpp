@@ -7,10 +7,13 @@
 #include "StealSheet.h"
 #include "Switch.h"
 #include "TremorLogModel.h"
+#include "Waiting.h"
 #include "WindowOpener.h"
 
 #include <QtGui/QKeyEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
 
@@ -312,6 +315,78 @@ TEST(TremorLogTests, entriesStandUnderTheirDayTheNewestFirstAsFarAsTheFilterLets
     EXPECT_EQ(log.data(log.index(1), Qt::AccessibleTextRole).toString(),
         u"Sat Nov 21, 12:00 PM, Left Half, Browser — Letter, Laptop, from 0, 0, 10 × 10 to 0, 0, "
         u"20 × 20");
+}
+
+TEST_F(SettingsWindowTests, aLayoutThatWasCapturedElsewhereIsNamedAtOnceWhateverIsShown)
+{
+    std::ignore = model.newEmptyLayout();
+    for (const bool wasShown : {false, true}) {
+        SCOPED_TRACE(wasShown);
+        const WindowLayout captured = model.newEmptyLayout();
+        window->show(wasShown ? SettingsPane::layouts : SettingsPane::general);
+
+        model.pendingRename = captured.id;
+        model.pendingPane = u"layouts"_s;
+        QApplication::processEvents();
+
+        const auto *field = qobject_cast<QLineEdit *>(window->focusWidget());
+        ASSERT_TRUE(field);
+        EXPECT_EQ(field->text(), captured.name);
+        EXPECT_EQ(field->selectedText(), captured.name);
+    }
+}
+
+TEST_F(SettingsWindowTests, theDesktopShowsTheChosenLayoutUntilTheUserIsDoneWithIt)
+{
+    const auto overlays = [] {
+        QList<QWindow *> windows = QGuiApplication::topLevelWindows();
+        windows.removeIf([](QWindow *each) { return !each->inherits("corvane::PaneOverlay"); });
+        return windows.size();
+    };
+    desk.plugSecond();
+    desk.settle();
+    const WindowLayout both = model.newEmptyLayout();
+    const WindowLayout other = model.newEmptyLayout();
+    window->show(SettingsPane::layouts);
+    model.pendingLayout = both.id;
+    QWidget *picture = nullptr;
+    for (QWidget *each : window->findChildren<QWidget *>())
+        picture = each->inherits("corvane::LayoutPicture") ? each : picture;
+    QAbstractButton *button = nullptr;
+    for (auto *each : window->findChildren<QPushButton *>())
+        button = each->accessibleName() == u"Show on Desktop" ? each : button;
+    const auto space = [&](QEvent::Type type, bool repeats) {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, u" "_s, repeats);
+        QApplication::sendEvent(picture, &event);
+    };
+    const std::function<void()> ends[]{[&] { space(QEvent::KeyRelease, false); },
+        [&] { button->click(); }, [&] { window->show(SettingsPane::about); },
+        [&] { model.deleteLayout(both.id); }};
+    for (const auto &end : ends) {
+        window->show(SettingsPane::layouts);
+        if (&end == &ends[0])
+            space(QEvent::KeyPress, false);
+        else
+            button->click();
+        const auto begun = overlays();
+        space(QEvent::KeyRelease, false); // of a repetition that nobody knows for one
+        space(QEvent::KeyPress, true);
+        desk.platform.desktop().unplug(desk.laptop);
+        desk.settle();
+        const auto unplugged = overlays();
+        const Rect frame = desk.platform.ownWindows().overlays.last();
+        desk.laptop = desk.platform.desktop().plug({{0, 0, 1440, 900}, u"Laptop"_s});
+        desk.settle();
+
+        EXPECT_THAT((std::array{begun, unplugged, overlays()}), ElementsAre(2, 1, 2));
+        EXPECT_EQ(frame, (Rect{1440, 0, 1920, 1080}));
+        end();
+        EXPECT_TRUE(desktop::waitUntil([&] {
+            QApplication::processEvents();
+            return overlays() == 0;
+        }));
+        EXPECT_FALSE(button->isChecked());
+    }
 }
 
 } // namespace corvane

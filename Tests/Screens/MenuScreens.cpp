@@ -56,7 +56,8 @@ void drawMenus(AppModel &model)
 {
     const auto nothing = [](auto &&...) {};
     const MenuTarget target{nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing,
-        nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing};
+        nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing,
+        nothing};
     StatusMenu status(RowForm::drawn, model, target);
     status.fill();
     QMenu &menu = status.menu();

@@ -3,17 +3,26 @@
 #include "Card.h"
 #include "Catalogues.h"
 #include "KeySentence.h"
+#include "LayoutList.h"
+#include "LayoutPicture.h"
 #include "ModelDesk.h"
+#include "PaneOverlay.h"
 #include "ScrollFade.h"
 #include "SettingsWindow.h"
 #include "StealSheet.h"
 
 #include <QtCore/QDir>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include <cstdio>
 
@@ -52,6 +61,8 @@ bool endsInOneColumn(const Card &card)
 {
     QSet<int> ends;
     for (const QWidget *row : card.findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (row->findChild<LayoutPicture *>() || row->findChild<LayoutList *>())
+            continue; // they fill the card
         QRect content;
         for (const QWidget *child : row->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
             if (child->isVisible())
@@ -91,6 +102,23 @@ void check(const QWidget &parent, const QString &picture)
     }
 }
 
+/// Two displays, as the sketch of the editor has them; one of them is not there.
+WindowLayout largeLayout(const QList<DisplayKey> &connected)
+{
+    WindowLayout layout = ModelDesk::leftHalfLayout(connected);
+    layout.name = u"Desk & Chat with Two Displays"_s;
+    layout.displays << DisplayKey{u"DELL U2720Q"_s, 2560, 1440};
+    const auto pane = [](const QString &app, int display, const UnitRect &rect,
+                          const std::optional<QString> &title = {}) {
+        return Pane{
+            .display = display, .rect = rect, .app = AppRef{app, app}, .titleContains = title};
+    };
+    layout.panes = {pane(u"Terminal"_s, 0, {0, 0, 0.4, 1}, u"build"_s),
+        pane(u"Editor"_s, 0, {0.4, 0, 0.3, 1}), pane(u"Browser"_s, 0, {0.7, 0, 0.3, 1}),
+        pane(u"Mail"_s, 1, {0, 0, 1, 0.5}), pane(u"Chat"_s, 1, {0, 0.5, 1, 0.5})};
+    return layout;
+}
+
 QList<ActivityEntry> entries()
 {
     QList<ActivityEntry> entries;
@@ -109,6 +137,34 @@ QList<ActivityEntry> entries()
     return entries;
 }
 
+/// A layout with a pane for everything that can become of one.
+WindowLayout applied()
+{
+    WindowLayout layout = ModelDesk::leftHalfLayout(Screens::signature());
+    layout.name = u"Streaming"_s;
+    layout.displays << DisplayKey{u"DELL U2720Q"_s, 1920, 1080};
+    layout.panes.clear();
+    for (const auto &[name, display, rect] :
+        {std::tuple(u"Terminal"_s, 0, UnitRect{0, 0, 0.4, 1}), {u"Editor"_s, 0, {0.4, 0, 0.6, 0.5}},
+            {u"Browser"_s, 0, {0.4, 0.5, 0.3, 0.5}}, {u"Music"_s, 0, {0.7, 0.5, 0.3, 0.5}},
+            {u"Mail"_s, 1, {0, 0, 1, 0.5}}, {u"Sketch"_s, 1, {0, 0.5, 0.3, 0.5}},
+            {u"Files"_s, 1, {0.3, 0.5, 0.4, 0.5}}, {QString(), 1, {0.7, 0.5, 0.3, 0.5}}}) {
+        Pane pane{.display = display, .rect = rect};
+        if (!name.isEmpty())
+            pane.app = AppRef{u"org.example."_s + name, name};
+        layout.panes << pane;
+    }
+    return layout;
+}
+
+AppModel::LastApply lastApply(const WindowLayout &layout, const QList<PaneStatus> &statuses)
+{
+    AppModel::LastApply apply{layout.id, {}, QDateTime(QDate(2026, 11, 20), QTime(10, 42))};
+    for (const Pane &pane : layout.panes)
+        apply.results << PaneResult{pane, statuses[apply.results.size() % statuses.size()]};
+    return apply;
+}
+
 /// The pictures of one look.
 struct SettingsScreens {
     QString folder;
@@ -116,13 +172,19 @@ struct SettingsScreens {
 
     void shoot(QWidget &window, const QString &what) const
     {
-        QApplication::processEvents();
+        // What changes places with the room asks for other room.
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
         const QString picture = u"settings-%1-%2"_s.arg(what, name);
         check(window, picture);
         const QString file = folder + u'/' + picture + u".png"_s;
         expect(window.grab().save(file), picture, file, u"can be written"_s);
     }
     void draw(AppModel &model) const;
+    void drawLayouts(AppModel &model) const;
+    void drawOverlay() const;
+    void drawPicker(ModelDesk &desk, AppModel &model) const;
+    void drawApply(SettingsWindow &window, AppModel &model) const;
     void turnTo(const DesktopLook &look, AppModel &model) const;
 };
 
@@ -166,6 +228,49 @@ void SettingsScreens::turnTo(const DesktopLook &look, AppModel &model) const
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// An apply under way, and reports on it.
+void SettingsScreens::drawApply(SettingsWindow &window, AppModel &model) const
+{
+    using Status = PaneStatus;
+    WindowLayout edited = applied();
+    edited.id = model.newEmptyLayout().id;
+    model.updateLayout(edited, u"Edit"_s);
+    const QSize size = window.size();
+    window.resize(size * 5 / 4);
+    window.show(SettingsPane::layouts);
+    model.pendingLayout = edited.id;
+    const auto placed = lastApply(edited, {{Status::Placed{}}});
+    model.applyProgress = {{placed.results.first(3)}, 4};
+    model.applying = edited.id;
+    shoot(window, u"applying"_s);
+    model.applying = QUuid();
+    model.lastApply = placed;
+    shoot(window, u"placed"_s);
+    const auto shootReport = [&](const QString &what) {
+        QApplication::processEvents();
+        for (const QScrollArea *area : window.findChildren<QScrollArea *>())
+            area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+        shoot(window, what);
+    };
+    model.lastApply = lastApply(edited,
+        {{Status::Placed{}}, {Status::NoWindow{}}, {Status::Refused{u"cannot be that small"_s}},
+            {Status::NotRunning{}}, {Status::DisplayMissing{}}, {Status::NotInstalled{}},
+            {Status::Launched{}}, {Status::Empty{}}});
+    shootReport(u"report"_s);
+    window.resize(Board::length(720), Board::length(480));
+    shootReport(u"narrowReport"_s);
+    window.findChild<QPushButton *>(u"fold"_s)->click();
+    shootReport(u"unfolded"_s);
+    window.resize(size * 5 / 4);
+    model.accessibilityTrusted = false;
+    model.lastApply = lastApply(edited, {{Status::Refused{u"accessibility not granted"_s}}});
+    shootReport(u"distrusted"_s);
+    model.accessibilityTrusted = true;
+    model.lastApply = std::nullopt;
+    model.deleteLayout(edited.id);
+    window.resize(size);
+}
+
 void SettingsScreens::draw(AppModel &model) const
 {
     SettingsWindow &window = open(model);
@@ -173,6 +278,7 @@ void SettingsScreens::draw(AppModel &model) const
         window.show(pane);
         shoot(window, rawValue(pane));
     }
+    drawApply(window, model);
     model.activity = entries();
     window.show(SettingsPane::tremorLog);
     shoot(window, u"moves"_s);
@@ -215,6 +321,128 @@ void SettingsScreens::draw(AppModel &model) const
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// The drawing board with each kind of layout, and in the middle of what is done there.
+void SettingsScreens::drawLayouts(AppModel &model) const
+{
+    SettingsWindow &window = open(model);
+    window.show(SettingsPane::layouts);
+    const WindowLayout simple = model.layouts().first();
+    const WindowLayout large = largeLayout(simple.displays);
+    WindowLayout added = model.newEmptyLayout();
+    added.displays = large.displays;
+    added.panes = large.panes;
+    added.name = large.name;
+    model.updateLayout(added, {});
+    model.pendingLayout = added.id;
+    shoot(window, u"layouts-missing"_s);
+    auto *picture = window.findChild<LayoutPicture *>();
+    const auto press = [&](int key, Qt::KeyboardModifiers modifiers = {}) {
+        picture->setFocus();
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
+        QApplication::sendEvent(picture, &event);
+    };
+    window.resize(Board::length(1120), Board::length(768));
+    shoot(window, u"layouts-wide"_s);
+    press(Qt::Key_Right, Qt::AltModifier);
+    press(Qt::Key_Left, Qt::ShiftModifier);
+    shoot(window, u"layouts-edge"_s);
+    press(Qt::Key_Return);
+    model.deleteLayout(added.id);
+    model.undo();
+    picture->setCurrentPane(added.panes[0].id);
+    picture->split(CutLines::horizontal);
+    shoot(window, u"layouts-ungridded"_s);
+    for (const WindowLayout &layout : QList(model.layouts()))
+        model.deleteLayout(layout.id);
+    window.resize(Board::length(880), Board::length(620));
+    shoot(window, u"layouts-empty"_s);
+    while (model.undoTitle())
+        model.undo();
+    window.close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// What stands over the desktop for a pane, with a compositing manager and without, in several sizes.
+void SettingsScreens::drawOverlay() const
+{
+    const Pane pane{.rect = {0, 0, 0.375, 1},
+        .app = {{u"org.example.Editor"_s, u"Editor"_s}},
+        .titleContains = u"Letter to the editor of a newspaper"_s};
+    QImage image(Board::length(1000), Board::length(420), QImage::Format_RGB32);
+    image.fill(QColor(0x3A6E7A));
+    QPainter painter(&image);
+    double top = 10;
+    for (const auto behind : {PaneOverlay::Behind::shinesThrough, PaneOverlay::Behind::cutOut}) {
+        double left = 10;
+        for (const double width : {480, 230, 130, 70}) {
+            const QRectF rect(0, 0, Board::length(width), Board::length(190));
+            painter.save();
+            painter.translate(Board::length(left), Board::length(top));
+            if (behind == PaneOverlay::Behind::cutOut)
+                painter.setClipRegion(PaneOverlay::shape(rect.size(), pane));
+            PaneOverlay::paint(painter, rect, pane, behind);
+            painter.restore();
+            left += width + 10;
+        }
+        top += 205;
+    }
+    painter.end();
+    const QString file = folder + u"/settings-overlay-"_s + name + u".png"_s;
+    expect(image.save(file), name, file, u"can be written"_s);
+}
+
+/// Some that run and some that are only installed; two of one name.
+void installApps(SimulatedDesktop &desktop)
+{
+    const std::tuple<QString, QString, QString> apps[]{
+        {u"org.example.Editor"_s, u"Editor"_s, u"Write text and programs"_s},
+        {u"org.example.Terminal"_s, u"Terminal"_s, u"Type commands"_s},
+        {u"org.example.Chat"_s, u"Chat"_s, {}},
+        {u"org.example.Browser"_s, u"Browser"_s, u"Browse the web"_s},
+        {u"org.example.Calculator"_s, u"Calculator"_s, u"Perform arithmetic"_s},
+        {u"org.example.Calendar"_s, u"Calendar"_s,
+            u"Appointments, birthdays and everything else "
+            "that has a day and wants to be remembered"_s},
+        {u"com.example.files"_s, u"Files"_s, {}},
+        {u"org.example.Files"_s, u"Files"_s, u"Organise what lies on your disks"_s},
+        {u"org.example.Viewer"_s, u"Überblick"_s, u"See all pictures"_s},
+        {u"plain"_s, u"An application whose name is longer than any list has room for it"_s, {}}};
+    for (const auto &[id, name, purpose] : apps)
+        desktop.install({.bundleIdentifier = id, .name = name, .purpose = purpose});
+    const pid_t terminal = desktop.start(u"org.example.Terminal"_s, u"Terminal"_s);
+    for (int i = 0; i < 2; ++i)
+        desktop.openWindow(terminal, {.title = u"Shell"_s});
+    desktop.closeWindow(
+        desktop.openWindow(desktop.start(u"org.example.Chat"_s, u"Chat"_s), {.title = u"Room"_s}));
+}
+
+void SettingsScreens::drawPicker(ModelDesk &desk, AppModel &model) const
+{
+    SettingsWindow &window = open(model);
+    window.show(SettingsPane::layouts);
+    SimulatedDesktop &desktop = desk.platform.desktop();
+    desktop.quit(desk.editor);
+    for (const bool hasApps : {false, true}) {
+        if (hasApps)
+            installApps(desktop);
+        model.pendingAppPicker = true;
+        QApplication::processEvents();
+        auto &picker = *window.findChild<QDialog *>();
+        shoot(picker, hasApps ? u"picker"_s : u"picker-no-apps"_s);
+        auto &field = *picker.findChild<QLineEdit *>();
+        for (const auto &[text, what] :
+            {std::pair(u"fil"_s, u"picker-found"_s), {u"teminal"_s, u"picker-nothing"_s}}) {
+            field.setText(text);
+            if (hasApps)
+                shoot(picker, what);
+        }
+        picker.reject();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    window.close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 } // namespace
 
 /// settings-screens FOLDER PIXELS [LANGUAGE [rtl]]: text of so many pixels, perhaps from right to left.
@@ -233,19 +461,22 @@ int main(int argc, char **argv)
     QApplication::setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
     QDir().mkpath(folder);
 
-    ModelDesk desk;
-    desk.save({ModelDesk::leftHalfLayout(Screens::signature())});
     const QString kind = u"%1-%2x-%3px%4"_s.arg(language)
                              .arg(qApp->devicePixelRatio())
                              .arg(font.pixelSize())
                              .arg(isMirrored ? u"-rtl"_s : QString());
     for (const auto &[name, look] : {std::pair(u"light"_s, DesktopLook{.reducesMotion = true}),
              {u"dark"_s, {true, false, {}, true}}, {u"contrast"_s, {false, true, {}, true}}}) {
+        ModelDesk desk;
+        desk.save({ModelDesk::leftHalfLayout(Screens::signature())});
         AppModel model = desk.model();
         model.accessibilityTrusted = true;
         const SettingsScreens screens{folder, name + u'-' + kind};
         screens.turnTo(look, model);
+        screens.drawLayouts(model);
         screens.draw(model);
+        screens.drawOverlay();
+        screens.drawPicker(desk, model);
     }
     for (auto failure = failures.cbegin(); failure != failures.cend(); ++failure)
         std::fprintf(stderr, "%s (%s)\n", qUtf8Printable(failure.key()), qUtf8Printable(*failure));
