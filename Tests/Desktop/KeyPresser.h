@@ -11,10 +11,10 @@ namespace corvane::desktop {
 /// Physical keys by evdev code, which no keyboard layout changes.
 // clang-format off
 enum class Key : quint8 {
-    escape = 1, digit1 = 2, minus = 12, equal = 13, tab = 15, e = 18, t = 20, o = 24, enter = 28,
-    leftControl = 29, d = 32, f = 33, g = 34, leftShift = 42, c = 46, m = 50, slash = 53,
-    leftAlt = 56, space = 57, capsLock = 58, numLock = 69, up = 103, left = 105, right = 106, down = 108,
-    leftSuper = 125, menu = 127
+    escape = 1, digit1 = 2, minus = 12, equal = 13, tab = 15, q = 16, e = 18, r = 19, t = 20, o = 24,
+    enter = 28, leftControl = 29, a = 30, s = 31, d = 32, f = 33, g = 34, leftShift = 42, z = 44, c = 46, n = 49,
+    m = 50, slash = 53, leftAlt = 56, space = 57, capsLock = 58, f2 = 60, f6 = 64, numLock = 69, up = 103,
+    left = 105, right = 106, down = 108, leftSuper = 125, menu = 127
 };
 // clang-format on
 
@@ -42,6 +42,19 @@ public:
     void press(const KeyStroke &stroke)
     {
         static_cast<void>(holdUntil(stroke, [] { return true; }));
+    }
+    /// Lower-case letters and digits, by the keys that they have on an American keyboard.
+    void type(const QByteArray &text)
+    {
+        constexpr std::array rows{std::pair{Key::digit1, "1234567890"},
+            std::pair{Key::q, "qwertyuiop"}, std::pair{Key::a, "asdfghjkl"},
+            std::pair{Key::z, "zxcvbnm"}};
+        for (const char letter : text) {
+            for (const auto &[first, letters] : rows) {
+                if (const qsizetype at = QByteArrayView(letters).indexOf(letter); at >= 0)
+                    press({0, Key(quint8(first) + at)});
+            }
+        }
     }
     /// Keeps the stroke down until the condition holds, so that the key repeats.
     [[nodiscard]] bool holdUntil(const KeyStroke &stroke, const std::function<bool()> &condition,

@@ -71,10 +71,10 @@ xcb_window_t WindowProbe::waitForWindow(
     return found;
 }
 
-QList<xcb_window_t> WindowProbe::openMenus(pid_t pid)
+QList<xcb_window_t> WindowProbe::openOf(pid_t pid, bool areTips)
 {
     QList<xcb_window_t> windows = childrenOf(m_connection.root());
-    windows.removeIf([&](xcb_window_t window) { return !isOpenMenu(window, pid); });
+    windows.removeIf([&](xcb_window_t window) { return !isOpen(window, pid, areTips); });
     return windows;
 }
 
@@ -113,17 +113,18 @@ QList<xcb_window_t> WindowProbe::childrenOf(xcb_window_t window)
     return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
-bool WindowProbe::isOpenMenu(xcb_window_t window, pid_t pid)
+bool WindowProbe::isOpen(xcb_window_t window, pid_t pid, bool isTip)
 {
     const auto attributes = attributesOf(window);
     if (!attributes || !attributes->override_redirect
         || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
         return false;
     const QList<quint32> types = m_connection.numbers(window, "_NET_WM_WINDOW_TYPE");
-    const bool isTip = types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_TOOLTIP"));
+    const bool hasTipType = types.contains(m_connection.atom("_NET_WM_WINDOW_TYPE_TOOLTIP"));
     // Window managers keep helpers of their own beyond the edge.
     const bool isOnScreen = clientGeometry(window).value_or(Rect()).maxX() > 0;
-    return isOnScreen && !types.isEmpty() && !isTip && (pid == 0 || hasProcess(window, pid));
+    return isOnScreen && !types.isEmpty() && hasTipType == isTip
+        && (pid == 0 || hasProcess(window, pid));
 }
 
 } // namespace corvane::desktop

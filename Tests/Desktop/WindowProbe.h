@@ -66,7 +66,9 @@ public:
         const std::function<bool(xcb_window_t)> &condition, Milliseconds deadline = patience);
 
     /// Menus of the process that are on the screen, the lowest one first. Any process's for 0.
-    [[nodiscard]] QList<xcb_window_t> openMenus(pid_t pid = 0);
+    [[nodiscard]] QList<xcb_window_t> openMenus(pid_t pid = 0) { return openOf(pid, false); }
+    /// Tips, and what else the process shows over everything, likewise.
+    [[nodiscard]] QList<xcb_window_t> openTips(pid_t pid) { return openOf(pid, true); }
     /// The process's icon in a tray that takes windows in; 0 when there is none.
     [[nodiscard]] xcb_window_t trayIcon(pid_t pid);
 
@@ -88,7 +90,8 @@ private:
         return m_connection.reply<xcb_query_tree_reply>(xcb_query_tree(m_connection.raw(), window));
     }
     QList<xcb_window_t> childrenOf(xcb_window_t window);
-    bool isOpenMenu(xcb_window_t window, pid_t pid);
+    QList<xcb_window_t> openOf(pid_t pid, bool areTips);
+    bool isOpen(xcb_window_t window, pid_t pid, bool isTip);
 
     XConnection &m_connection;
 };

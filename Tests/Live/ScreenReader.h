@@ -88,11 +88,22 @@ public:
     /// Presses, toggles or chooses it. Whether the program says that it did.
     bool operate(const Accessible &thing) const
     {
-        return ask(thing.place, QStringLiteral("org.a11y.atspi.Action"), "DoAction", {0}).toBool();
+        return ask(thing.place, actions, "DoAction", {0}).toBool();
+    }
+    /// Does what it calls so, if it can.
+    bool operate(const Accessible &thing, const QString &action) const
+    {
+        const int count = property(thing.place, actions, QStringLiteral("NActions")).toInt();
+        for (int i = 0; i < count; ++i) {
+            if (ask(thing.place, actions, "GetName", {i}).toString() == action)
+                return ask(thing.place, actions, "DoAction", {i}).toBool();
+        }
+        return false;
     }
 
 private:
     static inline const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
+    static inline const QString actions = QStringLiteral("org.a11y.atspi.Action");
     static inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
     QVariant ask(const Accessible::Place &place, const QString &interface, const char *method,

@@ -23,6 +23,7 @@ protected:
     {
         LiveTests::TearDown();
         corvane().stop();
+        desktop().setVariable(u"QT_SCALE_FACTOR"_s, {});
         QFile::remove(settingsPath());
     }
 
@@ -111,6 +112,60 @@ TEST_F(SettingsTests, theWindowOpensOnceInTheMiddleInFrontAndObeysPlacements)
     EXPECT_TRUE(waitUntil([&] { return !probe().clients().contains(window); }));
     ASSERT_TRUE(focus(users));
     EXPECT_TRUE(lands(users, Placement::leftHalf));
+}
+
+TEST_F(SettingsTests, whatASpaceShowsOverTheDesktopIsInNobodysWay)
+{
+    if (isManager({u"fluxbox"_s}))
+        GTEST_SKIP() << "no window hears a click, since these tests give it no bindings";
+    // In points of which some are two pixels and some are one.
+    corvane().stop();
+    desktop().setVariable(u"QT_SCALE_FACTOR"_s, u"1.25"_s);
+    ASSERT_TRUE(corvane().start());
+    const bool tiles = isManager({u"i3"_s});
+    const xcb_window_t users = showFocused();
+    const Rect place = frame(users);
+    ASSERT_EQ(corvane().ask({u"--capture"_s, u"Desk"_s}).exitStatus, 0);
+    const xcb_window_t window = open(u"layouts"_s);
+    const auto shows = [&](const QList<Rect> &frames) {
+        QList<Rect> shown;
+        const bool isSo = waitUntil([&] {
+            shown.clear();
+            for (const xcb_window_t each : probe().openTips(corvane().pid()))
+                shown << probe().clientGeometry(each).value_or(Rect());
+            return shown == frames;
+        });
+        return (isSo ? testing::AssertionSuccess() : testing::AssertionFailure())
+            << testing::PrintToString(shown) << ", not " << testing::PrintToString(frames);
+    };
+    const QList<xcb_window_t> managed = probe().clients();
+    const Rect settings = frame(window);
+    keys().click({settings.x + 375, settings.maxY() - 75}); // below the list's rows
+
+    keys().key(Key::space, true);
+    EXPECT_TRUE(shows({place}));
+    EXPECT_EQ(probe().clients(), managed);
+    EXPECT_EQ(probe().activeWindow(), window);
+    keys().key(Key::space, false);
+    EXPECT_TRUE(shows({}));
+
+    keys().key(Key::space, true);
+    EXPECT_TRUE(shows({place}));
+    const QList<xcb_window_t> tips = probe().openTips(corvane().pid());
+    EXPECT_TRUE(tiles || lands(window, Placement::rightHalf));
+    EXPECT_EQ(probe().openTips(corvane().pid()), tips) << "it flickers while the key repeats";
+    XConnection hand(desktop().environment().value(u"DISPLAY"_s));
+    const quint32 presses = XCB_EVENT_MASK_BUTTON_PRESS;
+    xcb_change_window_attributes(hand.raw(), users, XCB_CW_EVENT_MASK, &presses);
+    hand.sync();
+    keys().click({place.x + 50, place.midY()});
+    EXPECT_TRUE(waitUntil([&] {
+        const Reply<xcb_generic_event_t> event{xcb_poll_for_event(hand.raw())};
+        return event && (event->response_type & 0x7f) == XCB_BUTTON_PRESS;
+    })) << "a click is caught";
+    ASSERT_TRUE(focus(users));
+    EXPECT_TRUE(shows({}));
+    keys().key(Key::space, false);
 }
 
 TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)

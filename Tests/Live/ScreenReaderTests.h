@@ -1,0 +1,72 @@
+#pragma once
+
+#include "LiveDesk.h"
+#include "ScreenReader.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QSaveFile>
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+/// The program with files of the test's own, and with a screen reader from when it is started.
+class ScreenReaderTests : public LiveTests
+{
+protected:
+    static inline const QString settingsFile = QStringLiteral("settings.json");
+    static inline const QString layoutsFile = QStringLiteral("layouts.json");
+
+    // The next test starts the program again, without the files.
+    void TearDown() override
+    {
+        m_reader.reset();
+        LiveTests::TearDown();
+        corvane().stop();
+        for (const QString &name : {settingsFile, layoutsFile})
+            QFile::remove(pathOf(name));
+    }
+
+    void startReader() { m_reader = std::make_unique<ScreenReader>(desktop()); }
+    ScreenReader &reader() { return *m_reader; }
+    QString pathOf(const QString &name)
+    {
+        return desktop().dataFolder() + QStringLiteral("/Corvane/") + name;
+    }
+    /// As an editor does; the program notices.
+    void edit(const QString &name, const QByteArray &text)
+    {
+        QSaveFile file(pathOf(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0 && file.commit());
+    }
+    QJsonDocument contents(const QString &name)
+    {
+        QFile file(pathOf(name));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll())
+                                              : QJsonDocument();
+    }
+
+    /// The first with this role and name, once it shows.
+    Accessible find(const QString &title)
+    {
+        Accessible found;
+        EXPECT_TRUE(waitUntil([&] {
+            const QList<Accessible> shown = reader().shown();
+            const auto first = std::ranges::find(shown, title, &Accessible::title);
+            if (first != shown.end())
+                found = *first;
+            return first != shown.end();
+        })) << qPrintable(title);
+        return found;
+    }
+    bool comesTo(const Accessible &thing, Accessible::State state, bool has = true)
+    {
+        return waitUntil([&] { return reader().is(thing, state) == has; });
+    }
+
+private:
+    std::unique_ptr<ScreenReader> m_reader;
+};
+
+} // namespace corvane::desktop
