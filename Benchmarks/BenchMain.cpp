@@ -1,8 +1,10 @@
+#include "EditorBenchmark.h"
 #include "GeometryBenchmark.h"
 #include "IdleBenchmark.h"
 #include "KeyBenchmark.h"
 #include "LayoutBenchmark.h"
 #include "MenuBenchmark.h"
+#include "PickerBenchmark.h"
 #include "SettingsBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
@@ -77,6 +79,10 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
             [&] { return measureMenu(desktop, effort.starts); }},
         {u"Settings window, opened %1 times"_s.arg(effort.openings),
             [&] { return measureSettings(desktop, effort.openings, effort.idle); }},
+        {u"Application picker, opened %1 times"_s.arg(effort.starts),
+            [&] { return measurePicker(desktop, effort.starts); }},
+        {u"Layouts pane, an edge dragged %1 times"_s.arg(effort.rounds),
+            [&] { return measureEditor(desktop, effort.rounds); }},
         {u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(effort.rounds),
             [&desktop, window, &effort] { return measureKeys(desktop, window, effort.rounds); }},
         {u"Key press to a whole layout on openbox, %1 presses each"_s.arg(effort.layoutRounds),

@@ -9,6 +9,8 @@ inline const QString corvaneProgram = QStringLiteral(CORVANE_PROGRAM);
 inline const QString minimalProgram = QStringLiteral(CORVANE_MINIMAL);
 inline const QString pipelinedProgramPath = QStringLiteral(CORVANE_PIPELINED);
 inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
+inline const QString editorProgram = QStringLiteral(CORVANE_EDITOR);
+inline const QString pickerProgram = QStringLiteral(CORVANE_PICKER);
 inline const QString windowFloorProgram = QStringLiteral(CORVANE_WINDOW_FLOOR);
 
 } // namespace corvane::bench

@@ -37,6 +37,7 @@ struct Times {
     QList<double> first;
     QList<double> later;
     QList<double> tremorLog;
+    QList<double> layouts;
     QList<double> firstPanes;
     QList<double> panes;
     QList<double> recordings;
@@ -64,9 +65,12 @@ bool timeFirstOpenings(VirtualDesktop &desktop, const SettingsPictures &pictures
             || !program.window.close())
             return false;
         times.added << program.megabytes() - before;
-        const auto show = [&] { program.showPane(u"tremorLog"_s); };
+        const auto timeTo = [&program](const QString &pane, const Picture &picture) {
+            return program.window.time([&] { program.showPane(pane); }, picture);
+        };
         if (!program.window.open()
-            || !add(times.tremorLog, program.window.time(show, pictures.tremorLog)))
+            || !add(times.tremorLog, timeTo(u"tremorLog"_s, pictures.tremorLog))
+            || !add(times.layouts, timeTo(u"layouts"_s, pictures.layouts)))
             return false;
     }
     return true;
@@ -180,6 +184,7 @@ QList<Measurement> table(const OpeningTimes &floor, const Times &times)
                  << ms(u"another pane by key, 95th percentile"_s, percentile95(times.panes))
                  << ms(u"Tremor Log by request, 100,000 moves, median"_s, median(times.tremorLog),
                         60)
+                 << ms(u"Layouts by request, 50 layouts, median"_s, median(times.layouts), 60)
                  << ms(u"key that is recorded to hot key, median"_s, median(times.recordings), 10)
                  << Measurement{u"wake-ups while it is open"_s, times.wakeUps, {},
                         Limit{Limit::Kind::atMost, 0}}

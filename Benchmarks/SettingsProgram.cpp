@@ -31,6 +31,8 @@ std::optional<SettingsPictures> rehearseSettings(VirtualDesktop &desktop)
     pictures.opened = window.look();
     program.showPane(u"tremorLog"_s);
     pictures.tremorLog = window.look();
+    program.showPane(u"layouts"_s);
+    pictures.layouts = window.look();
     for (const Key key : {Key::up, Key::down}) {
         pictures.panes.clear();
         for (int i = 0; i < paneCount; ++i) {

@@ -22,7 +22,8 @@ struct SettingsProgram {
 /// What a fresh window shows.
 struct SettingsPictures {
     Picture opened;
-    Picture tremorLog; ///< asked for by its name
+    Picture tremorLog; ///< asked for by its name, as is the next one, and after it
+    Picture layouts;
     QList<Picture> panes; ///< reached by the rail's keys
 };
 
