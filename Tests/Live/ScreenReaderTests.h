@@ -3,7 +3,7 @@
 #include "LiveDesk.h"
 #include "ScreenReader.h"
 
-#include <QtCore/QFile>
+#include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QSaveFile>
 
@@ -34,9 +34,10 @@ protected:
     {
         return desktop().dataFolder() + QStringLiteral("/Corvane/") + name;
     }
-    /// As an editor does; the program notices.
+    /// As an editor does; the program notices. It may not have made the folder yet.
     void edit(const QString &name, const QByteArray &text)
     {
+        QDir(desktop().dataFolder()).mkpath(QStringLiteral("Corvane"));
         QSaveFile file(pathOf(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0 && file.commit());
     }
