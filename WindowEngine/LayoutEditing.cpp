@@ -49,8 +49,9 @@ struct Room {
 class EdgeDrag final
 {
 public:
-    EdgeDrag(const QList<Pane> &panes, CutLines cut, double from) : m_cut(cut), m_from(from)
+    EdgeDrag(const QList<Pane> &panes, CutLines cut, double from) : m_cut(cut), m_edges{from}
     {
+        gatherEdges(panes);
         for (const Pane &pane : panes)
             (touches(pane.rect) ? m_moving : m_still).append(pane.rect);
     }
@@ -79,14 +80,27 @@ public:
     }
 
 private:
-    bool endsHere(const UnitRect &rect) const
+    /// An edge that is the same as one that moves is moved, too, and so on: else a pane beside it, whose
+    /// edge is that much further off, would be left behind a gap.
+    void gatherEdges(const QList<Pane> &panes)
     {
-        return sameEdge(spanOf(rect, m_cut).end(), m_from);
+        for (qsizetype known = 0; known != m_edges.size();) {
+            known = m_edges.size();
+            for (const Pane &pane : panes) {
+                const PaneSpan span = spanOf(pane.rect, m_cut);
+                for (const double edge : {span.start, span.end()}) {
+                    if (isHere(edge) && !m_edges.contains(edge))
+                        m_edges << edge;
+                }
+            }
+        }
     }
-    bool startsHere(const UnitRect &rect) const
+    bool isHere(double edge) const
     {
-        return sameEdge(spanOf(rect, m_cut).start, m_from);
+        return std::ranges::any_of(m_edges, [edge](double each) { return sameEdge(each, edge); });
     }
+    bool endsHere(const UnitRect &rect) const { return isHere(spanOf(rect, m_cut).end()); }
+    bool startsHere(const UnitRect &rect) const { return isHere(spanOf(rect, m_cut).start); }
     bool touches(const UnitRect &rect) const { return endsHere(rect) || startsHere(rect); }
 
     /// Where no pane gives way, across a gap, the growing one stops at the pane behind. A pane that
@@ -109,7 +123,7 @@ private:
     }
 
     CutLines m_cut;
-    double m_from;
+    QList<double> m_edges; ///< that move
     QList<UnitRect> m_moving;
     QList<UnitRect> m_still;
 };

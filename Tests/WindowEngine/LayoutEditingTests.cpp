@@ -93,6 +93,7 @@ TEST(LayoutEditingTests, anEditOfBandsGivesTheBandsBesideIt)
         {u"0-30 60-100"_s, remove, 0, 0, "60-100"},
         // Panes on both sides follow as far as they can, and no further than a pane behind a gap.
         {u"0-50 50-100"_s, drag, 0.503, 0.7, "0-70 70-100"},
+        {u"0-50 50.3-100 0-50.3 50.6-100"_s, drag, 0.5, 0.7, "0-70 70-100 0-70 70-100"},
         {u"0-50 50-100"_s, drag, 0.5, 2, "0-95 95-100"},
         {u"0-50 50-100"_s, drag, 0.51, 0.7, "0-50 50-100"},
         {u"0-50 50-100"_s, drag, 0.5, notANumber, "0-50 50-100"},
