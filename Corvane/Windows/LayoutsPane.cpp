@@ -293,7 +293,7 @@ QWidget *LayoutsPane::editor(std::function<void(const WindowLayout &)> apply)
     m_paneCard = new PaneCard(*m_picture);
     connect(m_paneCard, &PaneCard::appAsked, this, &LayoutsPane::askForApp);
     connect(m_picture, &LayoutPicture::appAsked, this, &LayoutsPane::askForApp);
-    m_displayCard = new DisplayCard(m_model, *m_picture);
+    m_displayCard = new DisplayCard(*m_picture);
     m_cards->addWidget(m_paneCard, 1, Qt::AlignTop);
     m_cards->addWidget(m_displayCard, 1, Qt::AlignTop);
     column->addLayout(m_cards);

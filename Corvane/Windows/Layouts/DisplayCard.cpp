@@ -55,7 +55,7 @@ QWidget *sentence(const QString &text, BoardText::Tone tone)
 
 } // namespace
 
-DisplayCard::DisplayCard(AppModel &, LayoutPicture &picture, QWidget *parent)
+DisplayCard::DisplayCard(LayoutPicture &picture, QWidget *parent)
     : QWidget(parent), m_picture(picture)
 {
     auto *column = new QVBoxLayout(this);

@@ -18,7 +18,7 @@ class DisplayCard final : public QWidget
     Q_OBJECT
 
 public:
-    DisplayCard(AppModel &model, LayoutPicture &picture, QWidget *parent = nullptr);
+    explicit DisplayCard(LayoutPicture &picture, QWidget *parent = nullptr);
 
     /// Puts the keys into the field of this column or row.
     void focusBand(CutLines cut, int index);
