@@ -9,6 +9,7 @@
 #include "DesktopChoice.h"
 #include "LayoutPicture.h"
 #include "LayoutScene.h"
+#include "OwnTime.h"
 #include "PrivateFile.h"
 #include "Screens.h"
 #include "SettingsWindow.h"
@@ -23,7 +24,6 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 
 using namespace corvane;
 using namespace Qt::StringLiterals;
@@ -38,14 +38,6 @@ constexpr int lastPercent = 55;
 double milliseconds(SteadyClock::duration duration)
 {
     return std::chrono::duration<double, std::milli>(duration).count();
-}
-
-/// The processor's time that this thread has had, in milliseconds.
-double ownTime()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
 }
 
 /// Knows whether a widget has been painted.

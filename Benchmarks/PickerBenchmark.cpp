@@ -26,7 +26,7 @@ Measurements measurePicker(VirtualDesktop &desktop, int openings)
         ms(u"later opening, median"_s, median(times["later"]), 50),
         ms(u"key to what it finds, median"_s, median(times["search"]), 50),
         ms(u"key to what it finds, longest"_s, std::ranges::max(times["search"]), 50),
-        ms(u"longest that an event keeps the event loop"_s, times["longest"].first(), 16),
+        ms(u"longest own time of an event"_s, times["longest"].first(), 16),
     };
 }
 
