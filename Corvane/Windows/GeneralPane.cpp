@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "Card.h"
 #include "Drawing.h"
 #include "KeySentence.h"
@@ -32,13 +33,6 @@ Drawing *stateDot(bool isReady)
             painter.setPen(QPen(isReady ? palette.ready : palette.attention, 2));
             painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
         });
-}
-
-QPushButton *button(const QString &title, auto *context, auto &&act)
-{
-    auto *made = new QPushButton(title);
-    QObject::connect(made, &QPushButton::clicked, context, act);
-    return made;
 }
 
 QString inPoints(double value)
@@ -80,7 +74,7 @@ void GeneralPane::showTrust()
             tr("Every shortcut and layout is live."), nullptr, stateDot(true));
         return;
     }
-    auto *open = button(tr("Open Accessibility Settings"), this,
+    auto *open = pushButton(tr("Open Accessibility Settings"), this,
         [] { std::ignore = Accessibility::openSettings(); });
     m_trust->addRow(tr("Corvane needs Accessibility access to move windows"),
         Platform::current().windows().distrustReason() + u' '
@@ -111,7 +105,7 @@ void GeneralPane::showCompetitors()
     card->setAccessibleName(tr("Also Running"));
     for (const Competitor::Running &running : m_model.competitors.value()) {
         const QString name = running.competitor.name;
-        auto *quit = button(
+        auto *quit = pushButton(
             tr("Quit %1").arg(name), this, [this, running] { m_model.quit(running.application); });
         card->addRow(tr("%1 is running").arg(name),
             tr("Two programs that move windows by shortcuts get in each other's way."), quit,
@@ -157,7 +151,7 @@ void GeneralPane::addPresence()
     addSwitch(card, tr("Launch at login"),
         tr("Starts Corvane when you log in, so the shortcuts work from the first window."),
         &Settings::launchAtLogin);
-    auto *open = button(
+    auto *open = pushButton(
         tr("Open Login Items"), this, [] { Platform::current().session().openLoginItems(); });
     m_loginNote = card.addRow({}, {}, open, stateDot(false));
     addSwitch(card, tr("Show in the Dock and the app switcher"),

@@ -5,6 +5,7 @@
 #include "BoardLink.h"
 #include "BoardStyle.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "Card.h"
 #include "DisplayCard.h"
 #include "EmptyBoard.h"
@@ -46,13 +47,6 @@ std::optional<WindowLayout> layoutWith(
     return hasPane ? layout : std::nullopt;
 }
 
-QPushButton *button(const QString &title, auto *context, auto &&act)
-{
-    auto *made = new QPushButton(title);
-    QObject::connect(made, &QPushButton::clicked, context, act);
-    return made;
-}
-
 } // namespace
 
 LayoutsPane::LayoutsPane(AppModel &model, std::function<void(const WindowLayout &)> apply,
@@ -88,19 +82,15 @@ LayoutsPane::LayoutsPane(AppModel &model, std::function<void(const WindowLayout 
 void LayoutsPane::addCommands()
 {
     const auto tool = [this](const QString &symbol, const QString &name, auto &&act) {
-        auto *button = new QToolButton;
-        button->setIcon(BoardStyle::icon(symbol, &Board::Palette::fore));
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::StrongFocus);
-        button->setAccessibleName(name);
+        QToolButton *button = symbolButton(symbol, &Board::Palette::fore, name);
         connect(button, &QToolButton::clicked, this, act);
         head().addControl(button);
         return button;
     };
     m_undo = tool(u"arrow.uturn.backward"_s, tr("Undo"), [this] { m_model.undo(); });
     m_redo = tool(u"arrow.uturn.forward"_s, tr("Redo"), [this] { m_model.redo(); });
-    head().addControl(button(tr("New Empty Layout"), this, [this] { addEmpty(); }));
-    head().addControl(button(tr("Capture Current Windows"), this, [this] { capture(); }));
+    head().addControl(pushButton(tr("New Empty Layout"), this, [this] { addEmpty(); }));
+    head().addControl(pushButton(tr("Capture Current Windows"), this, [this] { capture(); }));
 }
 
 /// They work from the rail, too, where the focus is at first; not while another pane shows.
@@ -250,7 +240,7 @@ QWidget *LayoutsPane::withoutDisplays()
     column->addStretch(1);
     column->addWidget(text);
     column->addWidget(
-        button(tr("Use Connected Displays"), this, [this] { useConnectedDisplays(); }), 0,
+        pushButton(tr("Use Connected Displays"), this, [this] { useConnectedDisplays(); }), 0,
         Qt::AlignHCenter);
     column->addStretch(1);
     return whole;

@@ -2,6 +2,7 @@
 
 #include "BoardStyle.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "DevicePixels.h"
 #include "KeySentence.h"
 #include "Platform.h"
@@ -17,7 +18,9 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 
 NoticeStrip::NoticeStrip(Notice notice, std::function<void()> dismiss, QWidget *parent)
-    : QWidget(parent), m_notice(std::move(notice)), m_close(new QToolButton)
+    : QWidget(parent)
+    , m_notice(std::move(notice))
+    , m_close(symbolButton(u"xmark"_s, &Board::Palette::muted, tr("Dismiss")))
 {
     setAccessibleName(KeySentence::spoken(m_notice.text));
     auto *row = new QHBoxLayout(this);
@@ -32,11 +35,6 @@ NoticeStrip::NoticeStrip(Notice notice, std::function<void()> dismiss, QWidget *
             [this] { Platform::current().session().reveal(*m_notice.reveal); });
         row->addWidget(show);
     }
-    m_close->setIcon(BoardStyle::icon(u"xmark"_s, &Board::Palette::muted));
-    m_close->setAutoRaise(true);
-    m_close->setFocusPolicy(Qt::StrongFocus);
-    m_close->setAccessibleName(tr("Dismiss"));
-    m_close->setToolTip(tr("Dismiss"));
     connect(m_close, &QToolButton::clicked, this, std::move(dismiss));
     row->addWidget(m_close);
 }

@@ -3,6 +3,7 @@
 #include "AppStatus.h"
 #include "BoardStyle.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "CorvaneMark.h"
 #include "DevicePixels.h"
 #include "Symbol.h"
@@ -103,12 +104,7 @@ SettingsRail::SettingsRail(const AppModel &model, QWidget *parent)
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->viewport()->setAutoFillBackground(false);
     column->addWidget(m_list, 1);
-    auto *menu = new QToolButton;
-    menu->setIcon(BoardStyle::icon(u"line.3.horizontal"_s, &Board::Palette::muted));
-    menu->setAutoRaise(true);
-    menu->setFocusPolicy(Qt::StrongFocus);
-    menu->setAccessibleName(tr("Menu"));
-    menu->setToolTip(tr("Menu"));
+    QToolButton *menu = symbolButton(u"line.3.horizontal"_s, &Board::Palette::muted, tr("Menu"));
     connect(menu, &QToolButton::clicked, this,
         [this, menu] { Q_EMIT menuAsked(menu->mapToGlobal(QPoint(0, 0))); });
     column->addWidget(menu, 0, Qt::AlignLeading);

@@ -2,6 +2,7 @@
 
 #include "BoardStyle.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "Card.h"
 #include "DisplayMapping.h"
 #include "Drawing.h"
@@ -69,12 +70,7 @@ void ApplyReport::addHead()
     m_again = new QPushButton(title(PaneCure::applyAgain));
     m_again->setDefault(true);
     connect(m_again, &QPushButton::clicked, this, &ApplyReport::apply);
-    auto *close = new QToolButton;
-    close->setIcon(BoardStyle::icon(u"xmark"_s, &Board::Palette::muted));
-    close->setAutoRaise(true);
-    close->setFocusPolicy(Qt::StrongFocus);
-    close->setAccessibleName(tr("Close Report"));
-    close->setToolTip(tr("Close Report"));
+    QToolButton *close = symbolButton(u"xmark"_s, &Board::Palette::muted, tr("Close Report"));
     connect(close, &QToolButton::clicked, this, &ApplyReport::end);
     line->addWidget(m_head, 1);
     line->addWidget(m_again);

@@ -2,6 +2,7 @@
 
 #include "BoardStyle.h"
 #include "BoardText.h"
+#include "Buttons.h"
 #include "Drawing.h"
 #include "LayoutList.h"
 #include "OneLine.h"
@@ -104,12 +105,7 @@ void LayoutCard::addActions(Card &card, QMenu *actions)
             m_apply(*layout);
     });
     m_applying->setDefault(true);
-    auto *more = new QToolButton;
-    more->setIcon(BoardStyle::icon(u"ellipsis"_s, &Board::Palette::fore));
-    more->setAutoRaise(true);
-    more->setFocusPolicy(Qt::StrongFocus);
-    more->setAccessibleName(tr("More"));
-    more->setToolTip(tr("More"));
+    QToolButton *more = symbolButton(u"ellipsis"_s, &Board::Palette::fore, tr("More"));
     connect(more, &QToolButton::clicked, this,
         [more, actions] { actions->popup(more->mapToGlobal(QPoint(0, more->height()))); });
     m_first->addWidget(more);
