@@ -5,6 +5,7 @@
 #include "Card.h"
 #include "Drawing.h"
 #include "OneLine.h"
+#include "Percent.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QGridLayout>
@@ -245,11 +246,9 @@ void DisplayCard::focusBand(CutLines cut, int index)
 void DisplayCard::setBand(const Bands &bands, int index)
 {
     QLineEdit &field = *bands.fields[index];
-    bool isNumber = false;
-    const double value =
-        QLocale().toDouble(QString(field.text()).remove(u'%').trimmed(), &isNumber) / 100;
+    const auto value = fractionFromPercent(field.text());
     bands.note->clear();
-    if (!isNumber || value < 0) {
+    if (!value || *value < 0) {
         bands.note->setText(tr("%1. Numbers only; commas, slashes or spaces between them.")
                                 .arg(field.accessibleName()));
         bands.note->show();
@@ -261,11 +260,11 @@ void DisplayCard::setBand(const Bands &bands, int index)
     const int display = m_picture.currentDisplay();
     m_picture.edit(bands.cut == CutLines::vertical ? tr("Set Column Width") : tr("Set Row Height"),
         [&](WindowLayout &layout) {
-            layout.setGridBand(display, bands.cut, index, value, EdgeDrag::minimum);
+            layout.setGridBand(display, bands.cut, index, *value, EdgeDrag::minimum);
         });
     const auto grid = m_picture.shown().grid(display);
     const QList<double> &sizes = bands.cut == CutLines::vertical ? grid->columns : grid->rows;
-    if (std::abs(sizes[index] - value) > 0.0005)
+    if (std::abs(sizes[index] - *value) > 0.0005)
         bands.note->setText(tr("5 % is the smallest"));
     follow();
     field.selectAll();

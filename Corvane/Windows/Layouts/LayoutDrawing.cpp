@@ -6,6 +6,7 @@
 #include "OneLine.h"
 #include "PaneBadge.h"
 #include "PaneSpan.h"
+#include "Percent.h"
 #include "Symbol.h"
 
 #include <QtCore/QCoreApplication>
@@ -414,7 +415,7 @@ const Pane *paneOf(const WindowLayout &layout, const QUuid &id)
 
 QString percent(double fraction)
 {
-    return Texts::tr("%1 %").arg(QLocale().toString(std::round(fraction * 1000) / 10, 'g', 4));
+    return Texts::tr("%1 %").arg(percentNumber(fraction));
 }
 
 QList<RulerNumber> rulers(const LayoutView &view)
@@ -423,9 +424,7 @@ QList<RulerNumber> rulers(const LayoutView &view)
     const LayoutScene::Display *display = view.scene.display(view.display);
     if (!grid || !display)
         return {};
-    QRectF desk;
-    for (const LayoutScene::Display &each : view.scene.displays)
-        desk |= each.frame;
+    const QRectF desk = view.scene.bounds();
     const double thickness = Board::length(14);
     const double distance = Board::length(3);
     const QRectF &area = display->visible;

@@ -6,6 +6,7 @@
 #include "LayoutPictureAccess.h"
 #include "OneLine.h"
 #include "PaneSpan.h"
+#include "Percent.h"
 #include "Platform.h"
 #include "Screens.h"
 
@@ -48,7 +49,7 @@ LayoutPicture::LayoutPicture(AppModel &model, QWidget *parent)
     m_percent->setFont(Board::font(Board::Type::numerals));
     m_percent->setAccessibleName(tr("Percent"));
     connect(m_percent, &QLineEdit::returnPressed, this, [this] {
-        if (percent())
+        if (fractionFromPercent(m_percent->text()))
             setFocus();
         else
             m_percent->selectAll();
@@ -262,11 +263,9 @@ int LayoutPicture::heightForWidth(int width) const
     using namespace LayoutDrawing;
     const QSizeF room(width - Board::length(rulerRoom) - Board::length(endRoom), 1e6);
     const LayoutScene scene = LayoutScene::of(m_layout, Screens::all(), QRectF({0, 0}, room));
-    QRectF all;
-    for (const LayoutScene::Display &display : scene.displays)
-        all |= display.frame;
     const int least = Board::length(200);
-    return std::clamp(int(all.height()) + Board::length(rulerRoom) + Board::length(nameRoom), least,
+    return std::clamp(
+        int(scene.bounds().height()) + Board::length(rulerRoom) + Board::length(nameRoom), least,
         std::max(least, window()->height() * 45 / 100));
 }
 

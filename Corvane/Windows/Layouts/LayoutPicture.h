@@ -31,6 +31,8 @@ public:
     [[nodiscard]] const WindowLayout &shown() const;
     [[nodiscard]] const LayoutScene &scene() const { return m_scene; }
     [[nodiscard]] bool isDragging() const { return m_isDragged; }
+    /// Whether an edge is being moved, be it by the mouse or by keys.
+    [[nodiscard]] bool hasGesture() const { return m_drag.has_value(); }
     /// Ends a gesture as if the user had.
     void finish();
     /// Changes the layout as one step, after whatever gesture is under way.
@@ -99,7 +101,6 @@ private:
     [[nodiscard]] bool pressPaneKey(const QKeyEvent &event);
     void leaveEdge();
     void openPercent(const QString &text);
-    [[nodiscard]] std::optional<double> percent() const;
     void takePercent();
     void commit(const WindowLayout &layout, const QString &undoTitle);
     void cancel();

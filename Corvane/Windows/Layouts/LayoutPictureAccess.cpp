@@ -3,6 +3,7 @@
 #include "LayoutPicture.h"
 #include "OneLine.h"
 #include "PaneSpan.h"
+#include "Percent.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAccessibleWidget>
@@ -395,10 +396,8 @@ QString placeOf(const WindowLayout &layout, const Pane &pane)
     words << side(spanOf(pane.rect, CutLines::vertical), Texts::tr("left"), Texts::tr("right"))
           << side(spanOf(pane.rect, CutLines::horizontal), Texts::tr("top"), Texts::tr("bottom"));
     words.removeAll(QString());
-    const auto number = [](double fraction) {
-        return QLocale().toString(std::round(fraction * 1000) / 10, 'g', 4);
-    };
-    words << Texts::tr("%1 by %2 percent").arg(number(pane.rect.w), number(pane.rect.h));
+    words << Texts::tr("%1 by %2 percent")
+                 .arg(percentNumber(pane.rect.w), percentNumber(pane.rect.h));
     return words.join(u", "_s);
 }
 

@@ -4,6 +4,7 @@
 #include "LayoutPicture.h"
 #include "LayoutPictureAccess.h"
 #include "PaneSpan.h"
+#include "Percent.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
@@ -184,20 +185,12 @@ void LayoutPicture::openPercent(const QString &text)
     m_percent->end(false);
 }
 
-/// What is in the field, as a fraction.
-std::optional<double> LayoutPicture::percent() const
-{
-    bool isNumber = false;
-    const double value = QLocale().toDouble(m_percent->text().remove(u'%').trimmed(), &isNumber);
-    return isNumber ? std::optional(value / 100) : std::nullopt;
-}
-
 /// However the field was left: what was typed counts, if it is a number.
 void LayoutPicture::takePercent()
 {
     if (m_percent->hasFocus())
         return;
-    const auto size = percent();
+    const auto size = fractionFromPercent(m_percent->text());
     m_percent->clear();
     m_percent->hide();
     if (!m_focused || !size)

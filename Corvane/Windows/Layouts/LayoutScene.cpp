@@ -90,6 +90,14 @@ const LayoutScene::Display *LayoutScene::display(int index) const
     return found == displays.end() ? nullptr : &*found;
 }
 
+QRectF LayoutScene::bounds() const
+{
+    QRectF all;
+    for (const Display &each : displays)
+        all |= each.frame;
+    return all;
+}
+
 QRectF LayoutScene::rectOf(const Pane &pane) const
 {
     const Display *display = this->display(pane.display);

@@ -25,6 +25,8 @@ struct LayoutScene {
         const WindowLayout &layout, const QList<ScreenInfo> &connected, const QRectF &room);
 
     [[nodiscard]] const Display *display(int index) const;
+    /// Of all displays.
+    [[nodiscard]] QRectF bounds() const;
     /// Empty for a pane whose display is not there.
     [[nodiscard]] QRectF rectOf(const Pane &pane) const;
     /// The pane at the point; the smallest one of several.

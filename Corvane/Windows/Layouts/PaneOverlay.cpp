@@ -4,9 +4,9 @@
 #include "BoardStyle.h"
 #include "DevicePixels.h"
 #include "OneLine.h"
+#include "Percent.h"
 #include "Platform.h"
 
-#include <QtCore/QLocale>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
@@ -43,11 +43,6 @@ struct Label {
     QList<Line> lines;
 };
 
-QString percent(double fraction)
-{
-    return QLocale().toString(std::round(fraction * 1000) / 10, 'g', 4);
-}
-
 QList<Line> linesOf(const Pane &pane)
 {
     using Palette = Board::Palette;
@@ -56,8 +51,8 @@ QList<Line> linesOf(const Pane &pane)
             : Line{PaneOverlay::tr("Empty"), Board::Type::title, &Palette::muted}};
     if (pane.titleContains)
         lines << Line{oneLine(*pane.titleContains), Board::Type::body, &Palette::muted};
-    return lines << Line{
-               PaneOverlay::tr("%1 × %2 %").arg(percent(pane.rect.w), percent(pane.rect.h)),
+    return lines << Line{PaneOverlay::tr("%1 × %2 %")
+                             .arg(percentNumber(pane.rect.w), percentNumber(pane.rect.h)),
                Board::Type::numerals, &Palette::muted};
 }
 
