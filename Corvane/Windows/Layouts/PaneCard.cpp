@@ -167,7 +167,7 @@ void PaneCard::follow()
     setEnabled(pane.has_value());
     if (!pane)
         return;
-    if (m_picture.isDragging())
+    if (m_picture.hasGesture() && m_shown == pane->id)
         return; // nothing here changes meanwhile
     m_app->setText(pane->app ? oneLine(pane->app->name) : tr("Empty"));
     m_icon->setVisible(pane->app.has_value());
