@@ -113,6 +113,14 @@ void FlightRecorder::snapshot(const QJsonObject &values)
     });
 }
 
+void FlightRecorder::readBackward(const std::function<bool(const Event &)> &visit) const
+{
+    m_lines.readBackward([&visit](QByteArrayView line) {
+        const auto event = recordOfLine<Event>(line);
+        return !event || visit(*event);
+    });
+}
+
 void FlightRecorder::flush()
 {
     std::ignore = ledger();

@@ -47,6 +47,9 @@ public:
     /// Writes `values` to the snapshot file, with the time and the ledger.
     void snapshot(const QJsonObject &values);
 
+    /// Hands the events on the disk to `visit`, the newest first, until it returns false.
+    void readBackward(const std::function<bool(const Event &)> &visit) const;
+
     /// Waits until everything asked for so far is done.
     void flush();
     /// The newest events, the newest last. Waits as `flush` does.

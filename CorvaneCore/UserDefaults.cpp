@@ -55,6 +55,18 @@ bool testAndSet(QLatin1StringView key)
     return false;
 }
 
+QUuid installID()
+{
+    constexpr auto key = "installID"_L1;
+    QSettings defaults;
+    QUuid id = QUuid::fromString(defaults.value(key).toString());
+    if (id.isNull()) {
+        id = QUuid::createUuid();
+        defaults.setValue(key, id.toString(QUuid::WithoutBraces));
+    }
+    return id;
+}
+
 QSize windowSize(QLatin1StringView name)
 {
     return QSettings().value(sizeKey(name)).toSize();

@@ -3,6 +3,7 @@
 #include <QtCore/QLatin1StringView>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtCore/QUuid>
 
 /// What the program remembers beside the settings, in QSettings(): flags, each of which is set once and
 /// never cleared, and the sizes that the user gave its windows.
@@ -22,6 +23,8 @@ void prepare();
 /// Sets the flag. Whether it was set before. Where the file cannot be written the flag stays unset, and
 /// the diagnostics say so.
 [[nodiscard]] bool testAndSet(QLatin1StringView key);
+/// Tells the reports of this user apart from others'. Random, and made by the first call.
+[[nodiscard]] QUuid installID();
 /// Of the window of this name, in points; invalid where none is known.
 [[nodiscard]] QSize windowSize(QLatin1StringView name);
 void setWindowSize(QLatin1StringView name, const QSize &size);

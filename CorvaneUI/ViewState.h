@@ -36,6 +36,7 @@ Q_SIGNALS:
     void pendingPaneIndexChanged();
     void pendingAppPickerChanged();
     void pendingTourPageChanged();
+    void pendingReportChanged();
     void pendingActivationChanged();
     void applyingChanged();
     void applyProgressChanged();
@@ -95,6 +96,10 @@ public:
     /// The page of the tour to show, counted from 1.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<int>, pendingTourPage, &ViewState::pendingTourPageChanged)
+    /// What stands already in the report of a problem that the user is to write; empty when they begin
+    /// with nothing.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<QString>, pendingReport, &ViewState::pendingReportChanged)
     /// The permission of the window that is shown next to come to the front: X11's startup id,
     /// Wayland's activation token. Empty when whoever asked for the window had none.
     Q_OBJECT_BINDABLE_PROPERTY(

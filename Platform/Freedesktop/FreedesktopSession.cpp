@@ -5,7 +5,9 @@
 #include "Spawn.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
+#include <QtCore/QSysInfo>
 
 #include <gio/gio.h>
 
@@ -112,6 +114,15 @@ DesktopLook FreedesktopSession::look()
 bool FreedesktopSession::isPointerButtonDown()
 {
     return false;
+}
+
+SystemFacts FreedesktopSession::systemFacts()
+{
+    QFile model(u"/sys/class/dmi/id/product_name"_s);
+    const bool isKnown = model.open(QFile::ReadOnly);
+    return {.system = QSysInfo::prettyProductName(),
+        .computer = isKnown ? QString::fromUtf8(model.readAll()).trimmed() : QString(),
+        .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP")};
 }
 
 } // namespace corvane::freedesktop

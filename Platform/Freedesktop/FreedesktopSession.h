@@ -27,6 +27,8 @@ public:
     DesktopLook look() override;
     /// Always false: Wayland compositors tell no program.
     bool isPointerButtonDown() override;
+    /// All but the session and the window manager.
+    SystemFacts systemFacts() override;
 
 private:
     QDBusConnection m_bus;

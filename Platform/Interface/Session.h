@@ -29,6 +29,17 @@ enum class LoginItem {
     awaitsApproval,
 };
 
+/// What a problem may depend on. Each is empty where it is unknown.
+struct SystemFacts {
+    QString system = {}; ///< its name and version
+    QString computer = {}; ///< its model
+    QString desktop = {};
+    QString session = {}; ///< the window system, such as "X11"
+    QString windowManager = {};
+
+    bool operator==(const SystemFacts &) const = default;
+};
+
 /// What the user's session offers beside windows and displays.
 class Session : public QObject
 {
@@ -66,6 +77,8 @@ public:
     /// Whether a button of the pointer is down now, as while the user drags a window. False where the
     /// desktop does not tell.
     [[nodiscard]] virtual bool isPointerButtonDown() = 0;
+
+    [[nodiscard]] virtual SystemFacts systemFacts() = 0;
 
 Q_SIGNALS:
     void lookChanged(const corvane::DesktopLook &look);

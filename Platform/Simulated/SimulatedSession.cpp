@@ -57,6 +57,11 @@ bool SimulatedSession::isPointerButtonDown()
     return isButtonDown;
 }
 
+SystemFacts SimulatedSession::systemFacts()
+{
+    return facts;
+}
+
 void SimulatedSession::changeLook(const DesktopLook &look)
 {
     m_look = look;

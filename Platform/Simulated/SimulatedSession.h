@@ -34,6 +34,7 @@ public:
         const QString &action) override;
     DesktopLook look() override;
     bool isPointerButtonDown() override;
+    SystemFacts systemFacts() override;
 
     /// Changes the look, as the user would in the desktop's settings.
     void changeLook(const DesktopLook &look);
@@ -43,6 +44,7 @@ public:
     LoginItem item = LoginItem::absent;
     LoginItem itemOnceSet = LoginItem::present;
     bool isButtonDown = false; ///< of the pointer
+    SystemFacts facts{.session = QStringLiteral("Simulated")};
     QString loginItemError; ///< unless empty, the login item cannot be changed
 
     QStringList clearedRows;

@@ -1,5 +1,7 @@
 #include "X11Session.h"
 
+#include "Properties.h"
+
 namespace corvane::x11 {
 
 bool X11Session::isPointerButtonDown()
@@ -9,6 +11,18 @@ bool X11Session::isPointerButtonDown()
     const auto cookie = xcb_query_pointer(m_connection.xcb(), m_connection.root());
     const auto pointer = m_connection.reply<xcb_query_pointer_reply_t>(cookie.sequence);
     return pointer && ((*pointer)->mask & anyButton) != 0;
+}
+
+SystemFacts X11Session::systemFacts()
+{
+    SystemFacts facts = FreedesktopSession::systemFacts();
+    facts.session = QStringLiteral("X11");
+    const auto manager =
+        readList(m_connection, m_connection.root(), Atom::netSupportingWmCheck).value(0);
+    if (manager != noWindow)
+        facts.windowManager = textOf(
+            propertyReply(m_connection, requestProperty(m_connection, manager, Atom::netWmName)));
+    return facts;
 }
 
 } // namespace corvane::x11

@@ -13,6 +13,7 @@ public:
     explicit X11Session(Connection &connection) : m_connection(connection) { }
 
     bool isPointerButtonDown() override;
+    SystemFacts systemFacts() override;
 
 private:
     Connection &m_connection;

@@ -1,0 +1,75 @@
+#include "ReportAnswer.h"
+
+#include "EnumTable.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <algorithm>
+
+namespace corvane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Row = NamedCase<SendProblem>;
+
+constexpr qsizetype longestNumber = 64;
+
+constexpr EnumTable<SendProblem::answerTooLong, Row> problems({{
+    {SendProblem::noAddress, "noAddress"_L1},
+    {SendProblem::unreachable, "unreachable"_L1},
+    {SendProblem::timedOut, "timedOut"_L1},
+    {SendProblem::untrusted, "untrusted"_L1},
+    {SendProblem::redirected, "redirected"_L1},
+    {SendProblem::documentTooLarge, "documentTooLarge"_L1},
+    {SendProblem::tooMany, "tooMany"_L1},
+    {SendProblem::serverFailed, "serverFailed"_L1},
+    {SendProblem::refused, "refused"_L1},
+    {SendProblem::answerNotUnderstood, "answerNotUnderstood"_L1},
+    {SendProblem::answerTooLong, "answerTooLong"_L1},
+}});
+
+/// The report's number, which people read to each other.
+std::optional<QString> number(const QJsonObject &json)
+{
+    const QString id = json[u"id"].toString();
+    const auto isGood = [](QChar each) { return each.isPrint() && !each.isSpace(); };
+    const bool isNumber =
+        !id.isEmpty() && id.size() <= longestNumber && std::ranges::all_of(id, isGood);
+    return isNumber ? std::optional(id) : std::nullopt;
+}
+
+} // namespace
+
+QByteArray ReportAnswer::toLine() const
+{
+    QJsonObject json;
+    if (value)
+        json = {{u"id"_s, *value}};
+    else
+        json = {{u"error"_s, problems[value.error().problem].name},
+            {u"detail"_s, value.error().detail}};
+    return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
+}
+
+std::optional<ReportAnswer> ReportAnswer::fromLine(const QByteArray &line)
+{
+    const QJsonObject json = QJsonDocument::fromJson(line).object();
+    if (const auto id = number(json))
+        return ReportAnswer{*id};
+    if (const auto problem = problems.named(json[u"error"].toString()))
+        return ReportAnswer{unexpected(SendFailure{*problem, json[u"detail"].toString()})};
+    return std::nullopt;
+}
+
+ReportAnswer ReportAnswer::ofServer(const QByteArray &body)
+{
+    const auto id = number(QJsonDocument::fromJson(body).object());
+    if (!id)
+        return {unexpected(SendFailure{SendProblem::answerNotUnderstood})};
+    return {*id};
+}
+
+} // namespace corvane
