@@ -22,7 +22,7 @@ QString rawName(const ShortcutOwner &owner, const AppModel &model)
         owner.value, [](Placement placement) { return QString(rawValue(placement)); },
         [&model](const QUuid &id) {
             const auto layout = model.layout(id);
-            return u"layout "_s + (layout ? oneLine(layout->name) : QString());
+            return u"layout \"%1\""_s.arg(layout ? oneLine(layout->name) : QString());
         });
 }
 

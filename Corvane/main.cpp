@@ -48,11 +48,21 @@ QCoro::Task<> runAtStart(Commands &commands, CommandLine line)
     finish(result);
 }
 
+/// Answers from the files, and asks the desktop only what a report tells of it.
+int runOnFiles(const CommandLine &line)
+{
+    const bool asksDesktop = std::ranges::any_of(line.commands, [](const Command &command) {
+        return std::holds_alternative<Command::SaveReport>(command.value);
+    });
+    const auto desktop = asksDesktop ? openDesktop([] {}).value_or(nullptr) : nullptr;
+    return finish(FileCommands::run(line, {}, desktop.get()));
+}
+
 /// Runs the command line without staying.
 int runOnce(const CommandLine &line)
 {
     if (std::ranges::none_of(line.commands, FileCommands::needsDesktop))
-        return finish(FileCommands::run(line, {}));
+        return runOnFiles(line);
     const auto desktop = openDesktop([] {});
     if (!desktop)
         return finish(FileCommands::run(line, desktop.error()));
@@ -117,7 +127,7 @@ std::optional<int> finishEarly(
             line.help ? CommandLine::helpText() : CommandLine::versionText(), {}});
     const bool isOneOff = line.isCommand() && !line.asksForScreens();
     if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isAnsweredByFiles))
-        return finish(FileCommands::run(line, {}));
+        return runOnFiles(line);
     if (const auto result = Instance::handOver(arguments, line.activation))
         return finish(*result);
     if (isOneOff)

@@ -55,6 +55,19 @@ expected<void, QString> readFlag(CommandLine &line, const FlagRow &row, const QS
     return unexpected<QString>(problem);
 }
 
+/// A report that is to be saved is a command, and no sheet.
+expected<void, QString> settleReport(CommandLine &line)
+{
+    const auto file = std::exchange(line.save, std::nullopt);
+    if (!file)
+        return {};
+    const auto text = std::exchange(line.screens.report, std::nullopt);
+    if (!text)
+        return unexpected<QString>(u"--save says where a report goes; it needs --report."_s);
+    line.commands << Command{Command::SaveReport{*text, *file}};
+    return {};
+}
+
 QString helpRows(std::span<const FlagRow> table, int width)
 {
     QString text;
@@ -80,6 +93,8 @@ expected<CommandLine, QString> CommandLine::parse(const QStringList &arguments)
         if (const auto read = readFlag(line, *row, hasValue ? arguments[++at] : QString()); !read)
             return unexpected<QString>(read.error());
     }
+    if (const auto settled = settleReport(line); !settled)
+        return unexpected<QString>(settled.error());
     return line;
 }
 
@@ -87,7 +102,8 @@ QStringList CommandLine::withAbsolutePaths(QStringList arguments)
 {
     for (qsizetype at = 1; at < arguments.size(); ++at) {
         const FlagRow *row = flagNamed(arguments[at - 1]);
-        if (row && row->value == "FILE"_L1 && !arguments[at].isEmpty())
+        const bool isStream = arguments[at - 1] == "--save"_L1 && arguments[at] == "-"_L1;
+        if (row && row->value == "FILE"_L1 && !arguments[at].isEmpty() && !isStream)
             arguments[at] = QDir::current().absoluteFilePath(arguments[at]);
     }
     return arguments;

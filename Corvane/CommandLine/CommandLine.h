@@ -27,6 +27,7 @@ struct ScreenFlags {
     std::optional<QString> previewUpdateWindow{}; ///< a version
     std::optional<QString> previewNotes{}; ///< a file
     std::optional<int> tourPage{}; ///< counted from 1
+    std::optional<QString> report{}; ///< what stands in the report of a problem already
     bool popMenu = false;
     bool checkForUpdates = false;
     bool openSettings = false;
@@ -67,8 +68,14 @@ struct Command {
         bool operator==(const RenderStatusIcon &) const = default;
     };
 
+    struct SaveReport {
+        QString text; ///< the user's words
+        QString file; ///< a new one, or "-" for standard output
+        bool operator==(const SaveReport &) const = default;
+    };
+
     std::variant<Place, Capture, ApplyLayout, ListLayouts, ShowHistory, PrintSettings,
-        QuitCompetitors, RenderStatusIcon>
+        QuitCompetitors, RenderStatusIcon, SaveReport>
         value;
 
     bool operator==(const Command &) const = default;
@@ -78,6 +85,7 @@ struct Command {
 struct CommandLine {
     QList<Command> commands{}; ///< in the order in which they were given
     ScreenFlags screens{};
+    std::optional<QString> save{}; ///< where the report goes, while the flags are read
     bool json = false;
     bool verbose = false;
     bool help = false;

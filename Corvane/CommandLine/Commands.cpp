@@ -54,7 +54,10 @@ CommandResult Commands::performAtOnce(const Command &command, ReportForm form)
         [&](Command::ShowHistory history) { return FileCommands::showHistory(history, form); },
         [&](Command::PrintSettings) { return printSettings(); },
         [&](Command::QuitCompetitors) { return quitCompetitors(); },
-        [&](const Command::RenderStatusIcon &icon) { return renderStatusIcon(icon.file); });
+        [&](const Command::RenderStatusIcon &icon) { return renderStatusIcon(icon.file); },
+        [](const Command::SaveReport &saving) {
+            return FileCommands::saveReport(saving, &Platform::current());
+        });
 }
 
 CommandResult Commands::capture(const QString &name, ReportForm form)

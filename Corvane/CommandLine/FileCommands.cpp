@@ -2,7 +2,10 @@
 
 #include "ActivityLog.h"
 #include "HistoryReport.h"
+#include "ReportBuilder.h"
+#include "ReportFile.h"
 #include "SettingsStore.h"
+#include "UserDefaults.h"
 
 #include <QtCore/QJsonDocument>
 
@@ -25,7 +28,8 @@ CommandResult printStoredSettings()
 
 bool isAnsweredByFiles(const Command &command)
 {
-    return std::holds_alternative<Command::ShowHistory>(command.value);
+    return std::holds_alternative<Command::ShowHistory>(command.value)
+        || std::holds_alternative<Command::SaveReport>(command.value);
 }
 
 bool needsDesktop(const Command &command)
@@ -47,7 +51,19 @@ CommandResult printSettings(const Settings &settings)
     return {CommandResult::done, QString::fromUtf8(document.toJson()), {}};
 }
 
-CommandResult run(const CommandLine &line, const QString &whyNoDesktop)
+CommandResult saveReport(const Command::SaveReport &saving, Platform *desktop)
+{
+    // For the install id to be the one of the program that stays.
+    UserDefaults::prepare();
+    ProblemReport report = buildReport(desktop).result();
+    report.text = saving.text;
+    if (saving.file == "-"_L1)
+        return {CommandResult::done, report.toText(), {}};
+    const auto saved = corvane::saveReport(report, saving.file);
+    return saved ? CommandResult{} : failure(CommandResult::refused, saved.error());
+}
+
+CommandResult run(const CommandLine &line, const QString &whyNoDesktop, Platform *desktop)
 {
     CommandResult result;
     for (const Command &command : line.commands) {
@@ -55,6 +71,8 @@ CommandResult run(const CommandLine &line, const QString &whyNoDesktop)
             result += failure(CommandResult::refused, whyNoDesktop);
         else if (const auto *history = std::get_if<Command::ShowHistory>(&command.value))
             result += showHistory(*history, line.form());
+        else if (const auto *saving = std::get_if<Command::SaveReport>(&command.value))
+            result += saveReport(*saving, desktop);
         else
             result += printStoredSettings();
     }

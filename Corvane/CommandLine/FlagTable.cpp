@@ -89,6 +89,12 @@ bool addHistory(CommandLine &line, const QString &number)
     return isNumber && history.count >= 1;
 }
 
+bool readReport(CommandLine &line, const QString &text)
+{
+    line.screens.report = text;
+    return true;
+}
+
 bool readPane(CommandLine &line, const QString &name)
 {
     const QString plain = QString(name).remove(u'-').toLower();
@@ -167,6 +173,8 @@ constexpr std::array commandTable{
         add<Command::QuitCompetitors>},
     FlagRow{"--render-status-icon"_L1, "FILE"_L1, "draw the icon of the panel to a file"_L1,
         addWithText<Command::RenderStatusIcon>, files},
+    FlagRow{"--save"_L1, "FILE"_L1, "with --report: write the report to a new file, or to -"_L1,
+        readText<&Flags::save>, files},
     FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1,
         turnOn<&Flags::verbose>},
     FlagRow{"--help"_L1, ""_L1, "show this text"_L1, turnOn<&Flags::help>},
@@ -189,6 +197,8 @@ constexpr std::array screenTable{
     FlagRow{"--show-tour"_L1, ""_L1, "show the tour"_L1, turnOn<&Screens::showTour>},
     FlagRow{"--tour-page"_L1, "N"_L1, "show the tour at a page, from 1"_L1,
         readNumber<&Screens::tourPage, 1>, numbersFromOne},
+    FlagRow{"--report"_L1, "[TEXT]"_L1, "write the report of a problem, begun with the text"_L1,
+        readReport},
     FlagRow{"--check-for-updates"_L1, ""_L1, "check for updates now"_L1,
         turnOn<&Screens::checkForUpdates>},
     FlagRow{"--preview-layout-edit"_L1, ""_L1, "show the layout editor with a sample layout"_L1,

@@ -115,6 +115,8 @@ CommandResult show(const ScreenFlags &flags, AppModel &model)
         model.pendingSteal = sampleSteal(model.settings());
     if (flags.showTour || flags.tourPage)
         model.pendingTourPage = flags.tourPage.value_or(1);
+    if (flags.report)
+        model.pendingReport = flags.report;
     if (flags.appearance) {
         model.forcedAppearance = flags.appearance;
         model.applyAppearance();

@@ -25,43 +25,39 @@ QString installedHelper()
     return QFileInfo::exists(beside) ? beside : folder + u"/../libexec/corvane/corvane-reporter"_s;
 }
 
-QString tr(const char *sentence)
-{
-    return QCoreApplication::translate("ReportSender", sentence);
-}
-
 QString sentence(const SendFailure &failure)
 {
     switch (failure.problem) {
     case SendProblem::noAddress:
-        return tr("This copy of Corvane does not know where to send reports.");
+        return ReportSender::tr("This copy of Corvane does not know where to send reports.");
     case SendProblem::unreachable:
-        return tr("The report server could not be reached.");
+        return ReportSender::tr("The report server could not be reached.");
     case SendProblem::timedOut:
-        return tr("The report server took too long to answer.");
+        return ReportSender::tr("The report server took too long to answer.");
     case SendProblem::untrusted:
-        return tr("The report server’s certificate is not trusted.");
+        return ReportSender::tr("The report server’s certificate is not trusted.");
     case SendProblem::redirected:
-        return tr("The report server has moved to another address.");
+        return ReportSender::tr("The report server has moved to another address.");
     case SendProblem::documentTooLarge:
-        return tr("The report is too large for the report server.");
+        return ReportSender::tr("The report is too large for the report server.");
     case SendProblem::tooMany:
-        return tr("The report server has got too many reports lately. Try again later.");
+        return ReportSender::tr(
+            "The report server has got too many reports lately. Try again later.");
     case SendProblem::serverFailed:
-        return tr("The report server has a problem of its own. Try again later.");
+        return ReportSender::tr("The report server has a problem of its own. Try again later.");
     case SendProblem::refused:
-        return tr("The report server refused the report (%1).").arg(failure.detail);
+        return ReportSender::tr("The report server refused the report (%1).").arg(failure.detail);
     case SendProblem::answerNotUnderstood:
-        return tr("The report server’s answer was not understood.");
+        return ReportSender::tr("The report server’s answer was not understood.");
     case SendProblem::answerTooLong:
-        return tr("The report server’s answer was too long.");
+        return ReportSender::tr("The report server’s answer was too long.");
     }
     Q_UNREACHABLE();
 }
 
 QString helperFailed()
 {
-    return tr("The part of Corvane that sends reports did not work.");
+    return ReportSender::tr("The part of Corvane that sends reports did not work.");
 }
 
 } // namespace

@@ -38,7 +38,7 @@ _corvane() {
     --place) mapfile -t COMPREPLY < <(compgen -W "$(_corvane_placements)" -- "$typed") ;;
     --pane) mapfile -t COMPREPLY < <(compgen -W "$(_corvane_panes)" -- "$typed") ;;
     --appearance) mapfile -t COMPREPLY < <(compgen -W 'dark light' -- "$typed") ;;
-    --render-status-icon | --preview-notes)
+    --render-status-icon | --save | --preview-notes)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$typed")
         ;;

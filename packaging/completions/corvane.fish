@@ -28,5 +28,5 @@ corvane --help 2>/dev/null |
 complete -c corvane -n '__fish_prev_arg_in --place' -a '(__corvane_placements)'
 complete -c corvane -n '__fish_prev_arg_in --pane' -a '(__corvane_panes)'
 complete -c corvane -n '__fish_prev_arg_in --appearance' -a 'dark light'
-complete -c corvane -n '__fish_prev_arg_in --render-status-icon --preview-notes' -F
+complete -c corvane -n '__fish_prev_arg_in --render-status-icon --save --preview-notes' -F
 complete -c corvane -n '__fish_prev_arg_in --apply-layout --layout' -a '(__corvane_layouts)'

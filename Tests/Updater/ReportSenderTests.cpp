@@ -1,0 +1,152 @@
+#include "ReportSender.h"
+#include "TestServer.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace corvane {
+
+using testing::HasSubstr;
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+ReportSender::Outcome send(const QString &helper = QStringLiteral(CORVANE_REPORTER))
+{
+    ReportSender::Outcome outcome;
+    QEventLoop loop;
+    ReportSender sender(helper);
+    sender.send("{}", [&](const ReportSender::Outcome &given) {
+        outcome = given;
+        loop.quit();
+    });
+    loop.exec();
+    return outcome;
+}
+
+void sendTo(const TestServer &server)
+{
+    qputenv("CORVANE_REPORT_TEST_ADDRESS", server.address().toEncoded());
+}
+
+class ReportSenderTests : public testing::Test
+{
+protected:
+    ~ReportSenderTests() override { qunsetenv("CORVANE_REPORT_TEST_ADDRESS"); }
+
+    void startHelper(const TestServer &server, const QByteArray &input)
+    {
+        sendTo(server);
+        helper.start(QStringLiteral(CORVANE_REPORTER), {});
+        helper.write(input);
+    }
+
+    QProcess helper;
+};
+
+} // namespace
+
+TEST_F(ReportSenderTests, theReportsNumberOrASentenceComesBack)
+{
+    const std::pair<QByteArray, const char *> answers[]{
+        {httpAnswer("302 Found", {}, "Location: http://127.0.0.1:1/\r\n"), "another address"},
+        {httpAnswer("413 Large", {}), "too large"},
+        {httpAnswer("429 Many", {}), "too many"},
+        {httpAnswer("503 Busy", {}), "problem of its own"},
+        {httpAnswer("404 No", {}), "(404)"},
+        {httpAnswer("200 OK", "<html>"), "not understood"},
+        {httpAnswer("200 OK", QByteArray(1 << 20, 'x')), "too long"},
+        {"", "reached"},
+    };
+    for (const auto &[answer, said] : answers) {
+        const TestServer server(answer);
+        sendTo(server);
+
+        const auto outcome = send();
+
+        ASSERT_FALSE(outcome) << said;
+        EXPECT_THAT(outcome.error().toStdString(), HasSubstr(said));
+    }
+    const TestServer server(goodAnswer);
+    sendTo(server);
+    EXPECT_EQ(send(), ReportSender::Outcome(u"R-17"_s));
+    EXPECT_TRUE(server.requests.value(0).endsWith("\r\n\r\n{}"));
+}
+
+TEST_F(ReportSenderTests, aHelperThatIsNotThereOrGoesWrongIsASentence)
+{
+    const QTemporaryDir folder;
+    const QString script = folder.filePath(u"helper"_s);
+    for (const char *line : {"", "echo hello", "kill -SEGV $$", "cat /dev/zero", "exit 3",
+             "printf '{\"id\":\"a b\"}\\n'"}) {
+        if (*line) {
+            QFile file(script);
+            ASSERT_TRUE(file.open(QFile::WriteOnly));
+            file.write(QByteArray("#!/bin/sh\n") + line + '\n');
+            file.setPermissions(QFile::ReadUser | QFile::ExeUser);
+            file.close();
+        }
+
+        const auto outcome = send(script);
+
+        ASSERT_FALSE(outcome) << line;
+        EXPECT_THAT(outcome.error().toStdString(), HasSubstr("did not work")) << line;
+        QFile::remove(script);
+    }
+}
+
+TEST_F(ReportSenderTests, whatIsCancelledOrReplacedSaysNothing)
+{
+    const TestServer silent({}, TestServer::Then::stay);
+    sendTo(silent);
+    ReportSender sender(QStringLiteral(CORVANE_REPORTER));
+    const auto mustNotEnd = [](const ReportSender::Outcome &) { ADD_FAILURE(); };
+    sender.send("{}", mustNotEnd);
+    sender.send("{}", mustNotEnd);
+    while (silent.requests.isEmpty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+
+    sender.cancel();
+
+    const TestServer server(goodAnswer);
+    sendTo(server);
+    EXPECT_TRUE(send()) << "and nothing of the other two";
+}
+
+TEST_F(ReportSenderTests, theHelperEndsWithTheProgram)
+{
+    const TestServer server({}, TestServer::Then::stay);
+    startHelper(server, "{}\n");
+    while (server.requests.isEmpty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+
+    helper.closeWriteChannel();
+
+    EXPECT_TRUE(helper.waitForFinished(patience));
+    EXPECT_EQ(helper.readAllStandardOutput(), "");
+}
+
+TEST_F(ReportSenderTests, halfADocumentIsNotSent)
+{
+    const TestServer server(goodAnswer);
+    startHelper(server, "{\"text\":");
+    helper.closeWriteChannel();
+
+    EXPECT_TRUE(helper.waitForFinished(patience));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(server.requests.isEmpty());
+    EXPECT_EQ(helper.readAllStandardOutput(), "");
+}
+
+} // namespace corvane
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
