@@ -15,9 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString home = u"<home>"_s;
-const QString user = u"<user>"_s;
-const QString host = u"<host>"_s;
+constexpr auto title = "<title>"_L1;
+constexpr auto home = "<home>"_L1;
+constexpr auto user = "<user>"_L1;
+constexpr auto host = "<host>"_L1;
 
 // A part of a full name that is shorter is a particle or an initial.
 constexpr qsizetype shortestPart = 3;
@@ -40,10 +41,9 @@ QString withoutTitle(const QString &text)
     if (first == text.end())
         return text;
     const qsizetype start = first - text.begin() + 1;
-    qsizetype end = text.size() - 1;
-    while (!isQuotationMark(text[end]))
-        --end;
-    return text.first(start) + u"<title>"_s + text.sliced(qMax(start, end));
+    const auto last = std::find_if(text.rbegin(), text.rend(), isQuotationMark);
+    const qsizetype end = text.rend() - last - 1;
+    return text.first(start) + title + (end < start ? QString() : text.sliced(end));
 }
 
 /// The ways to write a text: composed, decomposed, and escaped for an address.
@@ -130,7 +130,7 @@ Redaction::Redaction(const Secrets &secrets)
     Q_ASSERT(m_secrets.isValid());
 }
 
-void Redaction::addName(const QString &name, const QString &placeholder)
+void Redaction::addName(const QString &name, QLatin1StringView placeholder)
 {
     if (const QString plain = name.simplified(); !plain.isEmpty()) {
         for (const QString &spelling : spellings(plain))

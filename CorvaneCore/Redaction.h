@@ -30,9 +30,9 @@ public:
     [[nodiscard]] FlightRecorder::Event redacted(const FlightRecorder::Event &event) const;
 
 private:
-    void addName(const QString &name, const QString &placeholder);
+    void addName(const QString &name, QLatin1StringView placeholder);
 
-    QHash<QString, QString> m_placeholders; ///< by name in lower case
+    QHash<QString, QLatin1StringView> m_placeholders; ///< by name in lower case
     QRegularExpression m_secrets;
 };
 

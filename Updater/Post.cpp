@@ -123,7 +123,12 @@ Post::Answer Post::answer() const
         return unexpected(SendFailure{*problem, status.toString()});
     if (m_reply->error() != QNetworkReply::NoError)
         return unexpected(SendFailure{problemOf(m_reply->error()), m_reply->errorString()});
-    return m_body + m_reply->readAll();
+    const QByteArray body = m_body + m_reply->readAll();
+    // Of a connection that is cut in the body, Qt does not always tell.
+    const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
+    if (length.isValid() && length.toLongLong() != body.size())
+        return unexpected(SendFailure{SendProblem::unreachable});
+    return body;
 }
 
 } // namespace corvane
