@@ -5,6 +5,7 @@
 #include "LayoutBenchmark.h"
 #include "MenuBenchmark.h"
 #include "PickerBenchmark.h"
+#include "ReportBenchmark.h"
 #include "SettingsBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
@@ -72,6 +73,7 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
     return {
         {u"A placement's frame"_s, measureGeometry},
         {u"Files"_s, measureStores},
+        {u"Problem report"_s, measureReport},
         {u"Start, %1 times"_s.arg(effort.starts),
             [&] { return measureStart(desktop, effort.starts); }},
         {u"Idle, hot keys and status item"_s, [&] { return measureIdle(desktop, effort.idle); }},

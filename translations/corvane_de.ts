@@ -768,6 +768,17 @@
     </message>
 </context>
 <context>
+    <name>ReportFile</name>
+    <message>
+        <source>“%1” exists already.</source>
+        <translation>„%1“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>“%1” was not written. %2</source>
+        <translation>„%1“ wurde nicht geschrieben. %2</translation>
+    </message>
+</context>
+<context>
     <name>SettingsPane</name>
     <message>
         <source>General</source>
@@ -1862,6 +1873,57 @@
     <message>
         <source>Pane</source>
         <translation>Feld</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSender</name>
+    <message>
+        <source>This copy of Corvane does not know where to send reports.</source>
+        <translation>Diese Ausgabe von Corvane weiß nicht, wohin sie Berichte senden soll.</translation>
+    </message>
+    <message>
+        <source>The report server could not be reached.</source>
+        <translation>Der Server für Berichte war nicht zu erreichen.</translation>
+    </message>
+    <message>
+        <source>The report server took too long to answer.</source>
+        <translation>Der Server für Berichte hat zu lange nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The report server’s certificate is not trusted.</source>
+        <translation>Dem Zertifikat des Servers für Berichte ist nicht zu trauen.</translation>
+    </message>
+    <message>
+        <source>The report server has moved to another address.</source>
+        <translation>Der Server für Berichte ist an eine andere Adresse umgezogen.</translation>
+    </message>
+    <message>
+        <source>The report is too large for the report server.</source>
+        <translation>Der Bericht ist dem Server für Berichte zu groß.</translation>
+    </message>
+    <message>
+        <source>The report server has got too many reports lately. Try again later.</source>
+        <translation>Der Server für Berichte hat zuletzt zu viele bekommen. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The report server has a problem of its own. Try again later.</source>
+        <translation>Der Server für Berichte hat selbst ein Problem. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The report server refused the report (%1).</source>
+        <translation>Der Server für Berichte hat den Bericht abgelehnt (%1).</translation>
+    </message>
+    <message>
+        <source>The report server’s answer was not understood.</source>
+        <translation>Die Antwort des Servers für Berichte war nicht zu verstehen.</translation>
+    </message>
+    <message>
+        <source>The report server’s answer was too long.</source>
+        <translation>Die Antwort des Servers für Berichte war zu lang.</translation>
+    </message>
+    <message>
+        <source>The part of Corvane that sends reports did not work.</source>
+        <translation>Der Teil von Corvane, der Berichte sendet, hat versagt.</translation>
     </message>
 </context>
 <context>

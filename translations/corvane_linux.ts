@@ -768,6 +768,17 @@
     </message>
 </context>
 <context>
+    <name>ReportFile</name>
+    <message>
+        <source>“%1” exists already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not written. %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SettingsPane</name>
     <message>
         <source>General</source>
@@ -1861,6 +1872,57 @@
     </message>
     <message>
         <source>Pane</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSender</name>
+    <message>
+        <source>This copy of Corvane does not know where to send reports.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server could not be reached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server took too long to answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server’s certificate is not trusted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server has moved to another address.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report is too large for the report server.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server has got too many reports lately. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server has a problem of its own. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server refused the report (%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server’s answer was not understood.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The report server’s answer was too long.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The part of Corvane that sends reports did not work.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -5,7 +5,6 @@
 #include "Redaction.h"
 #include "UserDefaults.h"
 
-#include <QtCore/QJsonDocument>
 #include <QtCore/QLocale>
 #include <QtCore/QPromise>
 #include <QtCore/QThreadPool>
@@ -20,6 +19,24 @@ namespace {
 
 constexpr int daysReported = 30;
 
+/// The most that an event takes in the document, in bytes. To write each one only to measure it would
+/// take longer than all the rest.
+qsizetype mostBytes(const FlightRecorder::Event &event)
+{
+    constexpr qsizetype frame = 64; // the names of the fields, and the date
+    constexpr qsizetype escape = 6;
+    constexpr qsizetype longestCharacter = 3;
+    qsizetype size = frame;
+    for (const QString &text : {event.kind, event.detail}) {
+        for (const QChar character : text) {
+            const bool isEscaped =
+                character < u' ' || character == u'"' || character == u'\\' || character == u'\x7f';
+            size += isEscaped ? escape : character < u'\x7f' ? 1 : longestCharacter;
+        }
+    }
+    return size;
+}
+
 QString frameText(const Rect &frame)
 {
     return u"%1×%2 at %3,%4"_s.arg(frame.width).arg(frame.height).arg(frame.x).arg(frame.y);
@@ -28,8 +45,9 @@ QString frameText(const Rect &frame)
 QList<ProblemReport::Fact> desktopFacts(Platform &desktop)
 {
     const SystemFacts known = desktop.session().systemFacts();
+    // A login name may well be that of a system, but no system has the name of its user.
+    const ProblemReport::Fact system{u"system"_s, u"System"_s, known.system};
     QList<ProblemReport::Fact> facts{
-        {u"system"_s, u"System"_s, known.system},
         {u"computer"_s, u"Computer"_s, known.computer},
         {u"desktop"_s, u"Desktop"_s, known.desktop},
         {u"session"_s, u"Session"_s, known.session},
@@ -42,7 +60,10 @@ QList<ProblemReport::Fact> desktopFacts(Platform &desktop)
             u"%1, %2, of which windows may use %3"_s.arg(displays[i].name,
                 frameText(displays[i].frame), frameText(displays[i].visibleFrame))});
     }
-    return facts;
+    const Redaction redaction;
+    for (ProblemReport::Fact &fact : facts)
+        fact.value = redaction.redacted(fact.value);
+    return QList{system} + facts;
 }
 
 } // namespace
@@ -58,10 +79,6 @@ QList<ProblemReport::Fact> reportFacts(Platform *desktop)
     };
     if (desktop)
         facts += desktopFacts(*desktop);
-    // A computer, or a display, may be called after its owner.
-    const Redaction redaction;
-    for (ProblemReport::Fact &fact : facts)
-        fact.value = redaction.redacted(fact.value);
     facts.removeIf([](const ProblemReport::Fact &fact) { return fact.value.isEmpty(); });
     return facts;
 }
@@ -103,8 +120,7 @@ void addEvents(ProblemReport &report, const FlightRecorder &recorder, qsizetype 
         if (event.date < earliest)
             return true;
         report.events.append(redaction.redacted(event));
-        const QJsonDocument json(report.events.last().toJson());
-        size += json.toJson(QJsonDocument::Compact).size() + 1;
+        size += mostBytes(report.events.last());
         report.isShortened = size > limit;
         return !report.isShortened;
     });

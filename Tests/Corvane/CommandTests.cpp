@@ -44,12 +44,16 @@ TEST(CommandLineTests, flagsAreReadInAnyOrder)
                  {Command::Place{Placement::center}}, {Command::Capture{u"Desk"_s}}},
                 .json = true}},
         {"--history", {.commands = {{Command::ShowHistory{20}}}}},
+        {"--save - --report gap", {.commands = {{Command::SaveReport{u"gap"_s, u"-"_s}}}}},
+        {"--report", {.screens = {.report = u""_s}}},
         {"--history --json 3", {.commands = {{Command::ShowHistory{3}}}, .json = true}},
     };
     for (const auto &[arguments, expected] : lines)
         EXPECT_EQ(CommandLine::parse(QString::fromLatin1(arguments).split(u' ')), expected);
     EXPECT_EQ(CommandLine::withAbsolutePaths({u"--render-status-icon"_s, u"a.png"_s, u"a.png"_s}),
         (QStringList{u"--render-status-icon"_s, QDir::current().filePath(u"a.png"_s), u"a.png"_s}));
+    EXPECT_EQ(
+        CommandLine::withAbsolutePaths({u"--save"_s, u"-"_s}), (QStringList{u"--save"_s, u"-"_s}));
 }
 
 TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
@@ -60,6 +64,7 @@ TEST(CommandLineTests, aMistakeIsAnsweredWithWhatExists)
         {"--plaec leftHalf", "\"--plaec\"", "--place, --capture"},
         {"--history 0", "\"0\"", "start at 1"},
         {"--apply-layout", "--apply-layout needs", "corvane --layouts"},
+        {"--save a", "--save", "needs --report"},
         {"--select-pane -1", "\"-1\"", "from 0"},
         {"corvane://place/leftHalf", "corvane://place/leftHalf", "corvane://settings/shortcuts"},
     };
@@ -97,6 +102,7 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
         {u"--select-pane 1"_s + ofLayout, {}, "There is no pane 1", 2},
         {u"--layout Nowhere"_s, {}, "Layout", 2},
         {u"--tour-page 2"_s, {}, "tour", 0},
+        {u"--report gap"_s, {}, "", 0},
         {u"--pop-menu"_s, {}, "menu", 0},
         {u"--check-for-updates"_s, {}, "update check", 0},
     };
@@ -110,6 +116,7 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
         EXPECT_THAT(result.error.toStdString(), HasSubstr(said));
     }
     EXPECT_EQ(model.pendingTourPage.value(), 2);
+    EXPECT_EQ(model.pendingReport.value(), u"gap"_s);
     EXPECT_EQ(model.pendingLayout.value(), layout.id);
     EXPECT_EQ(model.pendingPaneIndex.value(), 0);
     EXPECT_TRUE(model.pendingAppPicker.value());

@@ -141,6 +141,24 @@ TEST_F(ProgramTests, aMissingDesktopIsOneSentence)
     }
 }
 
+TEST_F(ProgramTests, aReportIsSavedWithAndWithoutADesktopAndReplacesNothing)
+{
+    run("--place leftHalf");
+    const QByteArray file = folder.path(u"report.txt"_s).toLocal8Bit();
+    const QByteArray save = "--report gap --save " + file;
+
+    EXPECT_EQ(run(save.constData()), "");
+    const std::string saved = folder.read(u"report.txt"_s)->toStdString();
+    EXPECT_THAT(saved,
+        AllOf(HasSubstr("\ngap\n"), HasSubstr("Session: Simulated\n"),
+            HasSubstr("  move: leftHalf: Editor moved"),
+            HasSubstr("Display 1: Built-in, 1440×900")));
+    expect(save.constData(), 1, "report.txt” exists already.\n");
+    environment.insert(u"CORVANE_BACKEND"_s, u"x11"_s);
+    EXPECT_THAT(run("--report --save - --history 1"),
+        AllOf(HasSubstr("move: leftHalf"), HasSubstr("→"), Not(HasSubstr("Session:"))));
+}
+
 TEST_F(ProgramTests, theBusStartsItAndASecondStartHandsItsFlagsToIt)
 {
     startBus();
