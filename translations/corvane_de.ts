@@ -777,6 +777,10 @@
         <source>“%1” was not written. %2</source>
         <translation>„%1“ wurde nicht geschrieben. %2</translation>
     </message>
+    <message>
+        <source>Its folder does not exist.</source>
+        <translation>Den Ordner dafür gibt es nicht.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPane</name>
@@ -1903,11 +1907,11 @@
     </message>
     <message>
         <source>The report server has got too many reports lately. Try again later.</source>
-        <translation>Der Server für Berichte hat zuletzt zu viele bekommen. Versuchen Sie es später noch einmal.</translation>
+        <translation>Der Server für Berichte hat zuletzt zu viele bekommen. Später gelingt es vielleicht.</translation>
     </message>
     <message>
         <source>The report server has a problem of its own. Try again later.</source>
-        <translation>Der Server für Berichte hat selbst ein Problem. Versuchen Sie es später noch einmal.</translation>
+        <translation>Der Server für Berichte hat selbst ein Problem. Später gelingt es vielleicht.</translation>
     </message>
     <message>
         <source>The report server refused the report (%1).</source>

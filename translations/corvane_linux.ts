@@ -777,6 +777,10 @@
         <source>“%1” was not written. %2</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Its folder does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>SettingsPane</name>

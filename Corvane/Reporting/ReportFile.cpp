@@ -53,6 +53,16 @@ expected<QString, int> saveIn(const QString &folder, const ProblemReport &report
     return unexpected<int>(reason);
 }
 
+QString sentence(const QString &path, int error)
+{
+    if (error == EEXIST)
+        return QCoreApplication::translate("ReportFile", "“%1” exists already.").arg(path);
+    const QString reason = error == ENOENT
+        ? QCoreApplication::translate("ReportFile", "Its folder does not exist.")
+        : fileErrorSentence(error);
+    return QCoreApplication::translate("ReportFile", "“%1” was not written. %2").arg(path, reason);
+}
+
 } // namespace
 
 expected<QString, QString> saveReport(const ProblemReport &report)
@@ -72,10 +82,7 @@ expected<void, QString> saveReport(const ProblemReport &report, const QString &p
     const auto written = writeNew(path, report.toText().toUtf8());
     if (written)
         return {};
-    return unexpected<QString>(written.error() == EEXIST
-            ? QCoreApplication::translate("ReportFile", "“%1” exists already.").arg(path)
-            : QCoreApplication::translate("ReportFile", "“%1” was not written. %2")
-                  .arg(path, fileErrorSentence(written.error())));
+    return unexpected<QString>(sentence(path, written.error()));
 }
 
 } // namespace corvane

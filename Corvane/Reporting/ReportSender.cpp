@@ -55,16 +55,18 @@ QString sentence(const SendFailure &failure)
     Q_UNREACHABLE();
 }
 
-QString helperFailed()
-{
-    return ReportSender::tr("The part of Corvane that sends reports did not work.");
-}
-
 } // namespace
 
 bool ReportSender::hasAddress()
 {
     return !reportAddress().isEmpty();
+}
+
+ReportSender::ReportSender(QString helper) : m_helper(std::move(helper))
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    m_patience.callOnTimeout(this, &ReportSender::end);
 }
 
 ReportSender::~ReportSender()
@@ -77,68 +79,54 @@ void ReportSender::send(const QByteArray &document, OnEnd onEnd)
     cancel();
     m_onEnd = std::move(onEnd);
     m_process = std::make_unique<QProcess>();
-    m_process->setStandardErrorFile(QProcess::nullDevice());
-    connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &ReportSender::read);
-    const auto fail = [this] { end(unexpected<QString>(helperFailed())); };
-    connect(m_process.get(), &QProcess::finished, this, [this, fail] {
-        read();
-        fail();
+    QProcess *const process = m_process.get();
+    process->setStandardErrorFile(QProcess::nullDevice());
+    connect(process, &QProcess::readyReadStandardOutput, this, [this, process] {
+        m_answer += process->readAllStandardOutput();
+        if (m_answer.contains('\n') || m_answer.size() > longestAnswer)
+            end();
     });
+    connect(process, &QProcess::finished, this, &ReportSender::end);
     connect(
-        m_process.get(), &QProcess::errorOccurred, this,
-        [fail](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart)
-                fail();
+        process, &QProcess::errorOccurred, this,
+        [this, process](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart && process == m_process.get())
+                end();
         },
         // It may be told from within the start.
         Qt::QueuedConnection);
-    m_patience.setSingleShot(true);
-    m_patience.callOnTimeout(this, fail);
-    m_patience.start(patience);
-    m_process->start(m_helper.isEmpty() ? installedHelper() : m_helper, {});
+    m_patience.start();
+    process->start(m_helper.isEmpty() ? installedHelper() : m_helper, {});
     // The helper sends once it has the whole line, and ends when the pipe is closed.
-    m_process->write(document + '\n');
+    process->write(document + '\n');
 }
 
 void ReportSender::cancel()
 {
-    m_onEnd = nullptr;
-    end(unexpected<QString>(QString()));
-}
-
-/// The first line is the answer.
-void ReportSender::read()
-{
-    if (!m_process)
-        return;
-    m_answer += m_process->readAllStandardOutput();
-    const qsizetype end = m_answer.indexOf('\n');
-    if (end < 0 && m_answer.size() <= longestAnswer)
-        return;
-    const auto answer = ReportAnswer::fromLine(m_answer.left(end));
-    if (!answer)
-        this->end(unexpected<QString>(helperFailed()));
-    else if (!answer->value)
-        this->end(unexpected<QString>(sentence(answer->value.error())));
-    else
-        this->end(*answer->value);
-}
-
-void ReportSender::end(const Outcome &outcome)
-{
     m_patience.stop();
     m_answer.clear();
-    if (auto *process = m_process.release()) {
-        // It is told to end by the pipe, too, but a program that has gone wrong may not listen.
-        process->disconnect(this);
-        connect(process, &QProcess::finished, process, &QObject::deleteLater);
-        process->setParent(QCoreApplication::instance());
-        process->kill();
-        if (process->state() == QProcess::NotRunning)
-            process->deleteLater();
-    }
-    if (const OnEnd onEnd = std::exchange(m_onEnd, nullptr))
-        onEnd(outcome);
+    m_onEnd = nullptr;
+    auto *const process = m_process.release();
+    if (!process)
+        return;
+    process->disconnect(this);
+    process->setParent(QCoreApplication::instance());
+    connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    // It ends by the pipe, too, but a program that has gone wrong may not listen.
+    process->kill();
+    if (process->state() == QProcess::NotRunning)
+        process->deleteLater();
+}
+
+void ReportSender::end()
+{
+    const auto answer = ReportAnswer::fromLine(m_answer.left(m_answer.indexOf('\n')));
+    // Whoever is told may send again, or delete this object.
+    const OnEnd onEnd = std::exchange(m_onEnd, nullptr);
+    cancel();
+    onEnd(answer ? answer->value.map_error(sentence)
+                 : Outcome(unexpected<QString>(
+                     tr("The part of Corvane that sends reports did not work."))));
 }
 
 } // namespace corvane

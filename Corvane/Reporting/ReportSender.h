@@ -10,8 +10,6 @@
 
 namespace corvane {
 
-struct ReportAnswer;
-
 /// Hands a report to the helper program that sends it. The program itself never opens a network
 /// connection.
 class ReportSender final : public QObject
@@ -27,7 +25,7 @@ public:
     [[nodiscard]] static bool hasAddress();
 
     /// Unless told, the helper is looked for beside this program and where it is installed.
-    explicit ReportSender(QString helper = {}) : m_helper(std::move(helper)) { }
+    explicit ReportSender(QString helper = {});
     ~ReportSender() override;
 
     /// Calls `onEnd` once, later. Nothing is sent twice at a time: what is under way is cancelled.
@@ -36,8 +34,8 @@ public:
     void cancel();
 
 private:
-    void read();
-    void end(const Outcome &outcome);
+    /// Tells what the helper has said so far.
+    void end();
 
     QString m_helper;
     std::unique_ptr<QProcess> m_process;

@@ -1,5 +1,7 @@
 #include "LiveDesk.h"
 
+#include <csignal>
+
 namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
@@ -65,6 +67,19 @@ TEST_F(HungProgramTests, whateverIsStoppedEveryCommandEndsAndAllWorksAgainAfterw
         EXPECT_EQ(corvane().ask(layout).exitStatus, 0);
         EXPECT_EQ(place(nextDisplay).name(), u"moved");
     }
+}
+
+TEST_F(HungProgramTests, aReportIsSavedWithWhatTheDesktopIsWhileCorvaneHangs)
+{
+    ::kill(corvane().pid(), SIGSTOP);
+    const auto answer = corvane().ask({u"--report"_s, u"It hangs"_s, u"--save"_s, u"-"_s});
+    ::kill(corvane().pid(), SIGCONT);
+
+    EXPECT_EQ(answer.exitStatus, 0) << answer.errors.toStdString();
+    for (const QString &fact :
+        {u"\nIt hangs\n"_s, u"\nSession: X11\n"_s,
+            u"\nWindow manager: %1\n"_s.arg(probe().windowManagerName()), u", 1920×1080 at 0,0,"_s})
+        EXPECT_TRUE(answer.output.contains(fact.toUtf8())) << answer.output.toStdString();
 }
 
 TEST_F(WindowManagerChangeTests, withoutAWindowManagerNothingMovesAndUnderAnyOtherEverythingWorks)

@@ -9,7 +9,7 @@ packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-icccm4-dev libxcb-xtes
     gtk-3-examples librsvg2-common"
 
 packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
-    linguist-qt6"
+    linguist-qt6 openssl"
 
 packages_test="$packages_unit_test at-spi2-core git clang-format mold xwayland fluxbox i3-wm icewm kwin-x11
     marco mate-settings-daemon-common metacity mutter tk x11-apps xfce4-panel xfwm4"
