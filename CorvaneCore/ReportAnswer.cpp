@@ -60,7 +60,8 @@ std::optional<ReportAnswer> ReportAnswer::fromLine(const QByteArray &line)
     if (const auto id = number(json))
         return ReportAnswer{*id};
     if (const auto problem = problems.named(json[u"error"].toString()))
-        return ReportAnswer{unexpected(SendFailure{*problem, json[u"detail"].toString()})};
+        return ReportAnswer{
+            unexpected<SendFailure>(SendFailure{*problem, json[u"detail"].toString()})};
     return std::nullopt;
 }
 
@@ -68,7 +69,7 @@ ReportAnswer ReportAnswer::ofServer(const QByteArray &body)
 {
     const auto id = number(QJsonDocument::fromJson(body).object());
     if (!id)
-        return {unexpected(SendFailure{SendProblem::answerNotUnderstood})};
+        return {unexpected<SendFailure>(SendFailure{SendProblem::answerNotUnderstood})};
     return {*id};
 }
 

@@ -2,6 +2,7 @@
 
 #include "ReportAddress.h"
 
+#include <QtNetwork/QNetworkProxy>
 #include <QtNetwork/QNetworkRequest>
 
 namespace corvane {
@@ -84,6 +85,9 @@ void Post::send(
         QMetaObject::invokeMethod(this, &Post::finish, Qt::QueuedConnection);
         return;
     }
+    // What is for this very computer goes through nobody else.
+    if (address.scheme() == "http"_L1)
+        m_manager.setProxy(QNetworkProxy::NoProxy);
     m_reply.reset(m_manager.post(requestTo(address, m_limits), document));
     m_reply->setReadBufferSize(m_limits.answer);
     connect(m_reply.get(), &QNetworkReply::readyRead, this, &Post::read);
@@ -109,6 +113,8 @@ void Post::stop(SendProblem problem)
 void Post::finish()
 {
     m_deadline.stop();
+    if (m_reply && m_reply->isOpen())
+        read();
     if (const auto onEnd = std::exchange(m_onEnd, nullptr))
         onEnd(answer());
 }
@@ -116,19 +122,19 @@ void Post::finish()
 Post::Answer Post::answer() const
 {
     if (m_stopped)
-        return unexpected(SendFailure{*m_stopped});
+        return unexpected<SendFailure>(SendFailure{*m_stopped});
     // A server that answers before it has read everything closes the connection.
     const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     if (const auto problem = status.isValid() ? problemOfStatus(status.toInt()) : std::nullopt)
-        return unexpected(SendFailure{*problem, status.toString()});
+        return unexpected<SendFailure>(SendFailure{*problem, status.toString()});
     if (m_reply->error() != QNetworkReply::NoError)
-        return unexpected(SendFailure{problemOf(m_reply->error()), m_reply->errorString()});
-    const QByteArray body = m_body + m_reply->readAll();
+        return unexpected<SendFailure>(
+            SendFailure{problemOf(m_reply->error()), m_reply->errorString()});
     // Of a connection that is cut in the body, Qt does not always tell.
     const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    if (length.isValid() && length.toLongLong() != body.size())
-        return unexpected(SendFailure{SendProblem::unreachable});
-    return body;
+    if (length.isValid() && length.toLongLong() != m_body.size())
+        return unexpected<SendFailure>(SendFailure{SendProblem::unreachable});
+    return m_body;
 }
 
 } // namespace corvane

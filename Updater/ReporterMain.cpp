@@ -49,8 +49,8 @@ private:
         if (end >= 0)
             m_document.truncate(end);
         m_post.send(reportAddress(), m_document, [](const Post::Answer &body) {
-            const auto answer =
-                body ? ReportAnswer::ofServer(*body) : ReportAnswer{unexpected(body.error())};
+            const auto answer = body ? ReportAnswer::ofServer(*body)
+                                     : ReportAnswer{unexpected<SendFailure>(body.error())};
             std::fputs(answer.toLine().constData(), stdout);
             std::fflush(stdout);
             QCoreApplication::exit();

@@ -119,7 +119,7 @@ TEST(ReportTests, aReportGoesByHttpsOrStaysOnThisComputer)
 TEST(ReportTests, whatTheHelperSaysIsReadBackAndNothingElse)
 {
     for (const ReportAnswer &answer : {ReportAnswer{u"R-17"_s},
-             ReportAnswer{unexpected(SendFailure{SendProblem::refused, u"404"_s})}})
+             ReportAnswer{unexpected<SendFailure>(SendFailure{SendProblem::refused, u"404"_s})}})
         EXPECT_EQ(ReportAnswer::fromLine(answer.toLine()), answer);
     const QByteArray longest(64, 'x');
     const std::pair<QByteArray, bool> bodies[]{

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
 #include <QtNetwork/QSslCertificate>
 #include <QtNetwork/QSslKey>
 #include <QtNetwork/QSslServer>
@@ -32,6 +34,14 @@ public:
     {
         return u"%1://127.0.0.1:%2/new"_s.arg(scheme).arg(m_server->serverPort());
     }
+    [[nodiscard]] bool waitForRequest() const
+    {
+        const QDeadlineTimer deadline(std::chrono::seconds(20));
+        while (requests.isEmpty() && !deadline.hasExpired())
+            QCoreApplication::processEvents();
+        return !requests.isEmpty();
+    }
+
     /// Called for every connection, instead of an answer.
     std::function<void(QTcpSocket &)> onConnection;
     QByteArrayList requests; ///< whole ones
