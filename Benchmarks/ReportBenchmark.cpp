@@ -1,6 +1,7 @@
 #include "ReportBenchmark.h"
 
 #include "ActivityLog.h"
+#include "Redaction.h"
 #include "ReportBuilder.h"
 #include "SampleMoves.h"
 #include "Samples.h"
@@ -67,7 +68,7 @@ Measurements measureReport()
     for (int repetition = 0; repetition < repetitions; ++repetition) {
         ProblemReport report{.date = now, .text = {}, .facts = {}, .events = {}};
         auto start = std::chrono::steady_clock::now();
-        addEvents(report, recorder);
+        addEvents(report, recorder, Redaction());
         builds << since(start);
         start = std::chrono::steady_clock::now();
         const bool isWhole = report.toText().count(u"Editor"_s) == eventCount;

@@ -6,6 +6,7 @@
 #include <QtCore/QUrl>
 
 #include <algorithm>
+#include <array>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -91,10 +92,14 @@ Redaction::Secrets Redaction::ownSecrets()
     for (const char *const name :
         {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
         secrets.homes << qEnvironmentVariable(name);
-    if (const passwd *const entry = ::getpwuid(::getuid())) {
-        secrets.users << QString::fromLocal8Bit(entry->pw_name);
-        secrets.users << QString::fromLocal8Bit(entry->pw_gecos).section(u',', 0, 0);
-        secrets.homes << QString::fromLocal8Bit(entry->pw_dir);
+    std::array<char, 4096> texts;
+    passwd entry;
+    passwd *found = nullptr;
+    ::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found);
+    if (found) {
+        secrets.users << QString::fromLocal8Bit(entry.pw_name);
+        secrets.users << QString::fromLocal8Bit(entry.pw_gecos).section(u',', 0, 0);
+        secrets.homes << QString::fromLocal8Bit(entry.pw_dir);
     }
     for (const QString &path : QStringList(secrets.homes))
         secrets.homes << QFileInfo(path).canonicalFilePath();
