@@ -25,26 +25,21 @@ constexpr auto host = "<host>"_L1;
 constexpr qsizetype shortestPart = 3;
 
 // A letter or digit of an escape such as %20 belongs to no word.
-constexpr auto wordStart = "(?:(?<![\\p{L}\\p{N}])|(?<=%[0-9a-f]{2}))"_L1;
-constexpr auto wordEnd = "(?![\\p{L}\\p{N}])"_L1;
+constexpr auto wordStart = R"((?:(?<![\p{L}\p{N}])|(?<=%[0-9a-f]{2})))"_L1;
+constexpr auto wordEnd = R"((?![\p{L}\p{N}]))"_L1;
+constexpr auto pathEnd = R"((?![\p{L}\p{N}_-]))"_L1;
 // In an address, a slash may be written as an escape.
 constexpr auto slash = "(?:/|%2f)+"_L1;
-
-bool isQuotationMark(QChar character)
-{
-    return u"\"“”„«»"_s.contains(character);
-}
 
 /// Hides what is between the first and the last quotation mark, or behind the only one.
 QString withoutTitle(const QString &text)
 {
-    const auto first = std::ranges::find_if(text, isQuotationMark);
-    if (first == text.end())
+    static const QRegularExpression mark(u"[\"“”„«»]"_s);
+    const qsizetype first = text.indexOf(mark);
+    if (first < 0)
         return text;
-    const qsizetype start = first - text.begin() + 1;
-    const auto last = std::find_if(text.rbegin(), text.rend(), isQuotationMark);
-    const qsizetype end = text.rend() - last - 1;
-    return text.first(start) + title + (end < start ? QString() : text.sliced(end));
+    const qsizetype last = text.lastIndexOf(mark);
+    return text.first(first + 1) + title + (last > first ? text.sliced(last) : QString());
 }
 
 /// The ways to write a text: composed, decomposed, and escaped for an address.
@@ -74,10 +69,10 @@ QString homePattern(const QStringList &homes)
         QStringList parts;
         for (const QString &part : path.split(u'/', Qt::SkipEmptyParts))
             parts << QRegularExpression::escape(part);
-        patterns << slash + parts.join(slash) + "(?![\\p{L}\\p{N}_-])"_L1;
+        patterns << slash + parts.join(slash) + pathEnd;
     }
-    patterns << u"(?:%1var)?%1home%1[^\\s/\"“”„«»'<>|:;,)\\]}]+"_s.arg(slash)
-             << slash + u"root(?![\\p{L}\\p{N}_-])"_s << u"~[\\p{L}_][\\p{L}\\p{N}_.-]*"_s;
+    patterns << uR"((?:%1var)?%1home%1[^\s/"“”„«»'<>|:;,)\]}]+)"_s.arg(slash)
+             << slash + "root"_L1 + pathEnd << uR"(~[\p{L}_][\p{L}\p{N}_.-]*)"_s;
     return patterns.join(u'|');
 }
 

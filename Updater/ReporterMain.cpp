@@ -20,6 +20,7 @@ using namespace corvane;
 namespace {
 
 constexpr int closedEarly = 1;
+constexpr qsizetype blockSize = 64LL * 1024;
 
 class Reporter final : public QObject
 {
@@ -33,7 +34,7 @@ public:
 private:
     void read()
     {
-        QByteArray block(64 * 1024, Qt::Uninitialized);
+        QByteArray block(blockSize, Qt::Uninitialized);
         const ssize_t count = ::read(STDIN_FILENO, block.data(), block.size());
         if (count < 0 && (errno == EAGAIN || errno == EINTR))
             return;

@@ -123,8 +123,8 @@ TEST(ReportTests, whatTheHelperSaysIsReadBackAndNothingElse)
         EXPECT_EQ(ReportAnswer::fromLine(answer.toLine()), answer);
     const QByteArray longest(64, 'x');
     const std::pair<QByteArray, bool> bodies[]{
-        {"{\"id\":\"" + longest + "\"}", true},
-        {"{\"id\":\"" + longest + "x\"}", false},
+        {R"({"id":")" + longest + R"("})", true},
+        {R"({"id":"x)" + longest + R"("})", false},
         {R"({"id":""})", false},
         {R"({"id":"a b"})", false},
         {R"({"id":"a\u202eb"})", false},

@@ -2,6 +2,7 @@
 #include "TestServer.h"
 
 #include <QtCore/QEventLoop>
+#include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QSslConfiguration>
@@ -81,7 +82,7 @@ TEST(PostTests, theServerGetsTheDocumentAndLearnsNoMoreThanTheVersion)
     EXPECT_THAT(QByteArray(server.requests.first()).replace("\r\n", "\n").split('\n'),
         testing::UnorderedElementsAreArray<QByteArray>({"POST /new HTTP/1.1", host, "{}", "",
             "Content-Length: 2", "Content-Type: application/json", "Accept-Encoding: identity",
-            "Accept-Language: en", "User-Agent: Corvane/" CORVANE_VERSION,
+            "Accept-Language: en", ("User-Agent: Corvane/" CORVANE_VERSION),
             "Connection: Keep-Alive"}));
 }
 
@@ -89,7 +90,7 @@ TEST(PostTests, everyWayOfAServerToFailIsToldApart)
 {
     const TestServer elsewhere(goodAnswer);
     const QByteArray there = "Location: " + elsewhere.address().toEncoded() + "\r\n";
-    const QByteArray megabyte(1024 * 1024, 'x');
+    const QByteArray megabyte(1024LL * 1024, 'x');
     struct Row {
         const char *name;
         QByteArray answer;

@@ -3,6 +3,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -13,7 +14,7 @@ using testing::HasSubstr;
 
 namespace {
 
-ReportSender::Outcome send(const QString &helper = QStringLiteral(CORVANE_REPORTER))
+ReportSender::Outcome send(const QString &helper = {})
 {
     ReportSender::Outcome outcome;
     QEventLoop loop;
@@ -68,8 +69,8 @@ TEST_F(ReportSenderTests, aHelperThatIsNotThereOrGoesWrongIsASentence)
 {
     const QTemporaryDir folder;
     const QString script = folder.filePath(u"helper"_s);
-    for (const char *line : {"", "echo hello", "kill -SEGV $$", "cat /dev/zero", "exit 3",
-             "printf '{\"id\":\"a b\"}\\n'"}) {
+    for (const char *line :
+        {"", "echo hello", "kill -SEGV $$", "cat /dev/zero", "exit 3", R"(echo '{"id":"a b"}')"}) {
         if (*line) {
             QFile file(script);
             ASSERT_TRUE(file.open(QFile::WriteOnly));
@@ -90,7 +91,7 @@ TEST_F(ReportSenderTests, whatIsCancelledOrReplacedSaysNothing)
 {
     const TestServer silent({}, TestServer::Then::stay);
     sendTo(silent);
-    ReportSender sender(QStringLiteral(CORVANE_REPORTER));
+    ReportSender sender;
     const auto mustNotEnd = [](const ReportSender::Outcome &) { ADD_FAILURE(); };
     sender.send("{}", mustNotEnd);
     sender.send("{}", mustNotEnd);
@@ -105,7 +106,7 @@ TEST_F(ReportSenderTests, whatIsCancelledOrReplacedSaysNothing)
 
 TEST_F(ReportSenderTests, theHelperEndsWithTheProgramAndSendsNoHalfADocument)
 {
-    for (const auto &[input, isWhole] : {std::pair("{}\n", true), {"{\"text\":", false}}) {
+    for (const auto &[input, isWhole] : {std::pair("{}\n", true), {R"({"text":)", false}}) {
         const TestServer server({}, TestServer::Then::stay);
         sendTo(server);
         QProcess helper;
