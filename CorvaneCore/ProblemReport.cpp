@@ -55,7 +55,8 @@ QString ProblemReport::toText() const
         eventLines << u"(older ones were left out)"_s;
     for (const FlightRecorder::Event &event : events)
         eventLines << line(event);
-    const QString written = date.toLocalTime().toString(Qt::ISODate);
+    const int offset = date.toLocalTime().offsetFromUtc();
+    const QString written = date.toOffsetFromUtc(offset).toString(Qt::ISODate);
     return u"Corvane problem report of %1\n"_s.arg(written) + section(u"What happened"_s, {text})
         + section(u"What goes with it"_s, factLines)
         + section(u"Diagnostics of thirty days"_s, eventLines);

@@ -7,7 +7,6 @@
 #include <QtNetwork/QSslKey>
 #include <QtNetwork/QSslServer>
 
-#include <functional>
 #include <memory>
 
 namespace corvane {
@@ -43,15 +42,11 @@ public:
         return !requests.isEmpty();
     }
 
-    /// Called for every connection, instead of an answer.
-    std::function<void(QTcpSocket &)> onConnection;
     QByteArrayList requests; ///< whole ones
 
 private:
     void serve(QTcpSocket &socket)
     {
-        if (onConnection)
-            return onConnection(socket);
         const auto read = [this, &socket, request = QByteArray()]() mutable {
             request += socket.readAll();
             const qsizetype head = request.indexOf("\r\n\r\n");
@@ -60,6 +55,7 @@ private:
                 return;
             requests << std::exchange(request, {});
             socket.write(m_answer);
+            socket.flush(); // for its end to come right behind
             if (m_then == Then::close)
                 socket.disconnectFromHost();
         };
