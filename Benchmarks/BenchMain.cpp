@@ -6,6 +6,7 @@
 #include "MenuBenchmark.h"
 #include "PickerBenchmark.h"
 #include "ReportBenchmark.h"
+#include "ReportSheetBenchmark.h"
 #include "SettingsBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
@@ -83,6 +84,8 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
             [&] { return measureSettings(desktop, effort.openings, effort.idle); }},
         {u"Application picker, opened %1 times"_s.arg(effort.starts),
             [&] { return measurePicker(desktop, effort.starts); }},
+        {u"Report sheet, opened %1 times"_s.arg(effort.starts),
+            [&] { return measureReportSheet(desktop, effort.starts); }},
         {u"Layouts pane, an edge dragged %1 times"_s.arg(effort.rounds),
             [&] { return measureEditor(desktop, effort.rounds); }},
         {u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(effort.rounds),

@@ -11,6 +11,7 @@ inline const QString pipelinedProgramPath = QStringLiteral(CORVANE_PIPELINED);
 inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
 inline const QString editorProgram = QStringLiteral(CORVANE_EDITOR);
 inline const QString pickerProgram = QStringLiteral(CORVANE_PICKER);
+inline const QString reportSheetProgram = QStringLiteral(CORVANE_REPORT_SHEET);
 inline const QString windowFloorProgram = QStringLiteral(CORVANE_WINDOW_FLOOR);
 
 } // namespace corvane::bench

@@ -323,6 +323,7 @@ MenuTarget AppDelegate::menuTarget()
         .openTremorLog = [this] { show(SettingsPane::tremorLog); },
         .openWebsite = [this] { openWebsite(); },
         .showTour = [this] { show({.showTour = true}); },
+        .reportProblem = [this] { m_model.pendingReport = QString(); },
         .hide = {},
         .hideOthers = {},
         .showAll = {},

@@ -14,6 +14,7 @@ struct Notice {
     QString id;
     QString text;
     std::optional<QUrl> reveal; ///< a file that the user may want to see
+    bool asksForReport = false; ///< those who made the program would like to hear of it
 
     bool operator==(const Notice &) const = default;
 };

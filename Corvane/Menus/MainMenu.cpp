@@ -57,6 +57,7 @@ public:
     void addEdit();
     void addPlacements();
     void addLayouts();
+    void addHelp();
 
 private:
     QMenu *addMenu(const QString &title);
@@ -167,6 +168,14 @@ void Builder::addLayouts()
     m_rows.layoutRows(*menu, 0);
 }
 
+void Builder::addHelp()
+{
+    QMenu *menu = addMenu(translated(QT_TRANSLATE_NOOP("MainMenu", "Help")));
+    add(*menu, QT_TRANSLATE_NOOP("MainMenu", "Corvane Tour"), m_target.showTour);
+    add(*menu, QT_TRANSLATE_NOOP("MainMenu", "Report a Problem…"), m_target.reportProblem);
+    m_rows.layoutRows(*menu, 0);
+}
+
 } // namespace
 
 std::unique_ptr<QMenuBar> build(MenuRows &rows, const MenuTarget &target, const AppModel &model)
@@ -178,6 +187,7 @@ std::unique_ptr<QMenuBar> build(MenuRows &rows, const MenuTarget &target, const 
     builder.addEdit();
     builder.addPlacements();
     builder.addLayouts();
+    builder.addHelp();
     return bar;
 }
 

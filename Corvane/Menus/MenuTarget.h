@@ -25,6 +25,7 @@ struct MenuTarget {
     std::function<void()> openTremorLog;
     std::function<void()> openWebsite;
     std::function<void()> showTour;
+    std::function<void()> reportProblem;
 
     std::function<void()> hide;
     std::function<void()> hideOthers;

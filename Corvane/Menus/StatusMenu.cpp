@@ -183,6 +183,8 @@ void StatusMenu::addPlacement(QMenu &menu, Placement placement)
 void StatusMenu::addInformation()
 {
     m_rows.add(*m_menu, {.title = tr("Corvane Tour"), .symbol = u"sparkles"_s}, m_target.showTour);
+    m_rows.add(*m_menu, {.title = tr("Report a Problem…"), .symbol = u"exclamationmark.bubble"_s},
+        m_target.reportProblem);
     m_rows.add(*m_menu, {.title = tr("Tremor Log"), .symbol = u"waveform.path.ecg"_s},
         m_target.openTremorLog);
     m_rows.add(

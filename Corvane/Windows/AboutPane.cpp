@@ -112,7 +112,16 @@ void AboutPane::addProduct()
     auto *tour = new QPushButton(tr("Corvane Tour"));
     tour->setIcon(BoardStyle::icon(u"sparkles"_s, &Board::Palette::fore));
     connect(tour, &QPushButton::clicked, this, [this] { m_model.replayTour(); });
-    row->addWidget(tour, 0, Qt::AlignTrailing | Qt::AlignVCenter);
+    auto *report = new QPushButton(tr("Report a Problem…"));
+    report->setIcon(BoardStyle::icon(u"exclamationmark.bubble"_s, &Board::Palette::fore));
+    connect(report, &QPushButton::clicked, this, [this] { m_model.pendingReport = QString(); });
+    auto *actions = new QVBoxLayout;
+    actions->setSpacing(Board::length(8));
+    actions->addStretch(1);
+    actions->addWidget(tour);
+    actions->addWidget(report);
+    actions->addStretch(1);
+    row->addLayout(actions);
     scrolledContent().addLayout(row);
 }
 

@@ -17,7 +17,8 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-NoticeStrip::NoticeStrip(Notice notice, std::function<void()> dismiss, QWidget *parent)
+NoticeStrip::NoticeStrip(
+    Notice notice, std::function<void()> dismiss, std::function<void()> report, QWidget *parent)
     : QWidget(parent)
     , m_notice(std::move(notice))
     , m_close(symbolButton(u"xmark"_s, &Board::Palette::muted, tr("Dismiss")))
@@ -35,6 +36,8 @@ NoticeStrip::NoticeStrip(Notice notice, std::function<void()> dismiss, QWidget *
             [this] { Platform::current().session().reveal(*m_notice.reveal); });
         row->addWidget(show);
     }
+    if (m_notice.asksForReport)
+        row->addWidget(pushButton(tr("Report a Problem…"), this, std::move(report)));
     connect(m_close, &QToolButton::clicked, this, std::move(dismiss));
     row->addWidget(m_close);
 }

@@ -16,7 +16,8 @@ class NoticeStrip final : public QWidget
     Q_OBJECT
 
 public:
-    NoticeStrip(Notice notice, std::function<void()> dismiss, QWidget *parent = nullptr);
+    NoticeStrip(Notice notice, std::function<void()> dismiss, std::function<void()> report,
+        QWidget *parent = nullptr);
 
     [[nodiscard]] const Notice &notice() const { return m_notice; }
     /// The button that dismisses it.

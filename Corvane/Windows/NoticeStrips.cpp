@@ -34,7 +34,9 @@ void NoticeStrips::show(const QList<Notice> &notices)
     QLayout &strips = *widget()->layout();
     SettingsPage::empty(strips);
     for (const Notice &notice : notices) {
-        auto *strip = new NoticeStrip(notice, [this, id = notice.id] { Q_EMIT dismissed(id); });
+        auto *strip = new NoticeStrip(
+            notice, [this, id = notice.id] { Q_EMIT dismissed(id); },
+            [this] { Q_EMIT reportAsked(); });
         strips.addWidget(strip);
         strip->setVisible(true); // the focus may go to it at once
     }

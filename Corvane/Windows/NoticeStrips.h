@@ -25,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void dismissed(const QString &id);
+    void reportAsked();
 
 private:
     int m_bound = 0;

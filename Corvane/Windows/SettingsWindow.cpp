@@ -152,6 +152,8 @@ void SettingsWindow::build()
         if (!m_notices->takeFocus())
             m_rail->list().setFocus(Qt::OtherFocusReason);
     });
+    connect(
+        m_notices, &NoticeStrips::reportAsked, this, [this] { m_model.pendingReport = QString(); });
     column->addWidget(m_notices);
     m_stack = new QStackedWidget;
     column->addWidget(m_stack, 1);

@@ -1,7 +1,10 @@
 #include "WindowOpener.h"
 
 #include "BoardStyle.h"
+#include "DataFolder.h"
 #include "Platform.h"
+#include "ReportSheet.h"
+#include "ReportWiring.h"
 #include "SettingsWindow.h"
 
 #include <QtGui/QWindow>
@@ -49,20 +52,27 @@ void giveMemoryBack()
 } // namespace
 
 WindowOpener::WindowOpener(AppModel &model, MenuTarget target)
-    : m_model(model), m_target(std::move(target))
+    : m_model(model)
+    , m_target(std::move(target))
+    , m_report(ReportSession::realSteps(), dataFolder())
 {
     connect(&model, &AppModel::pendingPaneChanged, this, [this] {
         if (!m_model.pendingPane.value().isEmpty())
             openSettings();
     });
+    connect(&model, &AppModel::pendingReportChanged, this, [this] {
+        if (m_model.pendingReport.value())
+            openReport();
+    });
     connect(&model, &AppModel::lookChanged, this, [this] {
-        if (m_settings)
+        if (m_settings || m_reportSheet)
             BoardStyle::shared().setLook(m_model.look);
     });
 }
 
 WindowOpener::~WindowOpener()
 {
+    delete m_reportSheet;
     delete m_settings;
 }
 
@@ -78,20 +88,42 @@ void WindowOpener::openSettings()
         connect(m_settings, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
         m_settings->setVisible(true);
     }
+    bringForward(*m_settings, isNew);
+}
+
+void WindowOpener::openReport()
+{
+    const QString added = m_model.pendingReport.value().value_or(QString());
+    m_model.pendingReport = std::nullopt;
+    m_report.begin(added);
+    const bool isNew = !m_reportSheet || m_reportSheet->isHidden(); // which goes soon
+    if (isNew) {
+        BoardStyle::shared().setLook(m_model.look);
+        // A window that is minimised would take the sheet with it.
+        const bool isAside = !m_settings || m_settings->isMinimized();
+        m_reportSheet = makeReportSheet(m_report, isAside ? nullptr : m_settings.data());
+        connect(m_reportSheet, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
+        m_reportSheet->open();
+    }
+    bringForward(*m_reportSheet, isNew);
+}
+
+void WindowOpener::bringForward(QWidget &window, bool isNew)
+{
     const QString token = m_model.pendingActivation;
     m_model.pendingActivation = QString();
-    const auto bringForward = [number = quint64(m_settings->winId()), token] {
+    const auto bringForward = [number = quint64(window.winId()), token] {
         Platform::current().ownWindows().bringForward(number, token);
     };
     // Before it is there, the window manager does not know it; on another workspace it stays unexposed.
     if (isNew) {
-        new WhenExposed(*m_settings->windowHandle(), bringForward);
+        new WhenExposed(*window.windowHandle(), bringForward);
         return;
     }
     bringForward();
     // Only then: a window on another workspace counts as minimised under some window managers, which
     // would take the user there to show it.
-    m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
 }
 
 } // namespace corvane

@@ -2,11 +2,13 @@
 
 #include "AppModel.h"
 #include "MenuTarget.h"
+#include "ReportSession.h"
 
 #include <QtCore/QPointer>
 
 namespace corvane {
 
+class ReportSheet;
 class SettingsWindow;
 
 /// Shows the program's windows when the model asks for them, in front and in its look.
@@ -20,10 +22,15 @@ public:
 
 private:
     void openSettings();
+    void openReport();
+    /// In front of all others, with the permission of who asked for it.
+    void bringForward(QWidget &window, bool isNew);
 
     AppModel &m_model;
     MenuTarget m_target;
+    ReportSession m_report;
     QPointer<SettingsWindow> m_settings;
+    QPointer<ReportSheet> m_reportSheet;
 };
 
 } // namespace corvane

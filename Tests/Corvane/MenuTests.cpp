@@ -61,8 +61,9 @@ protected:
             note(u"grant access"_s), note(u"shortcuts"_s),
             [this](const Competitor::Running &rival) { asked << rival.competitor.name; },
             note(u"updates"_s), note(u"about"_s), note(u"settings"_s), note(u"log"_s),
-            note(u"website"_s), note(u"tour"_s), note(u"hide"_s), note(u"hide others"_s),
-            note(u"show all"_s), note(u"quit"_s), note(u"undo"_s), note(u"redo"_s)};
+            note(u"website"_s), note(u"tour"_s), note(u"report"_s), note(u"hide"_s),
+            note(u"hide others"_s), note(u"show all"_s), note(u"quit"_s), note(u"undo"_s),
+            note(u"redo"_s)};
     }
 
     ModelDesk desk;
@@ -76,7 +77,7 @@ protected:
 TEST_F(MenuTests, everyRowAsksForWhatItSays)
 {
     QStringList all{u"about"_s, u"settings"_s, u"settings"_s, u"capture"_s, u"quit"_s, u"tour"_s,
-        u"log"_s, u"website"_s};
+        u"report"_s, u"log"_s, u"website"_s};
     for (const Placement placement : allPlacements())
         all << title(placement);
 

@@ -57,11 +57,11 @@ void drawMenus(AppModel &model)
     const auto nothing = [](auto &&...) {};
     const MenuTarget target{nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing,
         nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing, nothing,
-        nothing};
+        nothing, nothing};
     StatusMenu status(RowForm::drawn, model, target);
     status.fill();
     QMenu &menu = status.menu();
-    shoot(menu, u"status"_s, menu.actions().size() - 7);
+    shoot(menu, u"status"_s, menu.actions().size() - 8);
     for (QAction *action : menu.actions()) {
         if (auto *submenu = action->menu<QMenu *>())
             shoot(*submenu, u"status-"_s + MenuRow::of(*action)->title.toLower(), 1);

@@ -7,6 +7,7 @@
 #include "LayoutPicture.h"
 #include "ModelDesk.h"
 #include "PaneOverlay.h"
+#include "ReportScreens.h"
 #include "ScrollFade.h"
 #include "SettingsWindow.h"
 #include "StealSheet.h"
@@ -307,6 +308,10 @@ void SettingsScreens::draw(AppModel &model) const
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
     model.loginItemNote = u"Your desktop is waiting for you to allow Corvane."_s;
     model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
+    model.post({.id = u"crash"_s,
+        .text = u"Corvane ended without being asked to."_s,
+        .reveal = {},
+        .asksForReport = true});
     model.post({u"save-failed"_s,
         u"Corvane could not save to ~/.local/share/Corvane/settings.json: The disk is full. "
         "Changes work until Corvane quits."_s,
@@ -477,6 +482,7 @@ int main(int argc, char **argv)
         screens.draw(model);
         screens.drawOverlay();
         screens.drawPicker(desk, model);
+        drawReports([&](QWidget &window, const QString &what) { screens.shoot(window, what); });
     }
     for (auto failure = failures.cbegin(); failure != failures.cend(); ++failure)
         std::fprintf(stderr, "%s (%s)\n", qUtf8Printable(failure.key()), qUtf8Printable(*failure));

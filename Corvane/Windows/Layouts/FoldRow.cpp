@@ -1,6 +1,7 @@
 #include "FoldRow.h"
 
 #include "BoardStyle.h"
+#include "Chevron.h"
 #include "Symbol.h"
 
 #include <QtGui/QPainter>
@@ -43,7 +44,6 @@ void FoldRow::paintEvent(QPaintEvent *)
     };
     const auto middle = [this](int side) { return (height() - side) / 2; };
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const int side = Board::length(mark);
     Symbol::paint(painter, placed({Board::length(margin), middle(side), side, side}),
         u"checkmark"_s, {palette.ready});
@@ -57,15 +57,9 @@ void FoldRow::paintEvent(QPaintEvent *)
             | int(Qt::TextWordWrap),
         text());
 
-    // It points along the line, and down once the rows below show.
     const QRectF room = placed({width() - Board::length(margin) - tip, middle(tip), tip, tip});
-    painter.translate(room.center());
-    painter.rotate(isChecked() ? 90 : layoutDirection() == Qt::RightToLeft ? 180 : 0);
-    painter.setPen(QPen(underMouse() ? palette.fore : palette.muted, 1.5, Qt::SolidLine,
-        Qt::RoundCap, Qt::RoundJoin));
-    const double half = tip / 2.0;
-    painter.drawPolyline(
-        QPolygonF{QPointF(-half / 2, -half), QPointF(half / 2, 0), QPointF(-half / 2, half)});
+    drawChevron(
+        painter, room, isChecked(), layoutDirection(), underMouse() ? palette.fore : palette.muted);
 }
 
 } // namespace corvane
