@@ -117,11 +117,10 @@ void AboutPane::addProduct()
     connect(report, &QPushButton::clicked, this, [this] { m_model.pendingReport = QString(); });
     auto *actions = new QVBoxLayout;
     actions->setSpacing(Board::length(8));
-    actions->addStretch(1);
     actions->addWidget(tour);
     actions->addWidget(report);
-    actions->addStretch(1);
     row->addLayout(actions);
+    row->setAlignment(actions, Qt::AlignTrailing | Qt::AlignVCenter);
     scrolledContent().addLayout(row);
 }
 

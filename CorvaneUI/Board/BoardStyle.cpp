@@ -276,6 +276,7 @@ void BoardStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     case PE_FrameFocusRect: // the ring is drawn outside the control
     case PE_Frame:
     case PE_FrameLineEdit:
+    case PE_PanelScrollAreaCorner:
         return;
     case PE_PanelLineEdit:
         return drawField(*painter, option->rect, Board::length(radius),

@@ -22,6 +22,9 @@ ReportContentsList::ReportContentsList(QWidget *parent) : QListView(parent)
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setFrameShape(QFrame::NoFrame);
     setTextElideMode(Qt::ElideNone);
+    setLayoutDirection(Qt::LeftToRight); // as the log is, in any language
+    const int margin = Board::length(4);
+    setViewportMargins(margin, margin, 0, 0);
     viewport()->setAutoFillBackground(false);
 }
 
@@ -30,7 +33,8 @@ void ReportContentsList::setReport(const ProblemReport &report)
 {
     m_contents.setReport(report);
     const QFontMetrics metrics = fontMetrics();
-    const qsizetype width = (m_contents.length() + 2) * metrics.averageCharWidth();
+    const qsizetype width =
+        m_contents.length() * metrics.horizontalAdvance(u'0') + 2 * Board::length(6);
     setGridSize(
         {int(std::min<qsizetype>(width, QWIDGETSIZE_MAX)), metrics.height() + Board::length(2)});
     setCurrentIndex(m_contents.index(0)); // for who comes here by Tab
@@ -54,7 +58,7 @@ void ReportContentsList::keyPressEvent(QKeyEvent *event)
     if (event->matches(QKeySequence::Copy))
         copy();
     else if (isSideways)
-        horizontalScrollBar()->triggerAction((event->key() == Qt::Key_Left) == isLeftToRight()
+        horizontalScrollBar()->triggerAction(event->key() == Qt::Key_Left
                 ? QAbstractSlider::SliderSingleStepSub
                 : QAbstractSlider::SliderSingleStepAdd);
     else
