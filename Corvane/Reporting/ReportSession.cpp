@@ -107,6 +107,7 @@ void ReportSession::setPhase(const ReportSheetPhase &phase)
 void ReportSession::build()
 {
     m_report.reset();
+    Q_EMIT reportChanged();
     m_steps.build([this, guard = QPointer(this), round = ++m_round](const ProblemReport &report) {
         if (!guard || round != m_round)
             return;

@@ -47,7 +47,8 @@ struct ReportDesk {
         session->begin(added);
         sheet = makeReportSheet(*session, nullptr);
         sheet->open();
-        QApplication::setActiveWindow(sheet);
+        sheet->activateWindow();
+        QApplication::processEvents();
     }
     void closeSheet()
     {

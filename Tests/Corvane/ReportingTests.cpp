@@ -5,6 +5,8 @@
 #include "ReportFile.h"
 #include "SimulatedPlatform.h"
 
+#include <QtCore/QJsonDocument>
+
 #include <gmock/gmock.h>
 
 namespace corvane {

@@ -2,6 +2,7 @@
 #include "Redaction.h"
 #include "ReportAddress.h"
 #include "ReportAnswer.h"
+#include "StoreFolder.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -74,14 +75,14 @@ RC_GTEST_PROP(RedactionTests, noSecretSurvivesInTheDocumentWhateverTheDetailsHol
 
 TEST(ReportTests, theDocumentIsOneLineAndTheTextTellsAPersonTheSame)
 {
-    const ProblemReport report{.date = QDateTime::fromSecsSinceEpoch(0, Qt::UTC),
+    const ProblemReport report{.date = noon,
         .text = u"It \"moved\".\nThen it did not."_s,
         .facts = {{u"qt"_s, u"Qt"_s, u"6.4"_s}},
-        .events = {{QDateTime::fromSecsSinceEpoch(0, Qt::UTC), u"move"_s, u"a\x1b[31m\nb"_s}},
+        .events = {{noon, u"move"_s, u"a\x1b[31m\nb"_s}},
         .isShortened = true};
 
     EXPECT_EQ(report.toJson(),
-        R"({"date":"1970-01-01T00:00:00Z","events":[{"date":"1970-01-01T00:00:00Z",)"
+        R"({"date":"2026-03-01T12:00:00Z","events":[{"date":"2026-03-01T12:00:00Z",)"
         R"("detail":"a\u001b[31m\nb","kind":"move"}],"facts":{"qt":"6.4"},"format":1,)"
         R"("isShortened":true,"text":"It \"moved\".\nThen it did not."})");
     const QString text = report.toText();

@@ -79,12 +79,14 @@ TEST(PostTests, theServerGetsTheDocumentAndLearnsNoMoreThanTheVersion)
 
     EXPECT_EQ(post(server.address()), Post::Answer("thanks"));
     ASSERT_EQ(server.requests.size(), 1);
-    const QByteArray host = "Host: " + server.address().authority().toLatin1();
-    EXPECT_THAT(QByteArray(server.requests.first()).replace("\r\n", "\n").split('\n'),
-        testing::UnorderedElementsAreArray<QByteArray>({"POST /new HTTP/1.1", host, "{}", "",
-            "Content-Length: 2", "Content-Type: application/json", "Accept-Encoding: identity",
-            "Accept-Language: en", ("User-Agent: Corvane/" CORVANE_VERSION),
-            "Connection: Keep-Alive"}));
+    // Some versions of Qt write the names of headers in small letters.
+    const QByteArray request = server.requests.first().toLower().replace("\r\n", "\n");
+    const QByteArray host = "host: " + server.address().authority().toLatin1();
+    EXPECT_THAT(request.split('\n'),
+        testing::UnorderedElementsAreArray<QByteArray>({"post /new http/1.1", host, "{}", "",
+            "content-length: 2", "content-type: application/json", "accept-encoding: identity",
+            "accept-language: en", ("user-agent: corvane/" CORVANE_VERSION),
+            "connection: keep-alive"}));
 }
 
 TEST(PostTests, everyWayOfAServerToFailIsToldApart)

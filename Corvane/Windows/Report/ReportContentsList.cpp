@@ -23,8 +23,6 @@ ReportContentsList::ReportContentsList(QWidget *parent) : QListView(parent)
     setFrameShape(QFrame::NoFrame);
     setTextElideMode(Qt::ElideNone);
     setLayoutDirection(Qt::LeftToRight); // as the log is, in any language
-    const int margin = Board::length(4);
-    setViewportMargins(margin, margin, 0, 0);
     viewport()->setAutoFillBackground(false);
 }
 

@@ -14,14 +14,14 @@ namespace corvane {
 
 namespace {
 
-/// The outline of a field, round something that scrolls.
+/// The outline of a field, round something that scrolls; where the ring of the focus stands, too.
 class Well final : public QWidget
 {
 public:
     Well(QAbstractScrollArea *area, double height)
     {
         auto *column = new QVBoxLayout(this);
-        column->setContentsMargins(1, 1, 1, 1);
+        column->setContentsMargins(3, 3, 3, 3);
         area->setFixedHeight(Board::length(height));
         area->setFrameShape(QFrame::NoFrame);
         area->viewport()->setAutoFillBackground(false);
@@ -89,7 +89,7 @@ void ReportForm::addField()
     m_field->setPlaceholderText(tr("EX: I chose Maximize and the Safari window filled only part of "
                                    "the screen."));
     m_field->setTabChangesFocus(true);
-    m_field->document()->setDocumentMargin(Board::length(8));
+    m_field->document()->setDocumentMargin(Board::length(6));
     column.addWidget(new Well(m_field, 112));
     column.addWidget(m_problem);
 }
