@@ -1,5 +1,6 @@
 #include "MenuParts.h"
 
+#include "KeyCaps.h"
 #include "OneLine.h"
 #include "Screens.h"
 
@@ -16,7 +17,7 @@ QStringList keys(
     const AppModel &model, const ShortcutOwner &owner, const std::optional<KeyCombo> &combo)
 {
     const bool works = combo && !model.unregistered.value().contains(owner);
-    return works ? combo->parts() : QStringList();
+    return works ? KeyCaps::partsOf(*combo) : QStringList();
 }
 
 MenuRow layoutRow(

@@ -1,6 +1,7 @@
 #include "KeyCaps.h"
 
 #include "DevicePixels.h"
+#include "Platform.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QFontMetricsF>
@@ -155,6 +156,18 @@ KeyCaps::KeyCaps(const QStringList &parts, KeyCapStyle style) : m_style(std::mov
 {
     for (const QString &part : parts)
         m_labels << KeyCap::label(part, m_style.glyphFont);
+}
+
+QStringList KeyCaps::partsOf(const KeyCombo &combo)
+{
+    QStringList parts = combo.parts();
+    // Names of more than one character are those of keys that are the same everywhere.
+    const bool isPrinted = parts.last().size() == 1 && !isGlyph(parts.last());
+    const QString label =
+        isPrinted ? Platform::current().hotKeys().label(combo.keyCode) : QString();
+    if (!label.isEmpty())
+        parts.last() = label;
+    return parts;
 }
 
 QStringList KeyCaps::split(QStringView glyphs)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Board.h"
+#include "KeyCombo.h"
 
 #include <QtCore/QRectF>
 #include <QtCore/QStringList>
@@ -49,6 +50,8 @@ public:
     /// The fill of a lit cap, over the accent.
     [[nodiscard]] static QColor litFill() { return QColor::fromRgbF(1, 1, 1, 0.14F); }
 
+    /// The parts of a combination, the key as it is labelled on this keyboard.
+    [[nodiscard]] static QStringList partsOf(const KeyCombo &combo);
     /// The parts that a text of glyphs stands for: one for each modifier, and one for the rest,
     /// without whitespace.
     [[nodiscard]] static QStringList split(QStringView glyphs);

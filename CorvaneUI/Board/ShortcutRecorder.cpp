@@ -153,7 +153,7 @@ QString ShortcutRecorder::prompt() const
 
 void ShortcutRecorder::describe()
 {
-    QString description = m_combo ? KeyCaps::spoken(m_combo->parts()) : tr("None");
+    QString description = m_combo ? KeyCaps::spoken(KeyCaps::partsOf(*m_combo)) : tr("None");
     if (m_isTaken)
         description += u". "_s + tr("Another program holds these keys");
     if (m_isRecording)
@@ -173,7 +173,7 @@ QSize ShortcutRecorder::sizeHint() const
     double width = prompting.horizontalAdvance(prompt());
     if (!m_isRecording)
         width = m_combo
-            ? capsOf(m_combo->parts()).size().width()
+            ? capsOf(KeyCaps::partsOf(*m_combo)).size().width()
             : QFontMetrics(Board::font(Board::Type::secondary)).horizontalAdvance(tr("None"));
     else if (m_refused)
         width = field + KeySentence(prompt()).sizeHint().width();
@@ -188,8 +188,9 @@ void ShortcutRecorder::placeClear()
 {
     const bool isOffered = m_combo && !m_isRecording && (underMouse() || hasFocus());
     const int side = Board::length(16);
-    const int at = width() - int(capsOf(m_combo ? m_combo->parts() : QStringList()).size().width())
-        - side - Board::length(8);
+    const int at = width()
+        - int(capsOf(m_combo ? KeyCaps::partsOf(*m_combo) : QStringList()).size().width()) - side
+        - Board::length(8);
     const QRect all = rect();
     m_clear->setGeometry(QStyle::visualRect(
         layoutDirection(), all, QRect(at, (all.height() - side) / 2, side, side)));
@@ -266,7 +267,7 @@ void ShortcutRecorder::paintEvent(QPaintEvent *)
         painter.drawText(rect(), Qt::AlignTrailing | Qt::AlignVCenter, tr("None"));
         return;
     }
-    const KeyCaps caps = capsOf(m_combo->parts());
+    const KeyCaps caps = capsOf(KeyCaps::partsOf(*m_combo));
     QRectF place({0, 0}, caps.size());
     place.moveCenter(QRectF(rect()).center());
     place.moveRight(width());

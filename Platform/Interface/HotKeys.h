@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
 
 namespace corvane {
 
@@ -26,11 +27,17 @@ public:
     /// Forgets the registration; an unknown `id` is no error.
     virtual void unregisterHotKey(quint32 id) = 0;
 
+    /// What this keyboard prints on the key: a letter or a sign of the Latin script, as its first layout
+    /// has it. Empty where that is none, or unknown.
+    [[nodiscard]] virtual QString label(quint16 keyCode) = 0;
+
 Q_SIGNALS:
     /// The key went down; repeats of a held key are not reported.
     void pressed(quint32 id);
     /// The desktop dropped every registration: register the whole set again.
     void registrationsLost();
+    /// There is another keyboard, or another layout on it.
+    void labelsChanged();
 };
 
 } // namespace corvane

@@ -19,6 +19,17 @@ void SimulatedHotKeys::unregisterHotKey(quint32 id)
     std::erase_if(m_registered, [id](const auto &entry) { return entry.second == id; });
 }
 
+QString SimulatedHotKeys::label(quint16 keyCode)
+{
+    return m_labels.value(keyCode);
+}
+
+void SimulatedHotKeys::setLabel(quint16 keyCode, const QString &label)
+{
+    m_labels.insert(keyCode, label);
+    Q_EMIT labelsChanged();
+}
+
 void SimulatedHotKeys::press(quint16 keyCode, quint32 modifiers)
 {
     keyDown(keyCode, modifiers);

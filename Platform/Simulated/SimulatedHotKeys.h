@@ -20,6 +20,7 @@ public:
 
     qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
     void unregisterHotKey(quint32 id) override;
+    QString label(quint16 keyCode) override;
 
     /// Presses the key and lets it go.
     void press(quint16 keyCode, quint32 modifiers);
@@ -30,6 +31,8 @@ public:
     void takeByRival(quint16 keyCode, quint32 modifiers);
     /// From now on this keyboard lacks the key.
     void removeKey(quint16 keyCode);
+    /// From now on this keyboard has that on the key.
+    void setLabel(quint16 keyCode, const QString &label);
     [[nodiscard]] bool isRegistered(quint16 keyCode, quint32 modifiers) const;
 
 private:
@@ -45,6 +48,7 @@ private:
     std::set<Combination> m_rivals;
     QSet<quint16> m_missingKeys;
     QSet<quint16> m_keysDown;
+    QHash<quint16, QString> m_labels;
 };
 
 } // namespace corvane

@@ -2,19 +2,15 @@
 
 #include "PhysicalKey.h"
 
+#include <xkbcommon/xkbcommon.h>
+
 #include <algorithm>
+#include <array>
 #include <span>
 
 namespace corvane::x11 {
 
 namespace {
-
-// Keysyms of the modifier keys (X11/keysymdef.h).
-constexpr xcb_keysym_t numLockKeysym = 0xff7f;
-constexpr xcb_keysym_t altLeftKeysym = 0xffe9;
-constexpr xcb_keysym_t altRightKeysym = 0xffea;
-constexpr xcb_keysym_t superLeftKeysym = 0xffeb;
-constexpr xcb_keysym_t superRightKeysym = 0xffec;
 
 struct Keysyms {
     Owned<xcb_get_keyboard_mapping_reply_t> mapping;
@@ -29,6 +25,36 @@ struct Keysyms {
         return {xcb_get_keyboard_mapping_keysyms(mapping.get()) + at, size_t(perKey)};
     }
 };
+
+/// Keys that type nothing by themselves bear the accent that they put on the next letter.
+struct DeadKey {
+    xcb_keysym_t keysym;
+    char16_t accent;
+};
+
+constexpr std::array deadKeys{
+    DeadKey{XKB_KEY_dead_grave, u'`'},
+    DeadKey{XKB_KEY_dead_acute, u'\u00b4'},
+    DeadKey{XKB_KEY_dead_circumflex, u'^'},
+    DeadKey{XKB_KEY_dead_tilde, u'~'},
+    DeadKey{XKB_KEY_dead_diaeresis, u'\u00a8'},
+    DeadKey{XKB_KEY_dead_cedilla, u'\u00b8'},
+    DeadKey{XKB_KEY_dead_abovering, u'\u02da'},
+    DeadKey{XKB_KEY_dead_caron, u'\u02c7'},
+};
+
+char32_t characterOf(xcb_keysym_t keysym)
+{
+    const auto *const dead = std::ranges::find(deadKeys, keysym, &DeadKey::keysym);
+    return dead == deadKeys.end() ? xkb_keysym_to_utf32(keysym) : dead->accent;
+}
+
+bool isPrintedInLatin(char32_t character)
+{
+    const QChar::Script script = QChar::script(character);
+    return QChar::isPrint(character) && !QChar::isSpace(character)
+        && (script == QChar::Script_Latin || script == QChar::Script_Common);
+}
 
 std::optional<Keysyms> readKeysyms(Connection &connection, xcb_keycode_t first, uint8_t count)
 {
@@ -70,9 +96,9 @@ ModifierBits readModifierBits(Connection &connection)
     for (int modifier = XCB_MAP_INDEX_1; modifier <= XCB_MAP_INDEX_5; ++modifier) {
         for (int i = 0; i < perModifier; ++i) {
             const xcb_keycode_t keycode = keycodes[modifier * perModifier + i];
-            add(bits.alt, modifier, keycode, {altLeftKeysym, altRightKeysym});
-            add(bits.super, modifier, keycode, {superLeftKeysym, superRightKeysym});
-            add(bits.numLock, modifier, keycode, {numLockKeysym});
+            add(bits.alt, modifier, keycode, {XKB_KEY_Alt_L, XKB_KEY_Alt_R});
+            add(bits.super, modifier, keycode, {XKB_KEY_Super_L, XKB_KEY_Super_R});
+            add(bits.numLock, modifier, keycode, {XKB_KEY_Num_Lock});
         }
     }
     // One bit is enough to press the key; a second one would have to be held as well.
@@ -88,6 +114,19 @@ bool hasKey(Connection &connection, xcb_keycode_t keycode)
         return false;
     const auto keysyms = readKeysyms(connection, keycode, 1);
     return keysyms && std::ranges::any_of(keysyms->of(keycode), [](xcb_keysym_t k) { return k; });
+}
+
+QString labelOf(Connection &connection, xcb_keycode_t keycode)
+{
+    const auto keysyms = readKeysyms(connection, keycode, 1);
+    if (!keysyms || keysyms->of(keycode).empty())
+        return {};
+    const char32_t character = characterOf(keysyms->of(keycode).front());
+    if (!isPrintedInLatin(character))
+        return {};
+    const QString typed = QString::fromUcs4(&character, 1);
+    const QString capital = typed.toUpper();
+    return capital.size() == typed.size() ? capital : typed; // German has a key for ß
 }
 
 } // namespace corvane::x11

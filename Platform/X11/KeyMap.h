@@ -2,6 +2,8 @@
 
 #include "Connection.h"
 
+#include <QtCore/QString>
+
 #include <optional>
 
 namespace corvane::x11 {
@@ -21,5 +23,8 @@ struct ModifierBits {
 [[nodiscard]] ModifierBits readModifierBits(Connection &connection);
 /// Whether the keyboard has the key.
 [[nodiscard]] bool hasKey(Connection &connection, xcb_keycode_t keycode);
+/// The letter or sign that the key types on the keyboard's first layout, as it is printed on a cap. Empty
+/// for a key that types none of the Latin script.
+[[nodiscard]] QString labelOf(Connection &connection, xcb_keycode_t keycode);
 
 } // namespace corvane::x11

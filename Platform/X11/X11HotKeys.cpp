@@ -86,6 +86,19 @@ void X11HotKeys::unregisterHotKey(quint32 id)
     }
 }
 
+QString X11HotKeys::label(quint16 keyCode)
+{
+    const auto known = m_labels.constFind(keyCode);
+    if (known != m_labels.cend())
+        return *known;
+    const auto keycode = keycodeFor(keyCode);
+    const Answers answers(m_connection);
+    const QString label = keycode ? labelOf(m_connection, *keycode) : QString();
+    if (answers.complete())
+        m_labels.insert(keyCode, label);
+    return label;
+}
+
 void X11HotKeys::handle(const xcb_generic_event_t &event)
 {
     const int type = event.response_type & 0x7f;
@@ -100,7 +113,7 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
         break;
     case XCB_MAPPING_NOTIFY:
         if (reinterpret_cast<const xcb_mapping_notify_event_t &>(event).request
-            == XCB_MAPPING_MODIFIER)
+            != XCB_MAPPING_POINTER)
             reviewSoon();
         break;
     default:
@@ -145,6 +158,8 @@ void X11HotKeys::reviewSoon()
 /// stay grabbed meanwhile, wherever they lie: a key press may fall between.
 void X11HotKeys::review()
 {
+    if (!std::exchange(m_labels, {}).isEmpty())
+        Q_EMIT labelsChanged();
     const Answers answers(m_connection);
     const ModifierBits bits = readModifierBits(m_connection);
     if (!answers.complete() || (bits == m_bits && !m_missedAnswer))

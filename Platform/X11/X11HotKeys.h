@@ -21,6 +21,7 @@ public:
 
     qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
     void unregisterHotKey(quint32 id) override;
+    QString label(quint16 keyCode) override;
 
 private:
     struct Registration {
@@ -52,6 +53,7 @@ private:
     ModifierBits m_bits;
     QMap<quint32, Registration> m_registrations;
     QHash<xcb_keycode_t, xcb_timestamp_t> m_held; ///< keys that are down, when last heard of
+    QHash<quint16, QString> m_labels; ///< by key code, of the keys that were asked for
     bool m_reviewScheduled = false;
     bool m_missedAnswer = false; ///< to a registration
 };

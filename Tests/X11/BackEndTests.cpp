@@ -92,14 +92,35 @@ TEST_F(BackEndTests, eachKeyIsFoundByItsNumbersWhereTheKeyboardHasItsSign)
         EXPECT_EQ(PhysicalKey::withEvdevCode(*keycode - 8U).value().virtualKeyCode, code);
         if (name.size() != 1 || name[0] > u'~')
             continue;
-        const auto mapping = connection.reply<xcb_get_keyboard_mapping_reply>(
-            xcb_get_keyboard_mapping(connection.raw(), *keycode, 1));
-        const QChar sign = char16_t(*xcb_get_keyboard_mapping_keysyms(mapping.get()));
-        EXPECT_EQ(sign.toUpper(), name);
+        EXPECT_EQ(backEnd->hotKeys().label(code), name);
         ++signs;
     }
     EXPECT_GE(signs, 26 + 10);
     EXPECT_FALSE(PhysicalKey::withXkbKeycode(7) || PhysicalKey::withEvdevCode(767));
+}
+
+TEST_F(BackEndTests, aKeyIsCalledWhatIsPrintedOnItOnTheKeyboardInUse)
+{
+    HotKeys &hotKeys = backEnd->hotKeys();
+    int changes = 0;
+    QObject::connect(&hotKeys, &HotKeys::labelsChanged, &hotKeys, [&changes] { ++changes; });
+    // By key code: the keys of /, Z, =, - and S on a US keyboard, and an arrow.
+    const QList<quint16> codes{44, 6, 24, 27, 1, 123};
+    const auto labels = [&] {
+        QStringList all;
+        for (const quint16 code : codes)
+            all << hotKeys.label(code);
+        return all.join(u' ');
+    };
+    for (const auto &[layout, expected] :
+        {std::pair(u"us"_s, u"/ Z = - S "_s), {u"de"_s, u"- Y \u00b4 ß S "_s},
+            {u"fr"_s, u"! W = ) S "_s}, {u"ru,us"_s, u".  = -  "_s},
+            {u"cz"_s, u"- Y \u00b4 = S "_s}, {u"us"_s, u"/ Z = - S "_s}}) {
+        SCOPED_TRACE(qPrintable(layout));
+        ASSERT_TRUE(desk.setKeyboardLayouts(layout));
+        EXPECT_TRUE(eventually([&] { return labels() == expected; })) << qPrintable(labels());
+    }
+    EXPECT_GT(changes, 3);
 }
 
 TEST_F(BackEndTests, theFirstTypeThatIsKnownDecidesWhatKindOfWindowItIs)
