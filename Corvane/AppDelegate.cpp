@@ -30,6 +30,8 @@ constexpr double messagingTimeout = 1.0;
 constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
 
+const QString crashNotice = u"crash"_s;
+
 void tellUnopened(const QUrl &link, bool isOpened)
 {
     if (!isOpened)
@@ -88,6 +90,23 @@ void AppDelegate::start()
     pruneHistory();
 }
 
+void AppDelegate::welcome()
+{
+    if (!m_model.settings().onboardingCompleted)
+        show({.showTour = true});
+}
+
+void AppDelegate::tellCrash()
+{
+    FlightRecorder::shared().record(u"crash"_s, u"the run before this one ended without a quit"_s);
+    m_model.post({.id = crashNotice,
+        .text =
+            tr("Corvane did not quit the last time that it ran. If it failed, a report helps to "
+               "mend it."),
+        .reveal = {},
+        .asksForReport = true});
+}
+
 void AppDelegate::connectModel()
 {
     m_model.onShortcutsChanged = [this] { registerHotKeys(); };
@@ -99,6 +118,11 @@ void AppDelegate::connectModel()
         notify(NotificationKind::general, title, body);
     };
     m_model.onRecordingChanged = [this](bool) { registerHotKeys(); };
+    m_model.findFreeCombos = [this](const QList<Placement> &placements) {
+        return m_shortcuts.freeCombos(placements);
+    };
+    connect(&Platform::current().hotKeys(), &HotKeys::labelsChanged, this,
+        [this] { m_menus.rebuildMenu(); });
     connect(
         &m_model, &AppModel::settingsChanged, this, [this] { m_mover.follow(m_model.settings()); });
     connect(&Platform::current().hotKeys(), &HotKeys::registrationsLost, this,
@@ -110,6 +134,8 @@ void AppDelegate::connectModel()
                 showWhatFailed(token);
             else if (id == notificationId(NotificationKind::capture))
                 editCaptured(token);
+            else if (id == problemId(crashNotice))
+                reportProblem(token);
         });
     connect(&m_model, &AppModel::accessibilityTrustedChanged, this, [this] {
         log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
@@ -125,8 +151,10 @@ void AppDelegate::connectModel()
         schedulePruning();
     };
     m_mover.onPerformed = [this](const OutcomeReport &report) {
-        if (std::holds_alternative<MoveOutcome::Moved>(report.outcome.value))
+        if (const auto *moved = std::get_if<MoveOutcome::Moved>(&report.outcome.value)) {
             m_model.leaveAlone(m_mover.windowManager().last()->window);
+            m_model.lastMove = moved->record;
+        }
         schedulePruning();
         if (m_log == Log::verbose)
             log(report.line(Titles::hidden));
@@ -236,6 +264,12 @@ void AppDelegate::editCaptured(const QString &activation)
     show(SettingsPane::layouts);
 }
 
+void AppDelegate::reportProblem(const QString &activation)
+{
+    m_model.pendingActivation = activation;
+    m_model.pendingReport = QString();
+}
+
 void AppDelegate::tellWhatFailed()
 {
     if (!m_model.lastApply.value())
@@ -270,7 +304,7 @@ void AppDelegate::tellNotices()
         constexpr qsizetype longest = 1000;
         const QString text = oneLine(KeyCaps::plainSentence(notice.text), longest);
         std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-        notifyProblem(notice.id, text);
+        notifyProblem(notice.id, text, notice.asksForReport ? tr("Report a Problem…") : QString());
     }
 }
 
@@ -323,7 +357,7 @@ MenuTarget AppDelegate::menuTarget()
         .openTremorLog = [this] { show(SettingsPane::tremorLog); },
         .openWebsite = [this] { openWebsite(); },
         .showTour = [this] { show({.showTour = true}); },
-        .reportProblem = [this] { m_model.pendingReport = QString(); },
+        .reportProblem = [this] { reportProblem({}); },
         .hide = {},
         .hideOthers = {},
         .showAll = {},

@@ -30,6 +30,10 @@ public:
     /// same.
     void start();
     [[nodiscard]] Commands &commands() { return m_commands; }
+    /// Shows the tour to whoever has not seen it.
+    void welcome();
+    /// Tells the user that the program ended the last time without having been quit.
+    void tellCrash();
 
     // A choice in a menu or on the session bus has no terminal to answer to. A notification tells what
     // came of it where the user would not see that.
@@ -51,6 +55,7 @@ private:
     void showWhatFailed(const QString &activation);
     /// Shows the layout that was captured last, for its name to be typed.
     void editCaptured(const QString &activation);
+    void reportProblem(const QString &activation);
     /// Tells the user of the notices that have come since the last call.
     void tellNotices();
     void show(const ScreenFlags &flags);

@@ -26,10 +26,16 @@ QString notificationId(NotificationKind kind)
     return kindNames[static_cast<size_t>(kind)];
 }
 
-void notifyProblem(const QString &noticeId, const QString &text)
+void notifyProblem(const QString &noticeId, const QString &text, const QString &action)
 {
-    Platform::current().session().notify(u"problem-"_s + noticeId,
-        QCoreApplication::translate("corvane::AppDelegate", "Corvane, needs attention"), text);
+    Platform::current().session().notify(problemId(noticeId),
+        QCoreApplication::translate("corvane::AppDelegate", "Corvane, needs attention"), text,
+        action);
+}
+
+QString problemId(const QString &noticeId)
+{
+    return u"problem-"_s + noticeId;
 }
 
 } // namespace corvane

@@ -21,6 +21,8 @@ void notify(
 /// The name of the kind in what the session tells of a notification.
 [[nodiscard]] QString notificationId(NotificationKind kind);
 /// Notifies of a problem. Each problem, by its notice's id, is a kind of its own.
-void notifyProblem(const QString &noticeId, const QString &text);
+void notifyProblem(const QString &noticeId, const QString &text, const QString &action = {});
+/// The name of that kind.
+[[nodiscard]] QString problemId(const QString &noticeId);
 
 } // namespace corvane

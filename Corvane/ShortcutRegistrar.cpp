@@ -8,6 +8,8 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace corvane {
@@ -15,6 +17,20 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The modifiers that a shortcut may have instead of its own, the best first: without those that programs
+/// use for shortcuts of their own.
+constexpr std::array otherModifiers{
+    KeyCombo::control | KeyCombo::option | KeyCombo::command,
+    KeyCombo::option | KeyCombo::command,
+    KeyCombo::control | KeyCombo::command,
+    KeyCombo::shift | KeyCombo::command,
+    KeyCombo::control | KeyCombo::shift | KeyCombo::command,
+    KeyCombo::option | KeyCombo::shift | KeyCombo::command,
+    KeyCombo::control | KeyCombo::option | KeyCombo::shift,
+    KeyCombo::modifierMask,
+    KeyCombo::control | KeyCombo::option,
+};
 
 QString rawName(const ShortcutOwner &owner, const AppModel &model)
 {
@@ -104,6 +120,37 @@ void ShortcutRegistrar::registerOne(
     refusals << Refusal{owner, combo, status};
 }
 
+bool ShortcutRegistrar::isFree(const KeyCombo &combo)
+{
+    if (m_model.owner(combo))
+        return false;
+    HotKeys &hotKeys = Platform::current().hotKeys();
+    const quint32 id = ++m_lastId;
+    const bool isFree = hotKeys.registerHotKey(id, combo.keyCode, hotKeyModifiers(combo.modifiers))
+        == HotKeys::noErr;
+    hotKeys.unregisterHotKey(id);
+    return isFree;
+}
+
+ShortcutMap ShortcutRegistrar::freeCombos(const QList<Placement> &placements)
+{
+    ShortcutMap found;
+    const ShortcutMap &shortcuts = m_model.settings().shortcuts;
+    for (const Placement placement : placements) {
+        const auto held = shortcuts.constFind(placement);
+        if (held == shortcuts.cend())
+            continue;
+        for (const quint64 modifiers : otherModifiers) {
+            const KeyCombo combo(held->keyCode, modifiers);
+            if (!found.values().contains(combo) && isFree(combo)) {
+                found.insert(placement, combo);
+                break;
+            }
+        }
+    }
+    return found;
+}
+
 QString ShortcutRegistrar::sentence(const Refusal &refusal) const
 {
     const auto translated = [](const char *text) {
@@ -117,7 +164,7 @@ QString ShortcutRegistrar::sentence(const Refusal &refusal) const
         : translated(QT_TRANSLATE_NOOP(
             "Shortcuts", "%1 (%2) does not work: nothing answered when it was asked for."));
     return text.arg(
-        KeyCaps::plainText(refusal.combo.parts()), oneLine(m_model.title(refusal.owner)));
+        KeyCaps::plainText(KeyCaps::partsOf(refusal.combo)), oneLine(m_model.title(refusal.owner)));
 }
 
 void ShortcutRegistrar::tell(const QList<Refusal> &refusals)

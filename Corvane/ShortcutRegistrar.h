@@ -21,6 +21,9 @@ public:
     /// which shortcuts were refused, and the terminal why, once for as long as each stays refused.
     /// While the model records keys none is registered, since they are to do nothing else then.
     QString registerAll();
+    /// Combinations that nobody holds, for these placements in place of their own: the same keys with other
+    /// modifiers, where there are such.
+    [[nodiscard]] ShortcutMap freeCombos(const QList<Placement> &placements);
 
 private:
     struct Refusal {
@@ -30,6 +33,7 @@ private:
     };
 
     void unregisterAll();
+    [[nodiscard]] bool isFree(const KeyCombo &combo);
     void registerOne(const KeyCombo &combo, const ShortcutOwner &owner, QList<Refusal> &refusals);
     [[nodiscard]] QString sentence(const Refusal &refusal) const;
     void tell(const QList<Refusal> &refusals);

@@ -1,12 +1,15 @@
 #include "AppDelegate.h"
 #include "Catalogues.h"
 #include "CommandLine.h"
+#include "DataFolder.h"
 #include "DesktopChoice.h"
 #include "FileCommands.h"
 #include "FlightRecorder.h"
 #include "Instance.h"
 #include "LegacyIdentity.h"
+#include "RunMark.h"
 #include "StatusIcon.h"
+#include "TerminationSignals.h"
 #include "UserDefaults.h"
 
 #include <qcorotask.h>
@@ -109,10 +112,17 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
+    const TerminationSignals signals;
+    // Where the display ends before the program, a library of it exits at once, past everything local.
+    static const RunMark mark(dataFolder());
     LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
+    if (mark.foundAnother())
+        delegate.tellCrash();
     if (line.isCommand() || line.asksForScreens())
         std::ignore = runAtStart(delegate.commands(), line);
+    else
+        delegate.welcome();
     return QCoreApplication::exec();
 }
 
@@ -136,6 +146,8 @@ std::optional<int> finishEarly(
         return finish(failure(CommandResult::refused, problem));
     // Calls from the bus are let in by an event that is posted to this object, which ends now.
     QCoreApplication::sendPostedEvents();
+    // What let them in deletes itself by another one.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return std::nullopt;
 }
 

@@ -42,6 +42,8 @@ public:
     std::function<void()> onCheckForUpdatesNow;
     std::function<void()> onInstallUpdate;
     std::function<void()> onReplayTour;
+    /// Combinations that nobody holds in place of the placements' own.
+    std::function<ShortcutMap(const QList<Placement> &)> findFreeCombos;
     /// An apply moved the window from this frame; Snap Back is to know it.
     std::function<void(const AXWindow &window, const Rect &previous)> onLayoutMoved;
 

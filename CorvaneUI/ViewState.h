@@ -2,6 +2,7 @@
 
 #include "ActivityEntry.h"
 #include "Competitors.h"
+#include "MoveOutcome.h"
 #include "PaneResult.h"
 #include "Session.h"
 #include "ShortcutOwner.h"
@@ -40,6 +41,7 @@ Q_SIGNALS:
     void pendingActivationChanged();
     void applyingChanged();
     void applyProgressChanged();
+    void lastMoveChanged();
     void lastApplyChanged();
     void automaticUpdateChecksChanged();
     void updateStatusChanged();
@@ -104,6 +106,9 @@ public:
     /// Wayland's activation token. Empty when whoever asked for the window had none.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, QString, pendingActivation, &ViewState::pendingActivationChanged)
+    /// The latest window that a placement moved.
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, std::optional<MoveRecord>, lastMove, &ViewState::lastMoveChanged)
     /// How the latest apply went, until somebody has seen that.
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<LastApply>, lastApply, &ViewState::lastApplyChanged)
