@@ -1,5 +1,6 @@
 #include "LayoutRivals.h"
 
+#include "CorvaneProcess.h"
 #include "LayoutStore.h"
 #include "Programs.h"
 
@@ -50,6 +51,7 @@ Rival corvaneWithLayouts(VirtualDesktop &desktop, const CrowdedDesk &desk)
     }
     // One that could not be saved has no keys, which shows.
     std::ignore = LayoutStore(folder).save(layouts);
+    endTour(desktop);
     return {strokes(Key::d, Key::f), desktop.launch(corvaneProgram)};
 }
 

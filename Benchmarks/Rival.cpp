@@ -1,5 +1,6 @@
 #include "Rival.h"
 
+#include "CorvaneProcess.h"
 #include "Programs.h"
 
 #include <QtCore/QFile>
@@ -46,6 +47,7 @@ Rival::Rival(const Keys &keys, std::unique_ptr<ChildProcess> process)
 
 Rival Rival::corvane(VirtualDesktop &desktop)
 {
+    endTour(desktop); // which would have the focus
     return {strokes(Key::left, Key::right), desktop.launch(corvaneProgram)};
 }
 

@@ -477,6 +477,18 @@
         <source>Layouts</source>
         <translation>Anordnungen</translation>
     </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation>Corvane-Tour</translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -966,6 +978,10 @@
         <source> · checked %1</source>
         <translation> · geprüft: %1</translation>
     </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppDelegate</name>
@@ -1024,6 +1040,14 @@
     <message>
         <source>No window could be captured.</source>
         <translation>Es ließ sich kein Fenster erfassen.</translation>
+    </message>
+    <message>
+        <source>Corvane did not quit the last time that it ran. If it failed, a report helps to mend it.</source>
+        <translation>Corvane wurde beim letzten Mal nicht beendet. Wenn es abgestürzt ist, hilft ein Bericht, den Fehler zu beheben.</translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
     </message>
 </context>
 <context>
@@ -1771,6 +1795,10 @@
         <source>Dismiss</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
+    </message>
 </context>
 <context>
     <name>corvane::Notices</name>
@@ -1781,6 +1809,204 @@
     <message>
         <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
         <translation>Corvane konnte nicht in %1 speichern: %2 Änderungen gelten, bis Corvane beendet wird.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::OnboardingController</name>
+    <message>
+        <source>Welcome to Corvane</source>
+        <translation>Willkommen bei Corvane</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::OnboardingView</name>
+    <message>
+        <source>WELCOME</source>
+        <translation>WILLKOMMEN</translation>
+    </message>
+    <message>
+        <source>WINDOWS WHERE YOU WANT THEM</source>
+        <translation>JEDES FENSTER AN SEINEM PLATZ</translation>
+    </message>
+    <message>
+        <source>Halves, quarters, thirds and sixths, and layouts that set up a whole desk.</source>
+        <translation>Hälften, Viertel, Drittel und Sechstel, und Layouts, die einen ganzen Schreibtisch einrichten.</translation>
+    </message>
+    <message>
+        <source>One shortcut each.</source>
+        <translation>Mit je einem Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>No telemetry, no analytics and no account</source>
+        <translation>Keine Telemetrie, keine Analyse und kein Konto</translation>
+    </message>
+    <message>
+        <source>Everything stays on this Mac, in files you can read</source>
+        <translation>Alles bleibt auf diesem Computer, in Dateien, die Sie lesen können</translation>
+    </message>
+    <message>
+        <source>PERMISSION</source>
+        <translation>ERLAUBNIS</translation>
+    </message>
+    <message>
+        <source>MOVING WINDOWS</source>
+        <translation>FENSTER BEWEGEN</translation>
+    </message>
+    <message>
+        <source>Moving another app&apos;s windows needs macOS&apos;s Accessibility permission.</source>
+        <translation>Um Fenster anderer Programme zu bewegen, braucht es einen Fenstermanager, der das zulässt, wie ihn X11-Sitzungen haben.</translation>
+    </message>
+    <message>
+        <source>Corvane uses it for nothing else.</source>
+        <translation>Um mehr bittet Corvane ihn nicht.</translation>
+    </message>
+    <message>
+        <source>Corvane can move windows</source>
+        <translation>Corvane kann Fenster bewegen</translation>
+    </message>
+    <message>
+        <source>%1 moves windows for Corvane</source>
+        <translation>%1 bewegt Fenster für Corvane</translation>
+    </message>
+    <message>
+        <source>Turn Corvane on in Privacy &amp; Security → %1, then come back. This page notices by itself.</source>
+        <translation>Was hilft, steht unter %1. Diese Seite bemerkt es von selbst.</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Gründe zeigen</translation>
+    </message>
+    <message>
+        <source>ALSO RUNNING</source>
+        <translation>LÄUFT AUCH</translation>
+    </message>
+    <message>
+        <source>ALL CLEAR</source>
+        <translation>ALLES KLAR</translation>
+    </message>
+    <message>
+        <source>No other window manager is running.</source>
+        <translation>Kein anderes Programm dieser Art läuft.</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source>It answers</source>
+        <translation>Es hört auf</translation>
+    </message>
+    <message>
+        <source>They answer</source>
+        <translation>Sie hören auf</translation>
+    </message>
+    <message>
+        <source> the same kind of shortcuts, so two apps would move one window and the last one wins.</source>
+        <translation> dieselbe Art von Tastenkürzeln, sodass zwei Programme ein Fenster bewegen würden und das letzte gewinnt.</translation>
+    </message>
+    <message>
+        <source>Use Rectangle&apos;s Shortcuts</source>
+        <translation>Tastenkürzel von Rectangle verwenden</translation>
+    </message>
+    <message>
+        <source>SHORTCUTS</source>
+        <translation>TASTENKÜRZEL</translation>
+    </message>
+    <message>
+        <source>A KEY FOR EVERY PLACE</source>
+        <translation>EINE TASTE FÜR JEDEN PLATZ</translation>
+    </message>
+    <message>
+        <source> Corvane starts with SizeUp&apos;s shortcuts, so there is nothing to relearn.</source>
+        <translation> Corvane beginnt mit den Tastenkürzeln von SizeUp, sodass es nichts umzulernen gibt.</translation>
+    </message>
+    <message>
+        <source> If your hands know Rectangle&apos;s keys, Corvane can use those instead.</source>
+        <translation> Wenn Ihre Hände die Tasten von Rectangle kennen, kann Corvane auch diese verwenden.</translation>
+    </message>
+    <message>
+        <source>Change any of them in [Settings → Shortcuts](corvane://settings/shortcuts). Press a half or a third again for 1/2 → 2/3 → 1/3.</source>
+        <translation>Ändern Sie sie in [Einstellungen → Tastenkürzel](corvane://settings/shortcuts). Drücken Sie eine Hälfte oder ein Drittel nochmals für 1/2 → 2/3 → 1/3.</translation>
+    </message>
+    <message>
+        <source>Snap Back undoes the last move of any window</source>
+        <translation>Zurückschnappen macht die letzte Bewegung jedes Fensters rückgängig</translation>
+    </message>
+    <message>
+        <source>Snap Back %1 undoes the last move of any window</source>
+        <translation>Zurückschnappen %1 macht die letzte Bewegung jedes Fensters rückgängig</translation>
+    </message>
+    <message>
+        <source>Every placement and layout is also in the menu bar icon&apos;s menu</source>
+        <translation>Alle Plätze und Layouts stehen auch im Menü von Corvanes Symbol</translation>
+    </message>
+    <message>
+        <source>Every placement and layout is also in the Placements and Layouts menus</source>
+        <translation>Alle Plätze und Layouts stehen auch in den Menüs der Einstellungen, die sich öffnen, wenn Corvane nochmals gestartet wird</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not work here.</source>
+        <translation>%1: %2 geht hier nicht.</translation>
+    </message>
+    <message>
+        <source>%1: another program holds %2. Free: %3</source>
+        <translation>%1: ein anderes Programm belegt %2. Frei: %3</translation>
+    </message>
+    <message>
+        <source>Take It</source>
+        <translation>Nehmen</translation>
+    </message>
+    <message>
+        <source>Take It for %1</source>
+        <translation>Nehmen für %1</translation>
+    </message>
+    <message>
+        <source>Take All That Are Free</source>
+        <translation>Alle freien nehmen</translation>
+    </message>
+    <message>
+        <source>Try It</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>LAYOUTS</source>
+        <translation>LAYOUTS</translation>
+    </message>
+    <message>
+        <source>A WHOLE DESK, ONE SHORTCUT</source>
+        <translation>EIN GANZER SCHREIBTISCH, EIN TASTENKÜRZEL</translation>
+    </message>
+    <message>
+        <source>Capture what is on screen now, or draw columns like 40 / 30 / 30 and pick an app for each</source>
+        <translation>Nehmen Sie auf, was jetzt auf dem Bildschirm ist, oder zeichnen Sie Spalten wie 40 / 30 / 30 und wählen Sie für jede ein Programm</translation>
+    </message>
+    <message>
+        <source>Each layout remembers which displays it was made for: the laptop alone, or the laptop plus the big monitor</source>
+        <translation>Jedes Layout merkt sich, für welche Bildschirme es gemacht ist: den Laptop allein, oder den Laptop mit dem großen Monitor</translation>
+    </message>
+    <message>
+        <source>Give it a shortcut, or let it apply by itself when those displays connect</source>
+        <translation>Geben Sie ihm ein Tastenkürzel, oder lassen Sie es von selbst anwenden, wenn diese Bildschirme verbunden werden</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Continue Anyway</source>
+        <translation>Trotzdem weiter</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Quit %1</source>
+        <translation>%1 beenden</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +2076,102 @@
     <message>
         <source>%1 × %2 %</source>
         <translation>%1 × %2 %</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PracticeWindow</name>
+    <message>
+        <source>Practice Window</source>
+        <translation>Übungsfenster</translation>
+    </message>
+    <message>
+        <source>Press [[%1]] for the left half</source>
+        <translation>[[%1]] für die linke Hälfte drücken</translation>
+    </message>
+    <message>
+        <source>Press the same keys again for two thirds</source>
+        <translation>Dieselben Tasten nochmals für zwei Drittel</translation>
+    </message>
+    <message>
+        <source>Press [[%1]] to undo the last move</source>
+        <translation>[[%1]] macht die letzte Bewegung rückgängig</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Erledigt: %1</translation>
+    </message>
+    <message>
+        <source>That is all there is to it</source>
+        <translation>Mehr ist es nicht</translation>
+    </message>
+    <message>
+        <source>Move this window</source>
+        <translation>Bewegen Sie dieses Fenster</translation>
+    </message>
+    <message>
+        <source>Back to the Tour</source>
+        <translation>Zurück zur Tour</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportContents</name>
+    <message>
+        <source>Older events were left out.</source>
+        <translation>Ältere Ereignisse wurden weggelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportDraft</name>
+    <message>
+        <source>Corvane could not read what you wrote before: %1</source>
+        <translation>Corvane konnte nicht lesen, was Sie vorher geschrieben haben: %1</translation>
+    </message>
+    <message>
+        <source>Corvane could not keep what you wrote on the disk: %1 It is kept until Corvane quits.</source>
+        <translation>Corvane konnte Ihren Text nicht auf der Platte sichern: %1 Er bleibt erhalten, bis Corvane beendet wird.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportForm</name>
+    <message>
+        <source>Sent with it: Corvane&apos;s version, your macOS version, your Mac&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</source>
+        <translation>Mitgeschickt werden: die Versionen von Corvane und Ihrem System, Ihr Desktop, das Modell Ihres Computers, eine zufällige Kennung der Installation und Corvanes eigenes Protokoll, welche Programme es bewegt hat, nie, was in deren Fenstern war.</translation>
+    </message>
+    <message>
+        <source>Saved with it: Corvane&apos;s version, your macOS version, your Mac&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</source>
+        <translation>Mitgesichert werden: die Versionen von Corvane und Ihrem System, Ihr Desktop, das Modell Ihres Computers, eine zufällige Kennung der Installation und Corvanes eigenes Protokoll, welche Programme es bewegt hat, nie, was in deren Fenstern war.</translation>
+    </message>
+    <message>
+        <source>Show what is sent</source>
+        <translation>Zeigen, was gesendet wird</translation>
+    </message>
+    <message>
+        <source>Show what is saved</source>
+        <translation>Zeigen, was gesichert wird</translation>
+    </message>
+    <message>
+        <source>Corvane&apos;s log is being read…</source>
+        <translation>Corvanes Protokoll wird gelesen …</translation>
+    </message>
+    <message>
+        <source>What happened?</source>
+        <translation>Was ist passiert?</translation>
+    </message>
+    <message>
+        <source>What you saw</source>
+        <translation>Was Sie gesehen haben</translation>
+    </message>
+    <message>
+        <source>What you were doing, what you expected, and what Corvane did instead.</source>
+        <translation>Was Sie getan haben, was Sie erwartet haben, und was Corvane stattdessen getan hat.</translation>
+    </message>
+    <message>
+        <source>EX: I chose Maximize and the Safari window filled only part of the screen.</source>
+        <translation>BSP.: Ich habe Maximieren gewählt, und das Browserfenster hat nur einen Teil des Bildschirms gefüllt.</translation>
     </message>
 </context>
 <context>
@@ -1928,6 +2250,132 @@
     <message>
         <source>The part of Corvane that sends reports did not work.</source>
         <translation>Der Teil von Corvane, der Berichte sendet, hat versagt.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSession</name>
+    <message>
+        <source>This copy of Corvane has no address to send reports to.</source>
+        <translation>Diese Kopie von Corvane hat keine Adresse, an die sie Berichte senden könnte.</translation>
+    </message>
+    <message>
+        <source>It could not be saved to a file, either: %1</source>
+        <translation>Er konnte auch nicht in einer Datei gesichert werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSheet</name>
+    <message>
+        <source>Report a Problem</source>
+        <translation>Problem melden</translation>
+    </message>
+    <message>
+        <source>REPORT A PROBLEM</source>
+        <translation>PROBLEM MELDEN</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Senden</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Sending…</source>
+        <translation>Wird gesendet …</translation>
+    </message>
+    <message>
+        <source>Saving…</source>
+        <translation>Wird gesichert …</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Gesendet</translation>
+    </message>
+    <message>
+        <source>Thanks.</source>
+        <translation>Danke.</translation>
+    </message>
+    <message>
+        <source>Your report number</source>
+        <translation>Die Nummer Ihres Berichts</translation>
+    </message>
+    <message>
+        <source>If anybody asks about this report, this is the number to give them.</source>
+        <translation>Wenn jemand nach diesem Bericht fragt, ist dies seine Nummer.</translation>
+    </message>
+    <message>
+        <source>It goes straight to the person building Corvane, with the log that explains it.</source>
+        <translation>Er geht direkt an die Person, die Corvane baut, mit dem Protokoll, das ihn erklärt.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Saved on your Desktop</source>
+        <translation>Auf Ihrem Schreibtisch gesichert</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gesichert</translation>
+    </message>
+    <message>
+        <source>Nothing is lost</source>
+        <translation>Nichts ist verloren</translation>
+    </message>
+    <message>
+        <source>Everything you wrote, and what Corvane attached, is in this file on your Desktop:</source>
+        <translation>Alles, was Sie geschrieben haben, und was Corvane beigefügt hat, steht in dieser Datei auf Ihrem Schreibtisch:</translation>
+    </message>
+    <message>
+        <source>Everything you wrote, and what Corvane attached, is in this file:</source>
+        <translation>Alles, was Sie geschrieben haben, und was Corvane beigefügt hat, steht in dieser Datei:</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Open the Report Page</source>
+        <translation>Seite für Berichte öffnen</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>In Dateien zeigen</translation>
+    </message>
+    <message>
+        <source>Not sent</source>
+        <translation>Nicht gesendet</translation>
+    </message>
+    <message>
+        <source>What you wrote is kept</source>
+        <translation>Ihr Text bleibt erhalten</translation>
+    </message>
+    <message>
+        <source>Copy Report puts it, with what Corvane attaches, on the clipboard to paste into a mail.</source>
+        <translation>„Bericht kopieren“ legt ihn mit dem, was Corvane beifügt, in die Zwischenablage, für eine E-Mail.</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Bericht kopieren</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Nochmals versuchen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
     </message>
 </context>
 <context>
@@ -2072,6 +2520,10 @@
     <message>
         <source>Quit Corvane</source>
         <translation>Corvane beenden</translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
     </message>
 </context>
 <context>

@@ -477,6 +477,18 @@
         <source>Layouts</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Tour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -966,6 +978,10 @@
         <source> · checked %1</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppDelegate</name>
@@ -1023,6 +1039,14 @@
     </message>
     <message>
         <source>No window could be captured.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane did not quit the last time that it ran. If it failed, a report helps to mend it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1771,6 +1795,10 @@
         <source>Dismiss</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::Notices</name>
@@ -1780,6 +1808,204 @@
     </message>
     <message>
         <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::OnboardingController</name>
+    <message>
+        <source>Welcome to Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::OnboardingView</name>
+    <message>
+        <source>WELCOME</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WINDOWS WHERE YOU WANT THEM</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Halves, quarters, thirds and sixths, and layouts that set up a whole desk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One shortcut each.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No telemetry, no analytics and no account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything stays on this Mac, in files you can read</source>
+        <translation>Everything stays on this computer, in files you can read</translation>
+    </message>
+    <message>
+        <source>PERMISSION</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MOVING WINDOWS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moving another app&apos;s windows needs macOS&apos;s Accessibility permission.</source>
+        <translation>Moving the windows of other programs takes a window manager that lets it happen, as those of X11 sessions do.</translation>
+    </message>
+    <message>
+        <source>Corvane uses it for nothing else.</source>
+        <translation>Corvane asks it for nothing else.</translation>
+    </message>
+    <message>
+        <source>Corvane can move windows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 moves windows for Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn Corvane on in Privacy &amp; Security → %1, then come back. This page notices by itself.</source>
+        <translation>What helps stands under %1. This page notices by itself.</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Show Why</translation>
+    </message>
+    <message>
+        <source>ALSO RUNNING</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ALL CLEAR</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No other window manager is running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It answers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>They answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> the same kind of shortcuts, so two apps would move one window and the last one wins.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use Rectangle&apos;s Shortcuts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SHORTCUTS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A KEY FOR EVERY PLACE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Corvane starts with SizeUp&apos;s shortcuts, so there is nothing to relearn.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> If your hands know Rectangle&apos;s keys, Corvane can use those instead.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change any of them in [Settings → Shortcuts](corvane://settings/shortcuts). Press a half or a third again for 1/2 → 2/3 → 1/3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Back undoes the last move of any window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Back %1 undoes the last move of any window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every placement and layout is also in the menu bar icon&apos;s menu</source>
+        <translation>Every placement and layout is also in the menu of Corvane&apos;s icon</translation>
+    </message>
+    <message>
+        <source>Every placement and layout is also in the Placements and Layouts menus</source>
+        <translation>Every placement and layout is also in the menus of the settings, which open when Corvane is started again</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not work here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: another program holds %2. Free: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take It</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take It for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take All That Are Free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try It</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LAYOUTS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A WHOLE DESK, ONE SHORTCUT</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture what is on screen now, or draw columns like 40 / 30 / 30 and pick an app for each</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each layout remembers which displays it was made for: the laptop alone, or the laptop plus the big monitor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Give it a shortcut, or let it apply by itself when those displays connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continue Anyway</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1850,6 +2076,102 @@
     <message>
         <source>%1 × %2 %</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::PracticeWindow</name>
+    <message>
+        <source>Practice Window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press [[%1]] for the left half</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press the same keys again for two thirds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press [[%1]] to undo the last move</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>That is all there is to it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move this window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to the Tour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportContents</name>
+    <message>
+        <source>Older events were left out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportDraft</name>
+    <message>
+        <source>Corvane could not read what you wrote before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane could not keep what you wrote on the disk: %1 It is kept until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportForm</name>
+    <message>
+        <source>Sent with it: Corvane&apos;s version, your macOS version, your Mac&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</source>
+        <translation>Sent with it: Corvane&apos;s version, your system&apos;s version, your desktop, your computer&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</translation>
+    </message>
+    <message>
+        <source>Saved with it: Corvane&apos;s version, your macOS version, your Mac&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</source>
+        <translation>Saved with it: Corvane&apos;s version, your system&apos;s version, your desktop, your computer&apos;s model, a random install id, and Corvane&apos;s own log of which apps it moved, never what was in their windows.</translation>
+    </message>
+    <message>
+        <source>Show what is sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show what is saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane&apos;s log is being read…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happened?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What you saw</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What you were doing, what you expected, and what Corvane did instead.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>EX: I chose Maximize and the Safari window filled only part of the screen.</source>
+        <translation>EX: I chose Maximize and the browser window filled only part of the screen.</translation>
     </message>
 </context>
 <context>
@@ -1927,6 +2249,132 @@
     </message>
     <message>
         <source>The part of Corvane that sends reports did not work.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSession</name>
+    <message>
+        <source>This copy of Corvane has no address to send reports to.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It could not be saved to a file, either: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::ReportSheet</name>
+    <message>
+        <source>Report a Problem</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>REPORT A PROBLEM</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sending…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saving…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Thanks.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your report number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>If anybody asks about this report, this is the number to give them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It goes straight to the person building Corvane, with the log that explains it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved on your Desktop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything you wrote, and what Corvane attached, is in this file on your Desktop:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything you wrote, and what Corvane attached, is in this file:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the Report Page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Files</translation>
+    </message>
+    <message>
+        <source>Not sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What you wrote is kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy Report puts it, with what Corvane attaches, on the clipboard to paste into a mail.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copied</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2071,6 +2519,10 @@
     </message>
     <message>
         <source>Quit Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -3,6 +3,7 @@
 #include "LayoutReport.h"
 #include "OneLine.h"
 #include "Screens.h"
+#include "TourPage.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -14,6 +15,8 @@ namespace corvane::ScreenRequests {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int tourPageCount = tourPages.size();
 
 /// The pane of the settings on which stands what the flags ask for.
 std::optional<SettingsPane> settingsPane(const ScreenFlags &flags)
@@ -94,8 +97,6 @@ bool asksForUpdateSheet(const ScreenFlags &flags)
 QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
 {
     QStringList windows;
-    if (flags.showTour || flags.tourPage)
-        windows << u"tour"_s;
     if (asksForUpdateSheet(flags))
         windows << u"update sheet"_s;
     if (flags.checkForUpdates && !model.onCheckForUpdatesNow)
@@ -107,6 +108,10 @@ QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
 
 CommandResult show(const ScreenFlags &flags, AppModel &model)
 {
+    if (flags.tourPage > tourPageCount)
+        return failure(CommandResult::misused,
+            u"There is no page %1 in the tour; it has %2, counted from 1."_s.arg(*flags.tourPage)
+                .arg(tourPageCount));
     if (const auto selected = selectLayout(flags, model); !selected)
         return failure(CommandResult::misused, selected.error());
     if (const auto pane = settingsPane(flags))

@@ -55,17 +55,24 @@ WindowOpener::WindowOpener(AppModel &model, MenuTarget target)
     : m_model(model)
     , m_target(std::move(target))
     , m_report(ReportSession::realSteps(), dataFolder())
+    , m_tour(model)
 {
     connect(&model, &AppModel::pendingPaneChanged, this, [this] {
         if (!m_model.pendingPane.value().isEmpty())
             openSettings();
     });
+    connect(&model, &AppModel::pendingTourPageChanged, this, [this] {
+        if (m_model.pendingTourPage.value())
+            openTour();
+    });
+    connect(&m_tour, &OnboardingController::practiceShown, this,
+        [this](QWidget &window) { bringForward(window, true); });
     connect(&model, &AppModel::pendingReportChanged, this, [this] {
         if (m_model.pendingReport.value())
             openReport();
     });
     connect(&model, &AppModel::lookChanged, this, [this] {
-        if (m_settings || m_reportSheet)
+        if (m_settings || m_tour.window() || m_reportSheet)
             BoardStyle::shared().setLook(m_model.look);
     });
 }
@@ -89,6 +96,21 @@ void WindowOpener::openSettings()
         m_settings->setVisible(true);
     }
     bringForward(*m_settings, isNew);
+}
+
+void WindowOpener::openTour()
+{
+    m_model.refreshTrust();
+    m_model.refreshCompetitors();
+    const bool isNew = !m_tour.window();
+    if (isNew)
+        BoardStyle::shared().setLook(m_model.look);
+    m_tour.startPage = m_model.pendingTourPage.value().value_or(1) - 1;
+    m_model.pendingTourPage = std::nullopt;
+    m_tour.show();
+    if (isNew)
+        connect(m_tour.window(), &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
+    bringForward(*m_tour.window(), isNew);
 }
 
 void WindowOpener::openReport()

@@ -2,6 +2,7 @@
 
 #include "AppModel.h"
 #include "MenuTarget.h"
+#include "OnboardingController.h"
 #include "ReportSession.h"
 
 #include <QtCore/QPointer>
@@ -22,6 +23,7 @@ public:
 
 private:
     void openSettings();
+    void openTour();
     void openReport();
     /// In front of all others, with the permission of who asked for it.
     void bringForward(QWidget &window, bool isNew);
@@ -30,6 +32,7 @@ private:
     MenuTarget m_target;
     ReportSession m_report;
     QPointer<SettingsWindow> m_settings;
+    OnboardingController m_tour;
     QPointer<ReportSheet> m_reportSheet;
 };
 

@@ -1,15 +1,17 @@
 #include "KeySentence.h"
 
+#include "BoardLink.h"
 #include "BoardStyle.h"
 #include "KeyCaps.h"
 #include "Match.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <iterator>
 
 namespace corvane {
 
@@ -34,10 +36,50 @@ bool opens(const KeySentence::Piece &piece)
     });
 }
 
-void addWords(QList<KeySentence::Piece> &pieces, const QString &text)
+void addWords(KeySentence::Pieces &pieces, const QString &text)
 {
     for (const QString &word : text.simplified().split(u' ', Qt::SkipEmptyParts))
-        pieces << KeySentence::Word{word};
+        pieces.emplace_back(KeySentence::Word{word});
+}
+
+void append(KeySentence::Pieces &pieces, const QString &text)
+{
+    KeySentence::Pieces more = KeySentence::parse(text);
+    std::ranges::move(more, std::back_inserter(pieces));
+}
+
+/// Whatever the sentence has between the links is parsed as any sentence.
+KeySentence::Pieces parseLinked(const QString &text)
+{
+    static const QRegularExpression link(u"\\[([^][]+)\\]\\(([^)]+)\\)(\\S*)"_s);
+    KeySentence::Pieces pieces;
+    qsizetype at = 0;
+    for (auto links = link.globalMatch(text); links.hasNext();) {
+        const QRegularExpressionMatch found = links.next();
+        append(pieces, text.mid(at, found.capturedStart() - at));
+        pieces.emplace_back(
+            KeySentence::Link{found.captured(1), found.captured(2), found.captured(3)});
+        at = found.capturedEnd();
+    }
+    append(pieces, text.mid(at));
+    return pieces;
+}
+
+QString spokenOf(const KeySentence::Pieces &pieces)
+{
+    QString spoken;
+    bool isOpen = true;
+    for (const KeySentence::Piece &piece : pieces) {
+        spoken += isOpen ? QString() : u" "_s;
+        spoken += match(
+            piece, [](const KeySentence::Word &word) { return word.text; },
+            [](const KeySentence::Keys &keys) {
+                return KeyCaps::spoken(KeyCaps::split(keys.text)) + keys.trailing;
+            },
+            [](const KeySentence::Link &link) { return link.text + link.trailing; });
+        isOpen = opens(piece);
+    }
+    return spoken;
 }
 
 } // namespace
@@ -53,9 +95,9 @@ KeySentence::KeySentence(
     setSentence(text);
 }
 
-QList<KeySentence::Piece> KeySentence::parse(const QString &text)
+KeySentence::Pieces KeySentence::parse(const QString &text)
 {
-    QList<Piece> pieces;
+    Pieces pieces;
     for (qsizetype at = 0;;) {
         const qsizetype opening = text.indexOf("[["_L1, at);
         const qsizetype closing = opening < 0 ? -1 : text.indexOf("]]"_L1, opening);
@@ -68,35 +110,71 @@ QList<KeySentence::Piece> KeySentence::parse(const QString &text)
         const auto space = std::find_if(
             text.begin() + at, text.end(), [](QChar letter) { return letter.isSpace(); });
         const qsizetype end = space - text.begin();
-        pieces << Keys{text.mid(opening + 2, closing - opening - 2), text.mid(at, end - at)};
+        pieces.emplace_back(
+            Keys{text.mid(opening + 2, closing - opening - 2), text.mid(at, end - at)});
         at = end;
     }
 }
 
 QString KeySentence::spoken(const QString &text)
 {
-    QString spoken;
-    bool isOpen = true;
-    for (const Piece &piece : parse(text)) {
-        spoken += isOpen ? QString() : u" "_s;
-        spoken += match(
-            piece, [](const Word &word) { return word.text; },
-            [](const Keys &keys) {
-                return KeyCaps::spoken(KeyCaps::split(keys.text)) + keys.trailing;
-            });
-        isOpen = opens(piece);
-    }
-    return spoken;
+    return spokenOf(parse(text));
 }
 
 void KeySentence::setSentence(const QString &text)
 {
-    m_pieces = parse(text);
+    show(parse(text));
+}
+
+void KeySentence::setLinkedSentence(const QString &text)
+{
+    show(parseLinked(text));
+}
+
+void KeySentence::show(const Pieces &pieces)
+{
+    m_pieces = pieces;
     m_measured.clear();
-    m_direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-    setAccessibleName(spoken(text));
+    setAccessibleName(spokenOf(pieces));
+    m_direction = accessibleName().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    qDeleteAll(std::exchange(m_links, {}));
+    for (const Piece &piece : pieces) {
+        const auto *link = std::get_if<Link>(&piece);
+        if (!link)
+            continue;
+        auto *shown = new BoardLink(link->text, BoardLink::Target::inside, this);
+        QFont font = this->font();
+        font.setWeight(QFont::Medium);
+        shown->setFont(font);
+        connect(shown, &BoardLink::clicked, this,
+            [this, address = link->address] { Q_EMIT linkFollowed(address); });
+        m_links << shown;
+    }
+    placeLinks();
     updateGeometry();
     update();
+}
+
+QList<QRectF> KeySentence::rects() const
+{
+    return flow().rects(measured(), width(), layoutDirection(), m_direction);
+}
+
+void KeySentence::placeLinks()
+{
+    if (m_links.isEmpty())
+        return;
+    const QList<QRectF> rects = this->rects();
+    auto link = m_links.cbegin();
+    for (size_t i = 0; i < m_pieces.size(); ++i) {
+        if (!std::holds_alternative<Link>(m_pieces[i]))
+            continue;
+        const QSize size = (*link)->sizeHint();
+        const QRect rect = rects[qsizetype(i)].toAlignedRect();
+        const int left =
+            m_direction == Qt::LeftToRight ? rect.left() : rect.right() + 1 - size.width();
+        (*link++)->setGeometry(QRect(QPoint(left, rect.top()), size));
+    }
 }
 
 WordFlow KeySentence::flow() const
@@ -115,12 +193,17 @@ const QList<WordFlow::Piece> &KeySentence::measured() const
         return QSizeF(metrics.horizontalAdvance(text), metrics.height());
     };
     bool hasSpace = true;
+    qsizetype linksBefore = 0;
     for (const Piece &piece : m_pieces) {
         const QSizeF size = match(
             piece, [&](const Word &word) { return sizeOf(word.text); },
             [&](const Keys &keys) {
                 const QSizeF caps = capsOf(keys).size();
                 return QSizeF(caps.width() + sizeOf(keys.trailing).width(), caps.height());
+            },
+            [&](const Link &link) {
+                const QSizeF words = m_links[linksBefore++]->sizeHint();
+                return QSizeF(words.width() + sizeOf(link.trailing).width(), words.height());
             });
         m_measured << WordFlow::Piece{size, hasSpace};
         hasSpace = !opens(piece);
@@ -155,14 +238,20 @@ void KeySentence::changeEvent(QEvent *event)
     QLabel::changeEvent(event);
 }
 
+void KeySentence::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    placeLinks();
+}
+
 void KeySentence::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setFont(font());
     painter.setLayoutDirection(m_direction);
-    const QList<QRectF> rects = flow().rects(measured(), width(), layoutDirection(), m_direction);
+    const QList<QRectF> rects = this->rects();
     for (qsizetype i = 0; i < rects.size(); ++i)
-        paint(painter, m_pieces[i], rects[i].toAlignedRect());
+        paint(painter, m_pieces[size_t(i)], rects[i].toAlignedRect());
 }
 
 void KeySentence::paint(QPainter &painter, const Piece &piece, const QRectF &rect) const
@@ -181,6 +270,12 @@ void KeySentence::paint(QPainter &painter, const Piece &piece, const QRectF &rec
             painter.save();
             caps.paint(painter, rect.topLeft(), palette, KeyCaps::Form::plain);
             painter.restore();
+        },
+        [&](const Link &link) {
+            const double words = metrics.horizontalAdvance(link.trailing);
+            const bool isLeftToRight = m_direction == Qt::LeftToRight;
+            painter.drawText(QPointF(isLeftToRight ? rect.right() - words : rect.left(), baseline),
+                link.trailing);
         });
 }
 

@@ -270,6 +270,26 @@ TEST(KeySentenceTests, keysStandBetweenWordsAndKeepWhatFollowsThem)
     EXPECT_THAT(page, ElementsAre(QRectF(25, 0, 40, 10), QRectF(70, 0, 30, 10)));
 }
 
+TEST(KeySentenceTests, aLinkStandsAmongTheWordsAndIsAButtonOfItsOwn)
+{
+    KeySentence sentence({});
+    QString followed;
+    QObject::connect(&sentence, &KeySentence::linkFollowed, &sentence,
+        [&followed](const QString &address) { followed = address; });
+
+    sentence.setLinkedSentence(u"Press [[⌘]] in [The Panes](corvane://settings/x). [Or] (not)"_s);
+    sentence.resize(sentence.sizeHint());
+
+    EXPECT_EQ(sentence.accessibleName(), u"Press Super in The Panes. [Or] (not)");
+    auto *link = sentence.findChild<QAbstractButton *>();
+    ASSERT_TRUE(link);
+    EXPECT_TRUE(sentence.rect().contains(link->geometry()));
+    link->click();
+    EXPECT_EQ(followed, u"corvane://settings/x");
+    sentence.setSentence(u"[a](b)"_s);
+    EXPECT_EQ(sentence.accessibleName(), u"[a](b)") << "names that users give lead nowhere";
+}
+
 TEST(KeySentenceTests, itIsMeasuredAnewInAnotherFontAndWithOtherWords)
 {
     KeySentence sentence(u"Press [[⌃⌥←]]"_s);

@@ -9,8 +9,26 @@ namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-bool CorvaneProcess::start()
+void endTour(const PrivateSession &session)
 {
+    QDir(session.dataFolder()).mkpath(u"Corvane"_s);
+    QFile file(session.dataFolder() + u"/Corvane/settings.json"_s);
+    if (!file.open(QIODevice::ReadWrite))
+        return;
+    const QByteArray text = file.readAll();
+    QJsonObject settings = QJsonDocument::fromJson(text).object();
+    if (!text.isEmpty() && settings.isEmpty())
+        return; // a test wants it to be broken
+    settings.insert(u"onboardingCompleted"_s, true);
+    file.seek(0);
+    file.write(QJsonDocument(settings).toJson());
+    file.resize(file.pos());
+}
+
+bool CorvaneProcess::start(Tour tour)
+{
+    if (tour == Tour::seen)
+        endTour(m_session);
     const QString name = QFileInfo(m_program).fileName();
     m_logStart = QFileInfo(u"%1/%2.log"_s.arg(m_session.folder(), name)).size();
     m_process = m_session.launch(m_program, {u"--verbose"_s});

@@ -7,6 +7,9 @@
 
 namespace corvane::desktop {
 
+/// Adds to the settings of a session's user, whatever else they say, that the tour is over.
+void endTour(const PrivateSession &session);
+
 /// The program itself, resident in a session and asked over the session bus.
 class CorvaneProcess
 {
@@ -34,8 +37,11 @@ public:
     {
     }
 
-    /// Starts the resident process; true once its hot keys are live.
-    [[nodiscard]] bool start();
+    enum class Tour { seen, unseen };
+
+    /// Starts the resident process; true once its hot keys are live. Its user has seen the tour by then,
+    /// unless said otherwise.
+    [[nodiscard]] bool start(Tour tour = Tour::seen);
     void stop()
     {
         if (m_process)

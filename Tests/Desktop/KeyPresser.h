@@ -14,7 +14,7 @@ enum class Key : quint8 {
     escape = 1, digit1 = 2, minus = 12, equal = 13, tab = 15, q = 16, e = 18, r = 19, t = 20, o = 24,
     enter = 28, leftControl = 29, a = 30, s = 31, d = 32, f = 33, g = 34, leftShift = 42, z = 44, c = 46, n = 49,
     m = 50, slash = 53, leftAlt = 56, space = 57, capsLock = 58, f2 = 60, f6 = 64, numLock = 69, up = 103,
-    left = 105, right = 106, down = 108, leftSuper = 125, menu = 127
+    pageUp = 104, left = 105, right = 106, down = 108, pageDown = 109, leftSuper = 125, menu = 127
 };
 // clang-format on
 

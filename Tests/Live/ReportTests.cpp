@@ -15,6 +15,8 @@ protected:
     void SetUp() override
     {
         ASSERT_NO_FATAL_FAILURE(ScreenReaderTests::SetUp());
+        desk.setPath(desktop().home() + u"/Desktop"_s);
+        draft = pathOf(u"report-draft.txt"_s);
         QDir().mkpath(desk.path());
         startReader();
     }
@@ -38,8 +40,8 @@ protected:
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    QDir desk{desktop().home() + u"/Desktop"_s};
-    QString draft = pathOf(u"report-draft.txt"_s);
+    QDir desk;
+    QString draft;
 };
 
 } // namespace
@@ -53,9 +55,10 @@ TEST_F(ReportReaderTests, whatIsWrittenOutlivesTheProgramUntilItIsSavedWhichIsSa
     kill(corvane().pid(), SIGKILL);
     EXPECT_TRUE(waitUntil([this] { return !corvane().isRunning(); }));
     ASSERT_TRUE(corvane().start());
+    EXPECT_TRUE(corvane().waitForLog(u"Corvane did not quit the last time"_s));
 
     open({u"again"_s});
-    for (const QString &title : {u"push button Show what is saved"_s, u"push button Cancel"_s}) {
+    for (const QString &title : {u"check box Show what is saved"_s, u"push button Cancel"_s}) {
         keys().press({0, Key::tab});
         EXPECT_TRUE(comesTo(find(title), Accessible::focused)) << qPrintable(title);
     }

@@ -52,13 +52,15 @@ protected:
     Accessible find(const QString &title)
     {
         Accessible found;
+        QList<Accessible> shown;
         EXPECT_TRUE(waitUntil([&] {
-            const QList<Accessible> shown = reader().shown();
+            shown = reader().shown();
             const auto first = std::ranges::find(shown, title, &Accessible::title);
             if (first != shown.end())
                 found = *first;
             return first != shown.end();
-        })) << qPrintable(title);
+        })) << qPrintable(title)
+            << " is not among " << testing::PrintToString(titles(shown));
         return found;
     }
     bool comesTo(const Accessible &thing, Accessible::State state, bool has = true)
@@ -67,6 +69,14 @@ protected:
     }
 
 private:
+    static std::vector<std::string> titles(const QList<Accessible> &things)
+    {
+        std::vector<std::string> titles;
+        for (const Accessible &each : things)
+            titles.push_back(each.title().toStdString());
+        return titles;
+    }
+
     std::unique_ptr<ScreenReader> m_reader;
 };
 

@@ -39,6 +39,23 @@ TEST_P(ExtensionTests, aServerWithoutItHasOneDisplayOnWhichEverythingWorks)
 
 INSTANTIATE_TEST_SUITE_P(Without, ExtensionTests, testing::Values("RANDR", "X-Resource"));
 
+// Sessions often end so.
+TEST(DisplayEndTests, aProgramWhoseDisplayEndsHasNotCrashed)
+{
+    const auto desktop = VirtualDesktop::start({});
+    ASSERT_TRUE(desktop) << qPrintable(desktop.error());
+    CorvaneProcess corvane(**desktop, QStringLiteral(CORVANE_PROGRAM));
+    const QString mark = (*desktop)->dataFolder() + u"/Corvane/running"_s;
+    ASSERT_TRUE(corvane.start()) << qPrintable((*desktop)->logs());
+    ASSERT_EQ(corvane.ask({u"--open-settings"_s}).exitStatus, 0);
+    EXPECT_TRUE(QFile::exists(mark));
+
+    (*desktop)->server().kill();
+
+    EXPECT_TRUE(waitUntil([&] { return !corvane.isRunning(); }));
+    EXPECT_FALSE(QFile::exists(mark)) << qPrintable((*desktop)->logs());
+}
+
 // A Wayland compositor without a screen, with Xwayland for X11 programs.
 TEST(WaylandTests, theProgramSaysWhatItCannotDo)
 {

@@ -235,7 +235,8 @@ TEST_F(SettingsTests, howeverARecordingEndsTheKeysWorkAfterwards)
 
         end(window);
 
-        EXPECT_TRUE(isReady(std::min(seen, corvane().log().size() - 1), u"hot keys registered"_s));
+        const bool isNewRun = corvane().log().size() < seen;
+        EXPECT_TRUE(isReady(isNewRun ? 0 : seen, u"hot keys registered"_s));
         ASSERT_TRUE(focus(users));
         EXPECT_TRUE(lands(users, Placement::maximize));
         press(Placement::snapBack);
