@@ -62,9 +62,12 @@ protected:
 
 TEST_F(NetworkTests, aDayOfEverythingAsksNothingOfTheNetworkUntilAReportIsSent)
 {
-    const xcb_window_t users = showFocused();
+    showFocused();
     for (const Placement placement : allPlacements())
         ask({u"--place"_s, rawValue(placement)});
+    const qsizetype seen = watched->log().size();
+    keys().press({strokes::hyper, Key::left});
+    EXPECT_TRUE(watched->waitForLog(u"leftHalf"_s, seen));
     for (const auto &pane :
         {u"general"_s, u"shortcuts"_s, u"layouts"_s, u"tremorLog"_s, u"about"_s})
         ask({u"--pane"_s, pane});
@@ -75,13 +78,13 @@ TEST_F(NetworkTests, aDayOfEverythingAsksNothingOfTheNetworkUntilAReportIsSent)
              {u"--report"_s, u"Broken"_s, u"--save"_s, desktop().folder() + u"/report.txt"_s},
              {u"--report"_s, u"Broken"_s}})
         ask(each);
-    ASSERT_TRUE(focus(users));
-    const qsizetype seen = watched->log().size();
-    keys().press({strokes::hyper, Key::left});
-    EXPECT_TRUE(watched->waitForLog(u"leftHalf"_s, seen));
     EXPECT_EQ(callsBeyond(), QByteArrayList());
 
     ask({u"--report"_s});
+    ASSERT_TRUE(waitUntil([&] {
+        return desktop().connection().property(probe().activeWindow(), "_NET_WM_NAME")
+            == "Report a Problem";
+    }));
     keys().press({KeyStroke::control, Key::enter});
     EXPECT_TRUE(waitUntil([&] { return callsBeyond().join('\n').contains("sin_port=htons(1)"); }));
 }
