@@ -30,7 +30,7 @@ constexpr double messagingTimeout = 1.0;
 constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
 
-const QString crashNotice = u"crash"_s;
+constexpr auto crashNotice = "crash"_L1;
 
 void tellUnopened(const QUrl &link, bool isOpened)
 {

@@ -4,11 +4,11 @@
 #include "CommandResult.h"
 #include "Settings.h"
 
-/// The commands that the user's files answer, for which no desktop is needed.
 namespace corvane {
 class Platform;
 }
 
+/// The commands that the user's files answer, for which no desktop is needed.
 namespace corvane::FileCommands {
 
 /// Whether the program that runs would answer no more than the files do. It is not asked for a report:

@@ -13,9 +13,8 @@ StealSheet::StealSheet(AppModel &model, const ShortcutSteal &steal, QWidget *win
 {
     addHead(tr("SHORTCUT IN USE"), &Board::Palette::attention);
     const QString from = model.title(steal.from);
-    content().addWidget(
-        new KeySentence(tr("[[%1]] is currently assigned to %2.")
-                            .arg(KeyCaps::partsOf(steal.combo).join(QString()), from)));
+    content().addWidget(new KeySentence(
+        tr("[[%1]] is currently assigned to %2.").arg(KeyCaps::glyphsOf(steal.combo), from)));
     content().addWidget(new BoardText(
         tr("Move it to %1? %2 will be left with no shortcut.").arg(model.title(steal.to), from),
         Board::Type::body, &Board::Palette::muted));

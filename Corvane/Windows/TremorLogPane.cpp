@@ -135,8 +135,8 @@ void TremorLogPane::show()
         return;
     }
     const auto combo = m_model.settings().shortcuts.value(Placement::leftHalf);
-    auto *help = new KeySentence(tr("Press [[%1]] to move a window to the left half.")
-                                     .arg(KeyCaps::partsOf(combo).join(QString())),
+    auto *help = new KeySentence(
+        tr("Press [[%1]] to move a window to the left half.").arg(KeyCaps::glyphsOf(combo)),
         Board::Type::body, &Board::Palette::muted);
     m_empty->layout()->addWidget(new EmptyLog(tr("No tremors yet"), help));
 }

@@ -170,6 +170,11 @@ QStringList KeyCaps::partsOf(const KeyCombo &combo)
     return parts;
 }
 
+QString KeyCaps::glyphsOf(const KeyCombo &combo)
+{
+    return partsOf(combo).join(QString());
+}
+
 QStringList KeyCaps::split(QStringView glyphs)
 {
     QStringList parts;

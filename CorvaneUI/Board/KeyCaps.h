@@ -52,6 +52,8 @@ public:
 
     /// The parts of a combination, the key as it is labelled on this keyboard.
     [[nodiscard]] static QStringList partsOf(const KeyCombo &combo);
+    /// The same in one piece, as it stands between "[[" and "]]".
+    [[nodiscard]] static QString glyphsOf(const KeyCombo &combo);
     /// The parts that a text of glyphs stands for: one for each modifier, and one for the rest,
     /// without whitespace.
     [[nodiscard]] static QStringList split(QStringView glyphs);

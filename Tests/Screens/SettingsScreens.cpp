@@ -6,13 +6,12 @@
 #include "LayoutList.h"
 #include "LayoutPicture.h"
 #include "ModelDesk.h"
-#include "OnboardingController.h"
-#include "OnboardingView.h"
 #include "PaneOverlay.h"
 #include "ReportScreens.h"
 #include "ScrollFade.h"
 #include "SettingsWindow.h"
 #include "StealSheet.h"
+#include "TourScreens.h"
 
 #include <QtCore/QDir>
 #include <QtGui/QKeyEvent>
@@ -186,7 +185,6 @@ struct SettingsScreens {
     void draw(AppModel &model) const;
     void drawLayouts(AppModel &model) const;
     void drawOverlay() const;
-    void drawTour(AppModel &model) const;
     void drawPicker(ModelDesk &desk, AppModel &model) const;
     void drawApply(SettingsWindow &window, AppModel &model) const;
     void turnTo(const DesktopLook &look, AppModel &model) const;
@@ -399,58 +397,6 @@ void SettingsScreens::drawOverlay() const
     expect(image.save(file), name, file, u"can be written"_s);
 }
 
-/// Every page of the tour, those that have one also in their bad state.
-void SettingsScreens::drawTour(AppModel &model) const
-{
-    OnboardingController tour(model);
-    tour.show();
-    const auto shootPage = [&](TourPage page, const QString &what) {
-        tour.startPage = int(page);
-        tour.show();
-        shoot(*tour.window(), u"tour-"_s + what);
-    };
-    shootPage(TourPage::welcome, u"welcome"_s);
-    shootPage(TourPage::accessibility, u"trusted"_s);
-    shootPage(TourPage::alsoRunning, u"clear"_s);
-    shootPage(TourPage::shortcuts, u"shortcuts"_s);
-    shootPage(TourPage::layouts, u"layouts"_s);
-    auto &view = static_cast<OnboardingView &>(*tour.window()->centralWidget());
-    shootPage(TourPage::shortcuts, u"shortcuts"_s);
-    PracticeWindow *practice = nullptr;
-    QObject::connect(&view, &OnboardingView::practiceShown, &view,
-        [&](QWidget &window) { practice = static_cast<PracticeWindow *>(&window); });
-    view.practise();
-    model.lastMove = MoveRecord{.date = QDateTime::currentDateTimeUtc(),
-        .placement = Placement::leftHalf,
-        .appName = {},
-        .windowTitle = practice->windowTitle(),
-        .from = {},
-        .to = {},
-        .displayName = {}};
-    shoot(*practice, u"practice"_s);
-    shoot(*tour.window(), u"tour-practice"_s);
-    model.findFreeCombos = [](const QList<Placement> &taken) {
-        ShortcutMap free;
-        for (const Placement each : taken.first(taken.size() - 1))
-            free.insert(each, KeyCombo(123, KeyCombo::option | KeyCombo::command));
-        return free;
-    };
-    model.unregistered =
-        QSet<ShortcutOwner>{{Placement::leftHalf}, {Placement::rightHalf}, {Placement::maximize}};
-    model.accessibilityTrusted = false;
-    model.competitors =
-        QList<Competitor::Running>{{Competitor::known()[0], {}}, {Competitor::known()[1], {}}};
-    shootPage(TourPage::accessibility, u"untrusted"_s);
-    shootPage(TourPage::alsoRunning, u"rivals"_s);
-    shootPage(TourPage::shortcuts, u"taken"_s);
-    tour.window()->close();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    model.findFreeCombos = {};
-    model.unregistered = QSet<ShortcutOwner>();
-    model.accessibilityTrusted = true;
-    model.competitors = QList<Competitor::Running>();
-}
-
 /// Some that run and some that are only installed; two of one name.
 void installApps(SimulatedDesktop &desktop)
 {
@@ -533,12 +479,15 @@ int main(int argc, char **argv)
         model.accessibilityTrusted = true;
         const SettingsScreens screens{folder, name + u'-' + kind};
         screens.turnTo(look, model);
-        screens.drawTour(model);
+        const auto shoot = [&](QWidget &window, const QString &what) {
+            screens.shoot(window, what);
+        };
+        drawTour(model, shoot);
         screens.drawLayouts(model);
         screens.draw(model);
         screens.drawOverlay();
         screens.drawPicker(desk, model);
-        drawReports([&](QWidget &window, const QString &what) { screens.shoot(window, what); });
+        drawReports(shoot);
     }
     for (auto failure = failures.cbegin(); failure != failures.cend(); ++failure)
         std::fprintf(stderr, "%s (%s)\n", qUtf8Printable(failure.key()), qUtf8Printable(*failure));

@@ -38,7 +38,7 @@ QList<Placement> takenPlacements(const AppModel &model)
 
 QString markup(const KeyCombo &combo)
 {
-    return u"[[%1]]"_s.arg(KeyCaps::partsOf(combo).join(QString()));
+    return u"[[%1]]"_s.arg(KeyCaps::glyphsOf(combo));
 }
 
 /// Gives the placements these shortcuts in place of their own.
@@ -65,9 +65,9 @@ void OnboardingView::addHead(const QString &label, const QString &title)
     m_text->addSpacing(Board::length(4));
 }
 
-void OnboardingView::addParagraph(const QString &sentence, BoardText::Tone tone)
+void OnboardingView::addParagraph(const QString &sentence)
 {
-    auto *text = new KeySentence({}, Board::Type::body, tone);
+    auto *text = new KeySentence({});
     text->setLinkedSentence(sentence);
     connect(text, &KeySentence::linkFollowed, this, &OnboardingView::openLink);
     m_text->addWidget(text);

@@ -57,7 +57,7 @@ private:
     void addTakenShortcuts();
     void addPractice();
     void addLayouts();
-    void addParagraph(const QString &sentence, BoardText::Tone tone = &Board::Palette::fore);
+    void addParagraph(const QString &sentence);
     /// The line, to which more can be added.
     QBoxLayout &addRow(const TourRow &row, BoardText::Tone tone = &Board::Palette::accentType);
     void addButton(const QString &title, std::function<void()> act);

@@ -56,7 +56,7 @@ bool works(const AppModel &model, Placement placement)
 
 QString keysOf(const AppModel &model, Placement placement)
 {
-    return KeyCaps::partsOf(model.settings().shortcuts.value(placement)).join(QString());
+    return KeyCaps::glyphsOf(model.settings().shortcuts.value(placement));
 }
 
 } // namespace

@@ -23,9 +23,6 @@ public:
 
     explicit PracticeWindow(AppModel &model, QWidget *parent = nullptr);
 
-    [[nodiscard]] const QList<Step> &steps() const { return m_steps; }
-    [[nodiscard]] qsizetype done() const { return m_done; } ///< the number of steps
-
     /// A list of the steps, ticked off as far as they are done.
     [[nodiscard]] QWidget *makeList() const;
 
@@ -44,7 +41,7 @@ private:
 
     AppModel &m_model;
     QList<Step> m_steps;
-    qsizetype m_done = 0;
+    qsizetype m_done = 0; ///< the number of steps
     bool m_isBuilding = false;
 };
 

@@ -43,13 +43,13 @@ public:
         m_painter.drawRoundedRect(box, 8 * m_unit, 8 * m_unit);
     }
 
-    enum class Tint { light, strong, none };
+    enum class Tint { light, strong };
 
     void window(const QRectF &box, Tint tint) const
     {
         QColor fill = palette.accent;
         fill.setAlphaF(tint == Tint::strong ? 0.26F : 0.12F);
-        m_painter.setBrush(tint == Tint::none ? QBrush(palette.sheet) : QBrush(fill));
+        m_painter.setBrush(fill);
         m_painter.setPen(QPen(palette.accent, 1.5 * m_unit));
         m_painter.drawRoundedRect(box, 4 * m_unit, 4 * m_unit);
     }
@@ -78,28 +78,34 @@ private:
 
 using Tint = Sheet::Tint;
 
-void paintWelcome(const Sheet &sheet)
+/// Of one display on its stand, which most pages draw on.
+constexpr QSizeF deskSize(208, 152);
+
+void paintDesk(const Sheet &sheet)
 {
     sheet.display(sheet.box(0, 0, 208, 136));
+    sheet.stand(79, 151, 50);
+}
+
+void paintWelcome(const Sheet &sheet)
+{
+    paintDesk(sheet);
     sheet.window(sheet.box(6, 6, 96, 124), Tint::strong);
     sheet.window(sheet.box(106, 6, 96, 60), Tint::light);
     sheet.window(sheet.box(106, 70, 96, 60), Tint::light);
-    sheet.stand(79, 151, 50);
 }
 
 void paintAccessibility(const Sheet &sheet, bool isTrusted)
 {
-    sheet.display(sheet.box(0, 0, 208, 136));
+    paintDesk(sheet);
     sheet.window(sheet.box(6, 6, 196, 124), Tint::light);
-    sheet.stand(79, 151, 50);
     sheet.symbol(sheet.box(80, 44, 48, 48), isTrusted ? u"checkmark.seal.fill"_s : u"hand.raised"_s,
         isTrusted ? sheet.palette.ready : sheet.palette.attention);
 }
 
 void paintAlsoRunning(const Sheet &sheet, bool isClear)
 {
-    sheet.display(sheet.box(0, 0, 208, 136));
-    sheet.stand(79, 151, 50);
+    paintDesk(sheet);
     if (isClear) {
         sheet.window(sheet.box(6, 6, 96, 124), Tint::strong);
         return sheet.symbol(sheet.box(130, 44, 48, 48), u"checkmark"_s, sheet.palette.ready);
@@ -167,11 +173,11 @@ void paint(QPainter &painter, const QRectF &rect, TourPage page, const AppModel 
     DraftingGrid::paint(painter, rect, Board::length(16), palette);
     switch (page) {
     case TourPage::welcome:
-        return paintWelcome({painter, rect, {208, 152}});
+        return paintWelcome({painter, rect, deskSize});
     case TourPage::accessibility:
-        return paintAccessibility({painter, rect, {208, 152}}, model.accessibilityTrusted);
+        return paintAccessibility({painter, rect, deskSize}, model.accessibilityTrusted);
     case TourPage::alsoRunning:
-        return paintAlsoRunning({painter, rect, {208, 152}}, model.competitors.value().isEmpty());
+        return paintAlsoRunning({painter, rect, deskSize}, model.competitors.value().isEmpty());
     case TourPage::shortcuts:
         return paintKeys(painter, rect, model);
     case TourPage::layouts:
