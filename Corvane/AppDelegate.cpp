@@ -9,6 +9,7 @@
 #include "OneLine.h"
 #include "Platform.h"
 #include "Screens.h"
+#include "SettingsUpdateResume.h"
 #include "TerminalText.h"
 #include "WindowWatcher.h"
 
@@ -31,6 +32,7 @@ constexpr auto pruningInterval = 5min;
 constexpr int daysKept = 30;
 
 constexpr auto crashNotice = "crash"_L1;
+constexpr auto replacedNotice = "replaced"_L1;
 
 void tellUnopened(const QUrl &link, bool isOpened)
 {
@@ -42,7 +44,7 @@ void tellUnopened(const QUrl &link, bool isOpened)
 
 } // namespace
 
-AppDelegate::AppDelegate(Log log)
+AppDelegate::AppDelegate(Log log, UpdateSource updates)
     : m_log(log)
     , m_model(SettingsStore(), LayoutStore(), ActivityLog())
     , m_mover(m_model)
@@ -52,6 +54,7 @@ AppDelegate::AppDelegate(Log log)
     , m_competitors(m_model)
     , m_loginItem(m_model)
     , m_menus(m_model, menuTarget())
+    , m_updates(m_model, std::move(updates))
     , m_windows(m_model, menuTarget())
 {
     m_shortcuts.onPlacement = [this](Placement placement) { perform(placement); };
@@ -61,6 +64,8 @@ AppDelegate::AppDelegate(Log log)
     };
     m_commands.onPopMenu = [this] { m_menus.popUp(); };
     m_commands.onRenderStatusIcon = StatusIcon::render;
+    m_updates.driver().onShow = [this] { m_windows.openUpdate(m_updates.driver().session()); };
+    m_updates.driver().onClose = [this] { m_windows.closeUpdate(); };
     connect(&m_menus, &StatusMenus::aboutToOpen, &m_loginItem, &LoginItemSwitch::follow);
     m_pruning.setInterval(pruningInterval);
     m_pruning.setTimerType(Qt::VeryCoarseTimer);
@@ -78,15 +83,21 @@ void AppDelegate::start()
     FlightRecorder::shared().prune(daysKept);
     m_loginItem.carryOver();
     startWindowWatcher();
+    m_updates.start();
     registerHotKeys();
     m_menus.start();
     m_dock.setRegular(m_model.settings().showInDock);
     recordLaunch();
     m_trust.start();
     m_competitors.start();
+    m_updates.readFeedQuietly();
+    SettingsUpdateResume::restore(
+        this, [this](const QString &pane) { m_model.pendingPane = pane; });
     m_model.applyOnConnect();
     m_loginItem.start();
     m_model.followFiles();
+    if (m_model.installedCopy.value().isReplacedByOthers())
+        m_program.start();
     pruneHistory();
 }
 
@@ -104,7 +115,17 @@ void AppDelegate::tellCrash()
             tr("Corvane did not quit the last time that it ran. If it failed, a report helps to "
                "mend it."),
         .reveal = {},
-        .asksForReport = true});
+        .offer = Notice::Offer::report});
+}
+
+void AppDelegate::tellReplaced()
+{
+    FlightRecorder::shared().record(
+        u"replaced"_s, u"another program is in the place of this one"_s);
+    m_model.post({.id = replacedNotice,
+        .text = tr("Another version of Corvane was installed. Open Corvane again to use it."),
+        .reveal = {},
+        .offer = Notice::Offer::openAgain});
 }
 
 void AppDelegate::connectModel()
@@ -114,6 +135,11 @@ void AppDelegate::connectModel()
     m_model.onDockVisibilityChanged = [this](bool isRegular) { m_dock.setRegular(isRegular); };
     m_model.onLaunchAtLoginChanged = [this](bool opens) { m_loginItem.set(opens); };
     m_model.onReplayTour = [this] { show({.showTour = true}); };
+    m_model.onOpenAgain = [this] {
+        m_opensAgain = true;
+        QCoreApplication::quit();
+    };
+    connect(&m_program, &ProgramWatch::replaced, this, &AppDelegate::tellReplaced);
     m_model.onNotify = [](const QString &title, const QString &body) {
         notify(NotificationKind::general, title, body);
     };
@@ -136,6 +162,8 @@ void AppDelegate::connectModel()
                 editCaptured(token);
             else if (id == problemId(crashNotice))
                 reportProblem(token);
+            else if (id == problemId(replacedNotice))
+                m_model.onOpenAgain();
         });
     connect(&m_model, &AppModel::accessibilityTrustedChanged, this, [this] {
         log(m_model.accessibilityTrusted ? u"windows can be moved again"_s
@@ -304,7 +332,7 @@ void AppDelegate::tellNotices()
         constexpr qsizetype longest = 1000;
         const QString text = oneLine(KeyCaps::plainSentence(notice.text), longest);
         std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-        notifyProblem(notice.id, text, notice.asksForReport ? tr("Report a Problem…") : QString());
+        notifyProblem(notice.id, text, notice.offerTitle());
     }
 }
 
@@ -315,8 +343,7 @@ void AppDelegate::show(const ScreenFlags &flags)
     if (result.error.isEmpty())
         return;
     // A terminal is not always there.
-    notify(NotificationKind::window, tr("This window comes in a later version"),
-        tr("Until then, placements and layouts are in the menu."));
+    notify(NotificationKind::window, tr("Corvane cannot show that"), result.error.trimmed());
 }
 
 void AppDelegate::show(SettingsPane pane)

@@ -5,11 +5,14 @@
 #include "DockPresence.h"
 #include "LoginItemSwitch.h"
 #include "Mover.h"
+#include "ProgramWatch.h"
 #include "ShortcutRegistrar.h"
 #include "StatusMenus.h"
 #include "TrustWatch.h"
+#include "Updates.h"
 #include "WindowOpener.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QTimer>
 
 namespace corvane {
@@ -24,7 +27,7 @@ public:
     enum class Log { quiet, verbose };
 
     /// Reads the user's files.
-    explicit AppDelegate(Log log);
+    explicit AppDelegate(Log log, UpdateSource updates = {});
 
     /// Starts the services. A step that fails is recorded and shown, and the others are taken all the
     /// same.
@@ -34,6 +37,8 @@ public:
     void welcome();
     /// Tells the user that the program ended the last time without having been quit.
     void tellCrash();
+    /// Whether the user wants the program to start again once it has quit.
+    [[nodiscard]] bool opensAgain() const { return m_opensAgain; }
 
     // A choice in a menu or on the session bus has no terminal to answer to. A notification tells what
     // came of it where the user would not see that.
@@ -56,6 +61,7 @@ private:
     /// Shows the layout that was captured last, for its name to be typed.
     void editCaptured(const QString &activation);
     void reportProblem(const QString &activation);
+    void tellReplaced();
     /// Tells the user of the notices that have come since the last call.
     void tellNotices();
     void show(const ScreenFlags &flags);
@@ -74,11 +80,14 @@ private:
     LoginItemSwitch m_loginItem;
     DockPresence m_dock;
     StatusMenus m_menus;
+    Updates m_updates;
     WindowOpener m_windows;
     QList<AppModel::Notice> m_toldNotices;
     QUuid m_toldLayout; ///< the one that was last not complete
     QUuid m_captured; ///< the one that was captured last
     QTimer m_pruning;
+    ProgramWatch m_program{QCoreApplication::applicationFilePath()};
+    bool m_opensAgain = false;
 };
 
 } // namespace corvane

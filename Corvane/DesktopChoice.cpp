@@ -1,7 +1,13 @@
 #include "DesktopChoice.h"
 
+#include "BundleUpdater.h"
 #include "DeskFile.h"
+#include "HelperProcess.h"
+#include "InstallRecord.h"
+#include "Spawn.h"
 #include "X11Platform.h"
+
+#include <QtCore/QFile>
 
 namespace corvane {
 
@@ -42,6 +48,28 @@ QString prepareWindows()
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", isSeen ? "xcb" : "offscreen");
     return {};
+}
+
+UpdateSource updateSource()
+{
+    UpdateSource source{.installedCopy = freedesktop::ownCopy()};
+    if (source.installedCopy.canUpdateItself())
+        source.updater = std::make_unique<BundleUpdater>(
+            BundleUpdater::Setup{.helper = HelperProcess::path(u"corvane-updater"_s),
+                .spawn = [](const QByteArrayList &command) {
+                    return freedesktop::spawn(command, {});
+                }});
+    return source;
+}
+
+QString installedProgram()
+{
+    return freedesktop::ownProgram();
+}
+
+QString startAgain(const QString &program)
+{
+    return freedesktop::spawn({QFile::encodeName(program)}, {});
 }
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include "Expected.h"
 #include "Platform.h"
+#include "Updates.h"
 
 #include <memory>
 
@@ -16,5 +17,13 @@ namespace corvane {
 /// Sees to it that Qt will show windows on the desktop that `openDesktop` opens. To be called before the
 /// application object that shows them is made. Empty, or one sentence that says why there is no desktop.
 [[nodiscard]] QString prepareWindows();
+
+/// How this copy of the program is updated.
+[[nodiscard]] UpdateSource updateSource();
+
+/// The file that starts this program, whichever version of it is installed by then.
+[[nodiscard]] QString installedProgram();
+/// Starts it for one that ends. Why that failed; empty when it runs.
+[[nodiscard]] QString startAgain(const QString &program);
 
 } // namespace corvane

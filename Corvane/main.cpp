@@ -33,12 +33,23 @@ int finish(const CommandResult &result)
     return result.status;
 }
 
-/// Runs the command line of a second start.
+/// What is asked of the program and not of a desktop; nothing when no such thing is.
+std::optional<CommandResult> textAskedFor(const CommandLine &line)
+{
+    if (!line.help && !line.version)
+        return std::nullopt;
+    return CommandResult{
+        CommandResult::done, line.help ? CommandLine::helpText() : CommandLine::versionText(), {}};
+}
+
+/// Runs the command line of a second start, or of the updater, which asks who answers.
 QCoro::Task<CommandResult> run(Commands &commands, QStringList arguments, QString activation)
 {
     auto line = CommandLine::parse(arguments);
     if (!line)
         co_return failure(CommandResult::misused, line.error());
+    if (const auto text = textAskedFor(*line))
+        co_return *text;
     line->activation = activation;
     const CommandResult result = co_await commands.run(*line);
     co_return result;
@@ -84,8 +95,28 @@ int runOnce(const CommandLine &line)
     return finish(result);
 }
 
+/// Whether this copy can run here, for what is about to make it the one that starts.
+int testItself(int argc, char **argv)
+{
+    if (const QString problem = prepareWindows(); !problem.isEmpty())
+        return finish(failure(CommandResult::refused, problem));
+    QApplication::setDesktopSettingsAware(false);
+    const QApplication application(argc, argv);
+    const Catalogues catalogues;
+    if (const auto desktop = openDesktop([] {}); !desktop)
+        return finish(failure(CommandResult::refused, desktop.error()));
+    return finish(
+        {CommandResult::done, QString::number(updateSource().installedCopy.build) + u'\n', {}});
+}
+
+/// How a run ended.
+struct End {
+    int status = 0;
+    QString next = {}; ///< the program to start then; usually none
+};
+
 /// Runs until the user quits the program.
-int stay(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
+End stay(int argc, char **argv, const QStringList &arguments, const CommandLine &line)
 {
     // The plug-in with which a desktop draws widgets is four times as large as the whole program.
     QApplication::setDesktopSettingsAware(false);
@@ -98,8 +129,9 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
         QCoreApplication::exit(1);
     });
     if (!desktop)
-        return finish(failure(CommandResult::refused, desktop.error()));
-    AppDelegate delegate(line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet);
+        return {finish(failure(CommandResult::refused, desktop.error()))};
+    AppDelegate delegate(
+        line.verbose ? AppDelegate::Log::verbose : AppDelegate::Log::quiet, updateSource());
     Instance instance;
     const auto claim = instance.claim(
         [&](const QStringList &asked, const QString &activation) {
@@ -108,7 +140,7 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
         {.perform = [&](Placement placement) { delegate.performFromMenu(placement); },
             .capture = [&] { delegate.captureLayout(); }});
     if (claim == Instance::Claim::taken)
-        return finish(Instance::handOver(arguments, line.activation).value_or(CommandResult{}));
+        return {finish(Instance::handOver(arguments, line.activation).value_or(CommandResult{}))};
     if (claim == Instance::Claim::unavailable)
         std::fputs(
             "Corvane: there is no session bus, so a second start cannot reach this one.\n", stderr);
@@ -123,7 +155,8 @@ int stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
         std::ignore = runAtStart(delegate.commands(), line);
     else
         delegate.welcome();
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    return {status, delegate.opensAgain() ? installedProgram() : QString()};
 }
 
 /// Does what needs no program that stays, and returns the exit status. Nothing when this one is to stay.
@@ -132,9 +165,8 @@ std::optional<int> finishEarly(
 {
     const QCoreApplication application(argc, argv);
     const Catalogues catalogues;
-    if (line.help || line.version)
-        return finish({CommandResult::done,
-            line.help ? CommandLine::helpText() : CommandLine::versionText(), {}});
+    if (const auto text = textAskedFor(line))
+        return finish(*text);
     const bool isOneOff = line.isCommand() && !line.asksForScreens();
     if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isAnsweredByFiles))
         return runOnFiles(line);
@@ -168,6 +200,14 @@ int main(int argc, char **argv)
     if (!line)
         return finish(failure(CommandResult::misused, line.error()));
     line->activation = Instance::takeActivation();
-    const auto status = finishEarly(argc, argv, arguments, *line);
-    return status ? *status : stay(argc, argv, arguments, *line);
+    if (line->selfTest)
+        return testItself(argc, argv);
+    if (const auto status = finishEarly(argc, argv, arguments, *line))
+        return *status;
+    const End end = stay(argc, argv, arguments, *line);
+    // Its name on the bus is free by now.
+    const QString problem = end.next.isEmpty() ? QString() : startAgain(end.next);
+    if (!problem.isEmpty())
+        std::fprintf(stderr, "Corvane: %s\n", qUtf8Printable(problem));
+    return end.status;
 }

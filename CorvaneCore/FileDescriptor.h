@@ -27,6 +27,9 @@ public:
     [[nodiscard]] static expected<FileDescriptor, int> open(const QByteArray &path, int flags,
         Lock lock = Lock::none, std::chrono::milliseconds patience = lockPatience);
 
+    FileDescriptor() = default;
+    /// Takes an open file over, of any kind; -1 is none.
+    explicit FileDescriptor(int number) : m_number(number) { }
     FileDescriptor(FileDescriptor &&other) noexcept
         : m_number(std::exchange(other.m_number, -1)) { }
     FileDescriptor &operator=(FileDescriptor &&other) noexcept
@@ -59,8 +62,6 @@ public:
     [[nodiscard]] expected<void, QString> write(QByteArrayView content) const;
 
 private:
-    explicit FileDescriptor(int number) : m_number(number) { }
-
     int m_number = -1;
 };
 

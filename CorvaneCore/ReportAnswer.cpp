@@ -1,7 +1,5 @@
 #include "ReportAnswer.h"
 
-#include "EnumTable.h"
-
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
@@ -13,23 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Row = NamedCase<SendProblem>;
-
 constexpr qsizetype longestNumber = 64;
-
-constexpr EnumTable<SendProblem::answerTooLong, Row> problems({{
-    {SendProblem::noAddress, "noAddress"_L1},
-    {SendProblem::unreachable, "unreachable"_L1},
-    {SendProblem::timedOut, "timedOut"_L1},
-    {SendProblem::untrusted, "untrusted"_L1},
-    {SendProblem::redirected, "redirected"_L1},
-    {SendProblem::documentTooLarge, "documentTooLarge"_L1},
-    {SendProblem::tooMany, "tooMany"_L1},
-    {SendProblem::serverFailed, "serverFailed"_L1},
-    {SendProblem::refused, "refused"_L1},
-    {SendProblem::answerNotUnderstood, "answerNotUnderstood"_L1},
-    {SendProblem::answerTooLong, "answerTooLong"_L1},
-}});
 
 /// The report's number, which people read to each other.
 std::optional<QString> number(const QJsonObject &json)
@@ -49,7 +31,7 @@ QByteArray ReportAnswer::toLine() const
     if (value)
         json = {{u"id"_s, *value}};
     else
-        json = {{u"error"_s, problems[value.error().problem].name},
+        json = {{u"error"_s, sendProblems[value.error().problem].name},
             {u"detail"_s, value.error().detail}};
     return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
 }
@@ -59,7 +41,7 @@ std::optional<ReportAnswer> ReportAnswer::fromLine(const QByteArray &line)
     const QJsonObject json = QJsonDocument::fromJson(line).object();
     if (const auto id = number(json))
         return ReportAnswer{*id};
-    if (const auto problem = problems.named(json[u"error"].toString()))
+    if (const auto problem = sendProblems.named(json[u"error"].toString()))
         return ReportAnswer{
             unexpected<SendFailure>(SendFailure{*problem, json[u"detail"].toString()})};
     return std::nullopt;

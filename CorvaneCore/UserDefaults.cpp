@@ -18,6 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr auto checksForUpdatesKey = "checksForUpdates"_L1;
+
 QString sizeKey(QLatin1StringView name)
 {
     return name + "Size"_L1;
@@ -65,6 +67,16 @@ QUuid installID()
         defaults.setValue(key, id.toString(QUuid::WithoutBraces));
     }
     return id;
+}
+
+bool checksForUpdates()
+{
+    return QSettings().value(checksForUpdatesKey, true).toBool();
+}
+
+void setChecksForUpdates(bool checks)
+{
+    QSettings().setValue(checksForUpdatesKey, checks);
 }
 
 QSize windowSize(QLatin1StringView name)

@@ -25,6 +25,9 @@ void prepare();
 [[nodiscard]] bool testAndSet(QLatin1StringView key);
 /// Tells the reports of this user apart from others'. Random, and made by the first call.
 [[nodiscard]] QUuid installID();
+/// Whether the program looks for newer versions by itself; it does until the user says otherwise.
+[[nodiscard]] bool checksForUpdates();
+void setChecksForUpdates(bool checks);
 /// Of the window of this name, in points; invalid where none is known.
 [[nodiscard]] QSize windowSize(QLatin1StringView name);
 void setWindowSize(QLatin1StringView name, const QSize &size);

@@ -42,6 +42,7 @@ public:
     std::function<void()> onCheckForUpdatesNow;
     std::function<void()> onInstallUpdate;
     std::function<void()> onReplayTour;
+    std::function<void()> onOpenAgain; ///< quits and starts what is installed
     /// Combinations that nobody holds in place of the placements' own.
     std::function<ShortcutMap(const QList<Placement> &)> findFreeCombos;
     /// An apply moved the window from this frame; Snap Back is to know it.

@@ -25,6 +25,19 @@ QString saveFailedID()
 
 } // namespace
 
+QString Notice::offerTitle() const
+{
+    switch (offer) {
+    case Offer::none:
+        return {};
+    case Offer::report:
+        return Notices::tr("Report a Problem…");
+    case Offer::openAgain:
+        return Notices::tr("Open Again");
+    }
+    Q_UNREACHABLE();
+}
+
 std::optional<Notice> Notices::unreadable(const QUrl &file) const
 {
     const auto found = std::ranges::find(m_all, unreadableID(file), &Notice::id);

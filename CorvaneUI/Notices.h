@@ -11,10 +11,20 @@ namespace corvane {
 
 /// A problem for the user to know. At most one has a given id.
 struct Notice {
+    /// What the user can do about it at once.
+    enum class Offer {
+        none,
+        report, ///< to those who made the program, who would like to hear of it
+        openAgain, ///< as the program that is installed by now
+    };
+
     QString id;
     QString text;
     std::optional<QUrl> reveal; ///< a file that the user may want to see
-    bool asksForReport = false; ///< those who made the program would like to hear of it
+    Offer offer = Offer::none;
+
+    /// What a button for that says; empty where there is nothing to be done.
+    [[nodiscard]] QString offerTitle() const;
 
     bool operator==(const Notice &) const = default;
 };

@@ -2,6 +2,7 @@
 
 #include "ActivityEntry.h"
 #include "Competitors.h"
+#include "InstallKind.h"
 #include "MoveOutcome.h"
 #include "PaneResult.h"
 #include "Session.h"
@@ -45,6 +46,8 @@ Q_SIGNALS:
     void lastApplyChanged();
     void automaticUpdateChecksChanged();
     void updateStatusChanged();
+    void installedCopyChanged();
+    void pendingUpdatePreviewChanged();
     void pendingStealChanged();
     void lookChanged();
 
@@ -54,6 +57,12 @@ public:
         qsizetype waiting = 0; ///< the number of the others
 
         bool operator==(const ApplyProgress &) const = default;
+    };
+    struct UpdatePreview {
+        QString version;
+        std::optional<QByteArray> notes = {}; ///< a web page; nothing while they load
+
+        bool operator==(const UpdatePreview &) const = default;
     };
     struct LastApply {
         QUuid layout;
@@ -116,6 +125,11 @@ public:
         &ViewState::automaticUpdateChecksChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, UpdateStatus, updateStatus, &ViewState::updateStatusChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(
+        ViewState, InstalledCopy, installedCopy, &ViewState::installedCopyChanged)
+    /// An update to be shown that does not exist.
+    Q_OBJECT_BINDABLE_PROPERTY(ViewState, std::optional<UpdatePreview>, pendingUpdatePreview,
+        &ViewState::pendingUpdatePreviewChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<ShortcutSteal>, pendingSteal, &ViewState::pendingStealChanged)
     Q_OBJECT_BINDABLE_PROPERTY(ViewState, DesktopLook, look, &ViewState::lookChanged)

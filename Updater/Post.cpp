@@ -1,6 +1,6 @@
 #include "Post.h"
 
-#include "ReportAddress.h"
+#include "ServerAddress.h"
 
 #include <QtNetwork/QNetworkProxy>
 #include <QtNetwork/QNetworkRequest>

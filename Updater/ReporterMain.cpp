@@ -1,5 +1,5 @@
 #include "Post.h"
-#include "ReportAddress.h"
+#include "ServerAddress.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSocketNotifier>

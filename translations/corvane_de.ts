@@ -890,6 +890,60 @@
     </message>
 </context>
 <context>
+    <name>UpdateDriver</name>
+    <message>
+        <source>The download from %1 stopped part way. Check the Mac is online and press Try Again.</source>
+        <translation>Das Herunterladen von %1 brach ab. Prüfen Sie, ob dieser Computer online ist, und drücken Sie „Nochmals versuchen“.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateStatus</name>
+    <message>
+        <source>Checking…</source>
+        <translation>Wird geprüft …</translation>
+    </message>
+    <message>
+        <source>v%1 is available.</source>
+        <translation>v%1 ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date.</source>
+        <translation>Sie haben die neueste Version.</translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation>Der Aktualisierungsserver ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>Not checked since Corvane opened.</source>
+        <translation>Seit dem Start von Corvane nicht geprüft.</translation>
+    </message>
+    <message>
+        <source>Not checked yet.</source>
+        <translation>Noch nicht geprüft.</translation>
+    </message>
+    <message>
+        <source>h:mm AP</source>
+        <translation>HH:mm</translation>
+    </message>
+    <message>
+        <source>Last check: Today, %1</source>
+        <translation>Letzte Prüfung: heute, %1</translation>
+    </message>
+    <message>
+        <source>Last check: Yesterday, %1</source>
+        <translation>Letzte Prüfung: gestern, %1</translation>
+    </message>
+    <message>
+        <source>MMM d</source>
+        <translation>d. MMM</translation>
+    </message>
+    <message>
+        <source>Last check: %1, %2</source>
+        <translation>Letzte Prüfung: %1, %2</translation>
+    </message>
+</context>
+<context>
     <name>WindowLayout</name>
     <message>
         <source>No displays</source>
@@ -982,6 +1036,58 @@
         <source>Report a Problem…</source>
         <translation>Problem melden …</translation>
     </message>
+    <message>
+        <source> · automatic checks are off</source>
+        <translation> · automatische Prüfungen sind aus</translation>
+    </message>
+    <message>
+        <source>MMM d</source>
+        <translation>d. MMM</translation>
+    </message>
+    <message>
+        <source> · last checked %1</source>
+        <translation> · zuletzt geprüft %1</translation>
+    </message>
+    <message>
+        <source>This copy came as a Flatpak, so its maker updates it.</source>
+        <translation>Diese Kopie kam als Flatpak, also aktualisiert sie, wer es gemacht hat.</translation>
+    </message>
+    <message>
+        <source>This copy came as a Flatpak from %1, who updates it.</source>
+        <translation>Diese Kopie kam als Flatpak von %1 und wird von dort aktualisiert.</translation>
+    </message>
+    <message>
+        <source>This copy came as an AppImage, so its maker updates it.</source>
+        <translation>Diese Kopie kam als AppImage, also aktualisiert sie, wer es gemacht hat.</translation>
+    </message>
+    <message>
+        <source>This copy came as an AppImage from %1, who updates it.</source>
+        <translation>Diese Kopie kam als AppImage von %1 und wird von dort aktualisiert.</translation>
+    </message>
+    <message>
+        <source>Built from source</source>
+        <translation>Aus den Quellen gebaut</translation>
+    </message>
+    <message>
+        <source>This copy is not in the Applications folder, so it cannot update itself. Move it there and open it again.</source>
+        <translation>Diese Kopie ist nicht installiert, also kann sie sich nicht selbst aktualisieren. Installieren Sie sie und öffnen Sie sie wieder.</translation>
+    </message>
+    <message>
+        <source>This build has no updater.</source>
+        <translation>Diese Kopie aktualisiert sich nicht selbst.</translation>
+    </message>
+    <message>
+        <source>This copy came with a package, so your package manager updates it.</source>
+        <translation>Diese Kopie kam mit einem Paket, also aktualisiert sie Ihre Paketverwaltung.</translation>
+    </message>
+    <message>
+        <source>Open Software</source>
+        <translation>Software öffnen</translation>
+    </message>
+    <message>
+        <source>Copy Command</source>
+        <translation>Befehl kopieren</translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppDelegate</name>
@@ -1018,14 +1124,6 @@
         <translation>„%1“ ist nicht vollständig</translation>
     </message>
     <message>
-        <source>This window comes in a later version</source>
-        <translation>Dieses Fenster kommt in einer späteren Version</translation>
-    </message>
-    <message>
-        <source>Until then, placements and layouts are in the menu.</source>
-        <translation>Bis dahin stehen Platzierungen und Anordnungen im Menü.</translation>
-    </message>
-    <message>
         <source>Corvane, needs attention</source>
         <translation>Corvane braucht Aufmerksamkeit</translation>
     </message>
@@ -1046,8 +1144,12 @@
         <translation>Corvane wurde beim letzten Mal nicht beendet. Wenn es abgestürzt ist, hilft ein Bericht, den Fehler zu beheben.</translation>
     </message>
     <message>
-        <source>Report a Problem…</source>
-        <translation>Problem melden …</translation>
+        <source>Another version of Corvane was installed. Open Corvane again to use it.</source>
+        <translation>Eine andere Version von Corvane wurde installiert. Öffnen Sie Corvane neu, um sie zu verwenden.</translation>
+    </message>
+    <message>
+        <source>Corvane cannot show that</source>
+        <translation>Corvane kann das nicht zeigen</translation>
     </message>
 </context>
 <context>
@@ -1203,6 +1305,97 @@
     <message>
         <source>has changed since</source>
         <translation>hat sich inzwischen geändert</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::BundleUpdater</name>
+    <message>
+        <source>The update server took too long to answer.</source>
+        <translation>Der Aktualisierungsserver hat zu lange nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The update server’s certificate is not trusted.</source>
+        <translation>Dem Zertifikat des Aktualisierungsservers wird nicht vertraut.</translation>
+    </message>
+    <message>
+        <source>The update server has moved to another address.</source>
+        <translation>Der Aktualisierungsserver ist an eine andere Adresse gezogen.</translation>
+    </message>
+    <message>
+        <source>The update server has a problem of its own. Try again later.</source>
+        <translation>Der Aktualisierungsserver hat selbst ein Problem. Versuchen Sie es später nochmals.</translation>
+    </message>
+    <message>
+        <source>The update server’s answer was not understood.</source>
+        <translation>Die Antwort des Aktualisierungsservers wurde nicht verstanden.</translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation>Der Aktualisierungsserver ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>This copy of Corvane trusts no updates.</source>
+        <translation>Diese Kopie von Corvane vertraut keinen Aktualisierungen.</translation>
+    </message>
+    <message>
+        <source>What the update server offers is not signed by those who make Corvane.</source>
+        <translation>Was der Aktualisierungsserver anbietet, ist nicht von denen unterschrieben, die Corvane machen.</translation>
+    </message>
+    <message>
+        <source>The update server offers something else than Corvane.</source>
+        <translation>Der Aktualisierungsserver bietet etwas anderes als Corvane an.</translation>
+    </message>
+    <message>
+        <source>This computer’s clock is behind. Set it right and press Try Again.</source>
+        <translation>Die Uhr dieses Computers geht nach. Stellen Sie sie und drücken Sie „Nochmals versuchen“.</translation>
+    </message>
+    <message>
+        <source>What the update server says is out of date, so it is not trusted. Try again later.</source>
+        <translation>Was der Aktualisierungsserver sagt, ist veraltet, also wird ihm nicht vertraut. Versuchen Sie es später nochmals.</translation>
+    </message>
+    <message>
+        <source>Corvane runs as the system’s administrator, who cannot update it.</source>
+        <translation>Corvane läuft als Verwalter des Systems, der es nicht aktualisieren kann.</translation>
+    </message>
+    <message>
+        <source>The folder that Corvane is installed in is not yours alone.</source>
+        <translation>Der Ordner, in dem Corvane installiert ist, gehört nicht Ihnen allein.</translation>
+    </message>
+    <message>
+        <source>Corvane is being installed already.</source>
+        <translation>Corvane wird gerade schon installiert.</translation>
+    </message>
+    <message>
+        <source>There is too little space on the disk.</source>
+        <translation>Auf der Platte ist zu wenig Platz.</translation>
+    </message>
+    <message>
+        <source>The folder that Corvane is installed in cannot be written.</source>
+        <translation>In den Ordner, in dem Corvane installiert ist, kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>What was downloaded is not what those who make Corvane signed.</source>
+        <translation>Was heruntergeladen wurde, ist nicht, was die unterschrieben haben, die Corvane machen.</translation>
+    </message>
+    <message>
+        <source>The new version is damaged, so it was not installed.</source>
+        <translation>Die neue Version ist beschädigt, also wurde sie nicht installiert.</translation>
+    </message>
+    <message>
+        <source>The new version does not run on this computer.</source>
+        <translation>Die neue Version läuft auf diesem Computer nicht.</translation>
+    </message>
+    <message>
+        <source>The new version did not start.</source>
+        <translation>Die neue Version ist nicht gestartet.</translation>
+    </message>
+    <message>
+        <source>The part of Corvane that updates it did not work.</source>
+        <translation>Der Teil von Corvane, der es aktualisiert, hat nicht funktioniert.</translation>
+    </message>
+    <message>
+        <source>The new version is installed. Quit Corvane and open it again to use it.</source>
+        <translation>Die neue Version ist installiert. Beenden Sie Corvane und öffnen Sie es wieder, um sie zu verwenden.</translation>
     </message>
 </context>
 <context>
@@ -1795,10 +1988,6 @@
         <source>Dismiss</source>
         <translation>Schließen</translation>
     </message>
-    <message>
-        <source>Report a Problem…</source>
-        <translation>Problem melden …</translation>
-    </message>
 </context>
 <context>
     <name>corvane::Notices</name>
@@ -1809,6 +1998,14 @@
     <message>
         <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
         <translation>Corvane konnte nicht in %1 speichern: %2 Änderungen gelten, bis Corvane beendet wird.</translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation>Problem melden …</translation>
+    </message>
+    <message>
+        <source>Open Again</source>
+        <translation>Neu öffnen</translation>
     </message>
 </context>
 <context>
@@ -2633,6 +2830,141 @@
     <message>
         <source>No tremors yet</source>
         <translation>Noch kein Beben</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::UpdateSheet</name>
+    <message>
+        <source>MMM d, yyyy</source>
+        <translation>d. MMM yyyy</translation>
+    </message>
+    <message>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <source>Corvane Update</source>
+        <translation>Corvane-Aktualisierung</translation>
+    </message>
+    <message>
+        <source>CHECKING</source>
+        <translation>WIRD GEPRÜFT</translation>
+    </message>
+    <message>
+        <source>Looking for a newer Corvane</source>
+        <translation>Suche nach einem neueren Corvane</translation>
+    </message>
+    <message>
+        <source>Reading %1 for a newer version.</source>
+        <translation>Auf %1 wird nach einer neueren Version gesehen.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>UPDATE AVAILABLE</source>
+        <translation>AKTUALISIERUNG VERFÜGBAR</translation>
+    </message>
+    <message>
+        <source>Release Notes</source>
+        <translation>Versionshinweise</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Install and Relaunch</source>
+        <translation>Installieren und neu starten</translation>
+    </message>
+    <message>
+        <source>UPDATING</source>
+        <translation>AKTUALISIERUNG</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Wird heruntergeladen</translation>
+    </message>
+    <message>
+        <source>Unpacking</source>
+        <translation>Wird entpackt</translation>
+    </message>
+    <message>
+        <source>Checking the signature and unpacking.</source>
+        <translation>Die Unterschrift wird geprüft und das Archiv entpackt.</translation>
+    </message>
+    <message>
+        <source>Installing</source>
+        <translation>Wird installiert</translation>
+    </message>
+    <message>
+        <source>Corvane closes and opens again as v%1 in a moment.</source>
+        <translation>Corvane schließt sich und öffnet sich gleich wieder als v%1.</translation>
+    </message>
+    <message>
+        <source>UP TO DATE</source>
+        <translation>AKTUELL</translation>
+    </message>
+    <message>
+        <source>You have the newest Corvane</source>
+        <translation>Sie haben das neueste Corvane</translation>
+    </message>
+    <message>
+        <source>Nothing newer is out. Corvane checks once a day and its menu says when there is.</source>
+        <translation>Es gibt nichts Neueres. Corvane prüft einmal am Tag, und sein Menü sagt, wenn es etwas gibt.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>UPDATE STOPPED</source>
+        <translation>AKTUALISIERUNG ABGEBROCHEN</translation>
+    </message>
+    <message>
+        <source>The update did not finish</source>
+        <translation>Die Aktualisierung wurde nicht fertig</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschehen ist</translation>
+    </message>
+    <message>
+        <source>The version you have is untouched and keeps working.</source>
+        <translation>Die Version, die Sie haben, ist unverändert und arbeitet weiter.</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Nochmals versuchen</translation>
+    </message>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>Neuerungen</translation>
+    </message>
+    <message>
+        <source>Loading what&apos;s new…</source>
+        <translation>Die Neuerungen werden geladen …</translation>
+    </message>
+    <message>
+        <source>The notes for this version did not load here.</source>
+        <translation>Die Hinweise zu dieser Version konnten hier nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Read them on %1</source>
+        <translation>Auf %1 lesen</translation>
+    </message>
+    <message>
+        <source>Released %1</source>
+        <translation>Veröffentlicht am %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>

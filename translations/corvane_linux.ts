@@ -890,6 +890,60 @@
     </message>
 </context>
 <context>
+    <name>UpdateDriver</name>
+    <message>
+        <source>The download from %1 stopped part way. Check the Mac is online and press Try Again.</source>
+        <translation>The download from %1 stopped part way. Check that this computer is online and press Try Again.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateStatus</name>
+    <message>
+        <source>Checking…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>v%1 is available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not checked since Corvane opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not checked yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>h:mm AP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last check: Today, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last check: Yesterday, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MMM d</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last check: %1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>WindowLayout</name>
     <message>
         <source>No displays</source>
@@ -982,6 +1036,58 @@
         <source>Report a Problem…</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source> · automatic checks are off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MMM d</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> · last checked %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy came as a Flatpak, so its maker updates it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy came as a Flatpak from %1, who updates it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy came as an AppImage, so its maker updates it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy came as an AppImage from %1, who updates it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Built from source</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy is not in the Applications folder, so it cannot update itself. Move it there and open it again.</source>
+        <translation>This copy is not installed, so it cannot update itself. Install it and open it again.</translation>
+    </message>
+    <message>
+        <source>This build has no updater.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy came with a package, so your package manager updates it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Software</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy Command</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::AppDelegate</name>
@@ -991,10 +1097,6 @@
     </message>
     <message>
         <source>“%1” is not complete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>This window comes in a later version</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1026,10 +1128,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Until then, placements and layouts are in the menu.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Edit</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1046,7 +1144,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Report a Problem…</source>
+        <source>Another version of Corvane was installed. Open Corvane again to use it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane cannot show that</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1202,6 +1304,97 @@
     </message>
     <message>
         <source>has changed since</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::BundleUpdater</name>
+    <message>
+        <source>The update server took too long to answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server’s certificate is not trusted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server has moved to another address.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server has a problem of its own. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server’s answer was not understood.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server could not be reached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This copy of Corvane trusts no updates.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the update server offers is not signed by those who make Corvane.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update server offers something else than Corvane.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This computer’s clock is behind. Set it right and press Try Again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the update server says is out of date, so it is not trusted. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane runs as the system’s administrator, who cannot update it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder that Corvane is installed in is not yours alone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane is being installed already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is too little space on the disk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder that Corvane is installed in cannot be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What was downloaded is not what those who make Corvane signed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The new version is damaged, so it was not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The new version does not run on this computer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The new version did not start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The part of Corvane that updates it did not work.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The new version is installed. Quit Corvane and open it again to use it.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1795,10 +1988,6 @@
         <source>Dismiss</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>Report a Problem…</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>corvane::Notices</name>
@@ -1808,6 +1997,14 @@
     </message>
     <message>
         <source>Corvane could not save to %1: %2 Changes work until Corvane quits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report a Problem…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Again</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2632,6 +2829,141 @@
     </message>
     <message>
         <source>No tremors yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::UpdateSheet</name>
+    <message>
+        <source>MMM d, yyyy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 MB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CHECKING</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Looking for a newer Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading %1 for a newer version.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UPDATE AVAILABLE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Release Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install and Relaunch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UPDATING</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unpacking</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checking the signature and unpacking.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corvane closes and opens again as v%1 in a moment.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UP TO DATE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have the newest Corvane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing newer is out. Corvane checks once a day and its menu says when there is.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UPDATE STOPPED</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update did not finish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The version you have is untouched and keeps working.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What&apos;s New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loading what&apos;s new…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The notes for this version did not load here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read them on %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Released %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

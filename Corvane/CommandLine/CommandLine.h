@@ -90,6 +90,7 @@ struct CommandLine {
     bool verbose = false;
     bool help = false;
     bool version = false;
+    bool selfTest = false; ///< only whether the program can run here
     /// The permission for a window to come to the front that came along with the flags; see
     /// `AppModel::pendingActivation`.
     QString activation{};

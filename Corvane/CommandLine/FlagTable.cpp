@@ -177,6 +177,8 @@ constexpr std::array commandTable{
         readText<&Flags::save>, files},
     FlagRow{"--verbose"_L1, ""_L1, "log what happens on standard error, a line each"_L1,
         turnOn<&Flags::verbose>},
+    FlagRow{"--self-test"_L1, ""_L1, "open the display, show the number of this build, and end"_L1,
+        turnOn<&Flags::selfTest>},
     FlagRow{"--help"_L1, ""_L1, "show this text"_L1, turnOn<&Flags::help>},
     FlagRow{"--version"_L1, ""_L1, "show the version"_L1, turnOn<&Flags::version>},
 };

@@ -2,6 +2,8 @@
 
 #include "LayoutReport.h"
 #include "OneLine.h"
+#include "Platform.h"
+#include "PrivateFile.h"
 #include "Screens.h"
 #include "TourPage.h"
 
@@ -17,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int tourPageCount = tourPages.size();
+constexpr std::chrono::seconds untilNewer{3}; ///< between the two versions of a preview
 
 /// The pane of the settings on which stands what the flags ask for.
 std::optional<SettingsPane> settingsPane(const ScreenFlags &flags)
@@ -88,20 +91,63 @@ expected<void, QString> selectLayout(const ScreenFlags &flags, AppModel &model)
     return {};
 }
 
-bool asksForUpdateSheet(const ScreenFlags &flags)
+/// Why this copy does not look for updates, in one sentence.
+QString refusalToCheck(const InstalledCopy &installedCopy)
 {
-    return flags.previewUpdateAvailable || flags.previewNewer || flags.previewUpdateWindow
-        || flags.previewNotes;
+    switch (installedCopy.kind) {
+    case InstallKind::development:
+        return u"This copy of Corvane was built from source, and is updated that way."_s;
+    case InstallKind::package:
+        return u"This copy of Corvane came with a package, so your package manager updates it."_s;
+    case InstallKind::flatpak:
+        return u"This copy of Corvane came as a Flatpak, so your software manager updates it."_s;
+    case InstallKind::image:
+        return u"This copy of Corvane came as an AppImage, so its maker updates it."_s;
+    case InstallKind::bundle:
+        return u"This copy of Corvane cannot update itself."_s;
+    }
+    Q_UNREACHABLE();
 }
 
-QStringList missingWindows(const ScreenFlags &flags, const AppModel &model)
+/// Has menu and settings show that version as one that can be had. In a copy without an updater, they
+/// lead to its sheet.
+void previewAvailable(const QString &version, AppModel &model)
 {
-    QStringList windows;
-    if (asksForUpdateSheet(flags))
-        windows << u"update sheet"_s;
-    if (flags.checkForUpdates && !model.onCheckForUpdatesNow)
-        windows << u"update check"_s;
-    return windows;
+    const bool hasUpdater = model.automaticUpdateChecks.value().has_value();
+    if (!hasUpdater) {
+        // Whatever shows the status leads there.
+        model.onCheckForUpdatesNow = model.onInstallUpdate = [&model, version] {
+            model.pendingUpdatePreview = ViewState::UpdatePreview{version};
+        };
+    }
+    model.installedCopy = InstalledCopy{.kind = InstallKind::bundle};
+    UpdateStatus status = model.updateStatus;
+    status.availability = {UpdateAvailability::Available{version}};
+    status.lastChecked = Platform::current().clock().date();
+    status.canUpdate = true;
+    model.updateStatus = status;
+}
+
+/// The error is one sentence.
+expected<void, QString> previewUpdates(const ScreenFlags &flags, AppModel &model)
+{
+    std::optional<QByteArray> notes;
+    if (flags.previewNotes) {
+        const auto page = PrivateFile::read(*flags.previewNotes);
+        if (!page || !*page)
+            return unexpected(
+                page ? u"There is no file %1."_s.arg(*flags.previewNotes) : page.error());
+        notes = **page;
+    }
+    if (flags.previewUpdateAvailable)
+        previewAvailable(*flags.previewUpdateAvailable, model);
+    if (flags.previewNewer) {
+        Platform::current().clock().after(untilNewer, &model,
+            [&model, version = *flags.previewNewer] { previewAvailable(version, model); });
+    }
+    if (flags.previewUpdateWindow)
+        model.pendingUpdatePreview = ViewState::UpdatePreview{*flags.previewUpdateWindow, notes};
+    return {};
 }
 
 } // namespace
@@ -126,12 +172,14 @@ CommandResult show(const ScreenFlags &flags, AppModel &model)
         model.forcedAppearance = flags.appearance;
         model.applyAppearance();
     }
-    if (flags.checkForUpdates && model.onCheckForUpdatesNow)
-        model.onCheckForUpdatesNow();
-    CommandResult result;
-    for (const QString &window : missingWindows(flags, model))
-        result += later(window);
-    return result;
+    if (const auto shown = previewUpdates(flags, model); !shown)
+        return failure(CommandResult::misused, shown.error());
+    if (!flags.checkForUpdates)
+        return {};
+    if (!model.onCheckForUpdatesNow)
+        return failure(CommandResult::refused, refusalToCheck(model.installedCopy));
+    model.onCheckForUpdatesNow();
+    return {};
 }
 
 } // namespace corvane::ScreenRequests

@@ -7,8 +7,7 @@
 /// Has the program's windows show what a command line asks for.
 namespace corvane::ScreenRequests {
 
-/// Raises the model's requests, which the windows answer. The result names the windows that the
-/// program does not have yet.
+/// Raises the model's requests, which the windows answer. The result says what cannot be shown.
 [[nodiscard]] CommandResult show(const ScreenFlags &flags, AppModel &model);
 
 } // namespace corvane::ScreenRequests

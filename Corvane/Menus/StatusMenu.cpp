@@ -123,6 +123,7 @@ void StatusMenu::addUpdate()
     m_rows.add(*m_menu,
         {.title = available ? tr("Update to Corvane %1").arg(available->version)
                             : tr("Check for Updates"),
+            .subtitle = available ? QString() : status.statusLine(),
             .symbol = u"arrow.down.circle.fill"_s,
             .symbolColors = Symbol::Colors{m_rows.palette().accent}},
         m_target.openUpdates);

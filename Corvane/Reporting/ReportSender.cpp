@@ -1,10 +1,8 @@
 #include "ReportSender.h"
 
-#include "ReportAddress.h"
+#include "HelperProcess.h"
 #include "ReportAnswer.h"
-
-#include <QtCore/QCoreApplication>
-#include <QtCore/QFileInfo>
+#include "ServerAddress.h"
 
 namespace corvane {
 
@@ -16,14 +14,6 @@ namespace {
 // The helper gives up within a minute by itself.
 constexpr auto patience = 75s;
 constexpr qsizetype longestAnswer = 64LL * 1024;
-
-/// In a build tree it is beside this program.
-QString installedHelper()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString beside = folder + u"/corvane-reporter"_s;
-    return QFileInfo::exists(beside) ? beside : folder + u"/../libexec/corvane/corvane-reporter"_s;
-}
 
 QString sentence(const SendFailure &failure)
 {
@@ -96,7 +86,7 @@ void ReportSender::send(const QByteArray &document, OnEnd onEnd)
         // It may be told from within the start.
         Qt::QueuedConnection);
     m_patience.start();
-    process->start(m_helper.isEmpty() ? installedHelper() : m_helper, {});
+    process->start(m_helper.isEmpty() ? HelperProcess::path(u"corvane-reporter"_s) : m_helper, {});
     // The helper sends once it has the whole line, and ends when the pipe is closed.
     process->write(document + '\n');
 }
@@ -106,16 +96,7 @@ void ReportSender::cancel()
     m_patience.stop();
     m_answer.clear();
     m_onEnd = nullptr;
-    auto *const process = m_process.release();
-    if (!process)
-        return;
-    process->disconnect(this);
-    process->setParent(QCoreApplication::instance());
-    connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    // It ends by the pipe, too, but a program that has gone wrong may not listen.
-    process->kill();
-    if (process->state() == QProcess::NotRunning)
-        process->deleteLater();
+    HelperProcess::end(std::move(m_process));
 }
 
 void ReportSender::end()

@@ -4,6 +4,7 @@
 #include "BoardStyle.h"
 #include "BoardText.h"
 #include "Build.h"
+#include "Buttons.h"
 #include "Card.h"
 #include "CorvaneMark.h"
 #include "DataFolder.h"
@@ -16,7 +17,8 @@
 #include "Symbol.h"
 
 #include <QtCore/QLocale>
-#include <QtGui/QPainter>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
 
 namespace corvane {
@@ -41,8 +43,10 @@ Status statusOf(const UpdateStatus &status)
             u"exclamationmark.triangle"_s, &Board::Palette::attention};
     return match(
         status.availability.value,
-        [](UpdateAvailability::Unknown) {
-            return Status{AboutPane::tr("Not checked yet"), u"minus"_s};
+        [&](UpdateAvailability::Unknown) {
+            return Status{
+                status.lastChecked ? status.statusLine() : AboutPane::tr("Not checked yet"),
+                u"minus"_s};
         },
         [](UpdateAvailability::UpToDate) {
             return Status{
@@ -54,16 +58,40 @@ Status statusOf(const UpdateStatus &status)
         });
 }
 
-/// When somebody last looked, as far as it is known.
-QString checkedSuffix(const UpdateStatus &status)
+/// When the server was last asked, as far as it is known, and whether it will be again.
+QString checkedSuffix(const AppModel &model)
 {
+    const UpdateStatus &status = model.updateStatus;
     if (!status.lastChecked)
-        return {};
+        return model.automaticUpdateChecks.value() == false
+            ? AboutPane::tr(" · automatic checks are off")
+            : QString();
     const QDateTime at = status.lastChecked->toLocalTime();
     const QLocale locale;
-    return AboutPane::tr(" · checked %1")
-        .arg(at.date() == QDate::currentDate() ? locale.toString(at.time(), QLocale::ShortFormat)
-                                               : locale.toString(at.date(), QLocale::ShortFormat));
+    const QString when = at.date() == Platform::current().clock().date().toLocalTime().date()
+        ? locale.toString(at.time(), QLocale::ShortFormat)
+        : locale.toString(at.date(), AboutPane::tr("MMM d"));
+    return status.failed ? AboutPane::tr(" · last checked %1").arg(when)
+                         : AboutPane::tr(" · checked %1").arg(when);
+}
+
+QString runningLine()
+{
+    return AboutPane::tr("Running v%1").arg(Build::version());
+}
+
+QString flatpakSentence(const QString &maker)
+{
+    return maker.isEmpty()
+        ? AboutPane::tr("This copy came as a Flatpak, so its maker updates it.")
+        : AboutPane::tr("This copy came as a Flatpak from %1, who updates it.").arg(maker);
+}
+
+QString imageSentence(const QString &maker)
+{
+    return maker.isEmpty()
+        ? AboutPane::tr("This copy came as an AppImage, so its maker updates it.")
+        : AboutPane::tr("This copy came as an AppImage from %1, who updates it.").arg(maker);
 }
 
 /// What tells one build of a version from another.
@@ -83,10 +111,12 @@ AboutPane::AboutPane(AppModel &model, QWidget *parent)
 {
     addProduct();
     addData();
-    addUpdates();
+    m_updates = &addSection(tr("Updates"));
+    m_updates->setObjectName(u"updates"_s);
     scrolledContent().addStretch(1);
     connect(&model, &AppModel::updateStatusChanged, this, &AboutPane::showUpdates);
     connect(&model, &AppModel::automaticUpdateChecksChanged, this, &AboutPane::showUpdates);
+    connect(&model, &AppModel::installedCopyChanged, this, &AboutPane::showUpdates);
     showUpdates();
 }
 
@@ -138,45 +168,106 @@ void AboutPane::addData()
         abbreviatedPath(dataFolder()), show);
 }
 
-void AboutPane::addUpdates()
-{
-    m_updates = &addSection(tr("Updates"));
-}
-
 void AboutPane::showUpdates()
 {
+    const bool hadFocus = m_updates->isAncestorOf(window()->focusWidget());
     empty(*m_updates->layout());
-    const UpdateStatus &status = m_model.updateStatus;
-    const QString running = tr("Running v%1").arg(Build::version());
-    if (!m_model.onCheckForUpdatesNow) {
-        m_updates->addRow(running + buildSuffix(), {}, nullptr);
-        return;
+    const InstalledCopy &installedCopy = m_model.installedCopy;
+    switch (installedCopy.kind) {
+    case InstallKind::development:
+        addKeeper(tr("Built from source"), runningLine() + buildSuffix());
+        break;
+    case InstallKind::package:
+        addPackage();
+        break;
+    case InstallKind::flatpak:
+        addKeeper(flatpakSentence(installedCopy.maker), runningLine());
+        break;
+    case InstallKind::image:
+        addKeeper(imageSentence(installedCopy.maker), runningLine());
+        break;
+    case InstallKind::bundle:
+        if (!installedCopy.isInPlace)
+            addKeeper(tr("This copy is not in the Applications folder, so it cannot update itself. "
+                         "Move it there and open it again."),
+                runningLine());
+        else if (m_model.onCheckForUpdatesNow)
+            addUpdateStatus();
+        else
+            addKeeper(tr("This build has no updater."), runningLine() + buildSuffix());
     }
+    if (hadFocus)
+        takeFocus();
+}
+
+/// What had the focus is gone, or cannot be pressed now.
+void AboutPane::takeFocus()
+{
+    const QLayout &rows = *m_updates->layout();
+    for (int i = 0; i < rows.count(); ++i) {
+        QWidget *row = rows.itemAt(i)->widget();
+        row->setVisible(true); // at once: what is hidden takes no focus
+        for (auto *each : row->findChildren<QAbstractButton *>()) {
+            if (each->isEnabled())
+                return each->setFocus();
+        }
+    }
+}
+
+void AboutPane::addKeeper(const QString &sentence, const QString &explanation, QWidget *control)
+{
+    m_updates->addRow(sentence, explanation, control,
+        Drawing::ofSymbol(16, u"internaldrive"_s, &Board::Palette::muted));
+}
+
+// The file that came with the package names a command where there is no program with windows.
+void AboutPane::addPackage()
+{
+    const QString sentence =
+        tr("This copy came with a package, so your package manager updates it.");
+    const QString command = m_model.installedCopy.value().command;
+    if (command.isEmpty())
+        return addKeeper(sentence, runningLine(), pushButton(tr("Open Software"), this, [] {
+            Platform::current().session().openAddress(
+                QUrl(u"appstream:"_s + Identity::bundleIdentifier));
+        }));
+    addKeeper(sentence, runningLine() + u" · "_s + command,
+        pushButton(tr("Copy Command"), this,
+            [command] { QGuiApplication::clipboard()->setText(command); }));
+}
+
+void AboutPane::addUpdateStatus()
+{
+    const UpdateStatus &status = m_model.updateStatus;
     auto *actions = new QWidget;
-    auto *row = new QHBoxLayout(actions);
-    row->setContentsMargins(0, 0, 0, 0);
-    auto *check = new QPushButton(tr("Check Now"));
+    auto *buttons = new QHBoxLayout(actions);
+    buttons->setContentsMargins(0, 0, 0, 0);
+    auto *check = pushButton(tr("Check Now"), this, [this] { m_model.onCheckForUpdatesNow(); });
     check->setEnabled(!status.checking);
-    connect(check, &QPushButton::clicked, this, [this] { m_model.onCheckForUpdatesNow(); });
-    row->addWidget(check);
-    if (std::holds_alternative<UpdateAvailability::Available>(status.availability.value)
-        && m_model.onInstallUpdate) {
-        auto *install = new QPushButton(tr("Install…"));
+    buttons->addWidget(check);
+    if (std::holds_alternative<UpdateAvailability::Available>(status.availability.value)) {
+        auto *install = pushButton(tr("Install…"), this, [this] { m_model.onInstallUpdate(); });
         install->setDefault(true);
-        connect(install, &QPushButton::clicked, this, [this] { m_model.onInstallUpdate(); });
-        row->addWidget(install);
+        buttons->addWidget(install);
     }
     const Status shown = statusOf(status);
-    m_updates->addRow(shown.sentence, running + checkedSuffix(status), actions,
-        Drawing::ofSymbol(16, shown.symbol, shown.tone));
-    if (const auto checks = m_model.automaticUpdateChecks.value()) {
-        auto *lever = new Switch;
-        lever->setChecked(*checks);
-        connect(lever, &Switch::toggled, this,
-            [this](bool isOn) { m_model.setAutomaticUpdateChecks(isOn); });
-        m_updates->addRow(tr("Check for updates automatically"),
-            tr("Once a day. The menu says when there is one."), lever);
-    }
+    QWidget *row = m_updates->addRow(shown.sentence, runningLine() + checkedSuffix(m_model),
+        actions, Drawing::ofSymbol(16, shown.symbol, shown.tone));
+    const auto line =
+        status.lastCheckLine(Platform::current().clock().date(), QTimeZone::systemTimeZone());
+    row->setToolTip(line.value_or(QString()));
+    if (m_model.automaticUpdateChecks.value())
+        addAutomaticChecks();
+}
+
+void AboutPane::addAutomaticChecks()
+{
+    auto *lever = new Switch;
+    lever->setChecked(*m_model.automaticUpdateChecks.value());
+    connect(lever, &Switch::toggled, this,
+        [this](bool isOn) { m_model.setAutomaticUpdateChecks(isOn); });
+    m_updates->addRow(tr("Check for updates automatically"),
+        tr("Once a day. The menu says when there is one."), lever);
 }
 
 } // namespace corvane

@@ -16,8 +16,13 @@ public:
 private:
     void addProduct();
     void addData();
-    void addUpdates();
     void showUpdates();
+    void takeFocus();
+    void addUpdateStatus();
+    void addAutomaticChecks();
+    /// For a copy that others update.
+    void addKeeper(const QString &sentence, const QString &explanation, QWidget *control = nullptr);
+    void addPackage();
 
     AppModel &m_model;
     Card *m_updates = nullptr;

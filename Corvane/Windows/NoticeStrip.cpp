@@ -18,7 +18,7 @@ namespace corvane {
 using namespace Qt::StringLiterals;
 
 NoticeStrip::NoticeStrip(
-    Notice notice, std::function<void()> dismiss, std::function<void()> report, QWidget *parent)
+    Notice notice, std::function<void()> dismiss, std::function<void()> accept, QWidget *parent)
     : QWidget(parent)
     , m_notice(std::move(notice))
     , m_close(symbolButton(u"xmark"_s, &Board::Palette::muted, tr("Dismiss")))
@@ -36,8 +36,8 @@ NoticeStrip::NoticeStrip(
             [this] { Platform::current().session().reveal(*m_notice.reveal); });
         row->addWidget(show);
     }
-    if (m_notice.asksForReport)
-        row->addWidget(pushButton(tr("Report a Problem…"), this, std::move(report)));
+    if (const QString title = m_notice.offerTitle(); !title.isEmpty())
+        row->addWidget(pushButton(title, this, std::move(accept)));
     connect(m_close, &QToolButton::clicked, this, std::move(dismiss));
     row->addWidget(m_close);
 }

@@ -16,7 +16,7 @@ class NoticeStrip final : public QWidget
     Q_OBJECT
 
 public:
-    NoticeStrip(Notice notice, std::function<void()> dismiss, std::function<void()> report,
+    NoticeStrip(Notice notice, std::function<void()> dismiss, std::function<void()> accept,
         QWidget *parent = nullptr);
 
     [[nodiscard]] const Notice &notice() const { return m_notice; }

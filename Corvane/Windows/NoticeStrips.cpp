@@ -36,7 +36,7 @@ void NoticeStrips::show(const QList<Notice> &notices)
     for (const Notice &notice : notices) {
         auto *strip = new NoticeStrip(
             notice, [this, id = notice.id] { Q_EMIT dismissed(id); },
-            [this] { Q_EMIT reportAsked(); });
+            [this, offer = notice.offer] { Q_EMIT accepted(offer); });
         strips.addWidget(strip);
         strip->setVisible(true); // the focus may go to it at once
     }

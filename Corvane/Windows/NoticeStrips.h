@@ -25,7 +25,8 @@ public:
 
 Q_SIGNALS:
     void dismissed(const QString &id);
-    void reportAsked();
+    /// The user wants what a notice offers.
+    void accepted(corvane::Notice::Offer offer);
 
 private:
     int m_bound = 0;

@@ -10,6 +10,7 @@
 #include "NoticeStrips.h"
 #include "PaneHead.h"
 #include "SettingsRail.h"
+#include "SettingsUpdateResume.h"
 #include "ShortcutsPane.h"
 #include "StealSheet.h"
 #include "TremorLogPane.h"
@@ -94,6 +95,7 @@ SettingsWindow::SettingsWindow(AppModel &model, MenuTarget target)
 
 SettingsWindow::~SettingsWindow()
 {
+    SettingsUpdateResume::pane.clear();
     m_model.endRecording();
     if (m_model.pendingSteal.value())
         m_model.cancelSteal(); // its sheet goes, too
@@ -152,8 +154,12 @@ void SettingsWindow::build()
         if (!m_notices->takeFocus())
             m_rail->list().setFocus(Qt::OtherFocusReason);
     });
-    connect(
-        m_notices, &NoticeStrips::reportAsked, this, [this] { m_model.pendingReport = QString(); });
+    connect(m_notices, &NoticeStrips::accepted, this, [this](Notice::Offer offer) {
+        if (offer == Notice::Offer::openAgain)
+            m_model.onOpenAgain();
+        else
+            m_model.pendingReport = QString();
+    });
     column->addWidget(m_notices);
     m_stack = new QStackedWidget;
     column->addWidget(m_stack, 1);
@@ -222,6 +228,7 @@ void SettingsWindow::show(SettingsPane pane)
 {
     if (std::exchange(m_pane, pane) != pane)
         m_model.endRecording();
+    SettingsUpdateResume::pane = rawValue(pane);
     const bool isInPage = m_stack->isAncestorOf(focusWidget());
     m_stack->setCurrentWidget(&page(pane));
     m_rail->setCurrent(pane);

@@ -96,15 +96,17 @@ Sheet::Sheet(const QString &title, double width, QWidget *window)
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void Sheet::addHead(const QString &label, BoardText::Tone tone)
+BoardText *Sheet::addHead(const QString &label, BoardText::Tone tone)
 {
     auto *head = new QHBoxLayout;
     head->setSpacing(Board::length(8));
     head->addWidget(CorvaneMark::widget(16));
     head->addWidget(new BoardText(u"Corvane"_s, Board::Type::label, &Board::Palette::muted), 1);
-    head->addWidget(new BoardText(label, Board::Type::label, tone));
+    auto *about = new BoardText(label, Board::Type::label, tone);
+    head->addWidget(about);
     m_content->addLayout(head);
     m_content->addSpacing(Board::length(8));
+    return about;
 }
 
 BoardText *Sheet::headline(const QString &text)
@@ -124,10 +126,17 @@ QPushButton *Sheet::addButton(const QString &title, QDialogButtonBox::ButtonRole
     return button;
 }
 
-// One of them may be in the middle of being pressed.
+void Sheet::addButton(QAbstractButton *button, QDialogButtonBox::ButtonRole role)
+{
+    m_buttons->addButton(button, role);
+}
+
+// One of them may be in the middle of being pressed. One that has the focus would take it along, and
+// the sheet would not be active any more.
 void Sheet::clearButtons()
 {
     for (QAbstractButton *button : m_buttons->buttons()) {
+        button->hide();
         m_buttons->removeButton(button);
         button->deleteLater();
     }

@@ -25,10 +25,11 @@ public:
     [[nodiscard]] static BoardText *headline(const QString &text);
 
 protected:
-    /// The product's mark and name, and in capitals what this is about.
-    void addHead(const QString &label, BoardText::Tone tone = &Board::Palette::muted);
+    /// The product's mark and name, and in capitals what this is about, which is returned.
+    BoardText *addHead(const QString &label, BoardText::Tone tone = &Board::Palette::muted);
     [[nodiscard]] QVBoxLayout &content() { return *m_content; }
     QPushButton *addButton(const QString &title, QDialogButtonBox::ButtonRole role);
+    void addButton(QAbstractButton *button, QDialogButtonBox::ButtonRole role);
     void clearButtons();
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -2,10 +2,12 @@
 
 #include "BoardStyle.h"
 #include "DataFolder.h"
+#include "Identity.h"
 #include "Platform.h"
 #include "ReportSheet.h"
 #include "ReportWiring.h"
 #include "SettingsWindow.h"
+#include "UpdateSheet.h"
 
 #include <QtGui/QWindow>
 
@@ -71,14 +73,19 @@ WindowOpener::WindowOpener(AppModel &model, MenuTarget target)
         if (m_model.pendingReport.value())
             openReport();
     });
+    connect(&model, &AppModel::pendingUpdatePreviewChanged, this, [this] {
+        if (m_model.pendingUpdatePreview.value())
+            openUpdatePreview();
+    });
     connect(&model, &AppModel::lookChanged, this, [this] {
-        if (m_settings || m_tour.window() || m_reportSheet)
+        if (m_settings || m_tour.window() || m_reportSheet || m_updateSheet)
             BoardStyle::shared().setLook(m_model.look);
     });
 }
 
 WindowOpener::~WindowOpener()
 {
+    delete m_updateSheet;
     delete m_reportSheet;
     delete m_settings;
 }
@@ -121,13 +128,55 @@ void WindowOpener::openReport()
     const bool isNew = !m_reportSheet || m_reportSheet->isHidden(); // which goes soon
     if (isNew) {
         BoardStyle::shared().setLook(m_model.look);
-        // A window that is minimised would take the sheet with it.
-        const bool isAside = !m_settings || m_settings->isMinimized();
-        m_reportSheet = makeReportSheet(m_report, isAside ? nullptr : m_settings.data());
-        connect(m_reportSheet, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
-        m_reportSheet->open();
+        m_reportSheet = makeReportSheet(m_report, sheetParent());
+        open(*m_reportSheet);
     }
     bringForward(*m_reportSheet, isNew);
+}
+
+void WindowOpener::openUpdate(UpdateSession &session)
+{
+    if (m_updateSheet && &m_updateSheet->session() != &session)
+        m_updateSheet->close();
+    const bool isNew = !m_updateSheet || m_updateSheet->isHidden(); // which goes soon
+    if (isNew) {
+        BoardStyle::shared().setLook(m_model.look);
+        m_updateSheet = new UpdateSheet(session, sheetParent());
+        open(*m_updateSheet);
+    }
+    bringForward(*m_updateSheet, isNew);
+}
+
+void WindowOpener::closeUpdate()
+{
+    if (m_updateSheet)
+        m_updateSheet->dismiss();
+}
+
+void WindowOpener::openUpdatePreview()
+{
+    const auto preview = *m_model.pendingUpdatePreview.value();
+    m_model.pendingUpdatePreview = std::nullopt;
+    m_updatePreview.version = preview.version;
+    m_updatePreview.released = Platform::current().clock().date();
+    m_updatePreview.notesURL = QUrl(Identity::website);
+    m_updatePreview.notes = ReleaseNotes::parse(preview.notes.value_or(QByteArray()));
+    m_updatePreview.notesFailed = preview.notes && m_updatePreview.notes.value().isEmpty();
+    m_updatePreview.onInstall = [this] { closeUpdate(); };
+    m_updatePreview.stage = UpdateSession::Stage{UpdateSession::Stage::Found{}};
+    openUpdate(m_updatePreview);
+}
+
+// A window that is minimised would take the sheet with it.
+QWidget *WindowOpener::sheetParent() const
+{
+    return m_settings && !m_settings->isMinimized() ? m_settings.data() : nullptr;
+}
+
+void WindowOpener::open(Sheet &sheet)
+{
+    connect(&sheet, &QObject::destroyed, this, giveMemoryBack, Qt::QueuedConnection);
+    sheet.open();
 }
 
 void WindowOpener::bringForward(QWidget &window, bool isNew)

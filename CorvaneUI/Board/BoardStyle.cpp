@@ -255,17 +255,25 @@ void BoardStyle::drawComboBox(QPainter &painter, const QStyleOptionComplex &opti
     painter.restore();
 }
 
-void BoardStyle::drawProgress(QPainter &painter, const QStyleOption &option) const
+void BoardStyle::drawProgress(
+    QPainter &painter, const QStyleOption &option, const QWidget *widget) const
 {
     const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(&option);
-    if (!bar || bar->maximum <= bar->minimum)
+    if (!bar)
         return;
     const QRectF groove = middle(option.rect, Board::length(grooveHeight));
-    const double share = double(bar->progress - bar->minimum) / double(bar->maximum - bar->minimum);
     QRectF done = groove;
-    done.setWidth(groove.width() * std::clamp(share, 0.0, 1.0));
-    if (option.direction == Qt::RightToLeft)
-        done.moveRight(groove.right());
+    if (bar->maximum > bar->minimum) {
+        const double share =
+            double(bar->progress - bar->minimum) / double(bar->maximum - bar->minimum);
+        done.setWidth(groove.width() * std::clamp(share, 0.0, 1.0));
+        if (option.direction == Qt::RightToLeft)
+            done.moveRight(groove.right());
+    } else {
+        const QVariant at = widget ? widget->property(busyAt) : QVariant();
+        done.setWidth(groove.width() / 3);
+        done.translate((groove.width() - done.width()) * (at.isValid() ? at.toDouble() : 0.5), 0);
+    }
     fillRounded(painter, done, groove.height() / 2, colors().accent);
 }
 
@@ -314,7 +322,7 @@ void BoardStyle::drawControl(ControlElement element, const QStyleOption *option,
         return fillRounded(*painter, middle(option->rect, Board::length(grooveHeight)),
             Board::length(grooveHeight) / 2.0, colors().edge);
     case CE_ProgressBarContents:
-        return drawProgress(*painter, *option);
+        return drawProgress(*painter, *option, widget);
     case CE_ProgressBarLabel:
         return;
     default:

@@ -50,6 +50,8 @@ public:
 
     /// A property of fields: what stands in it was refused.
     static constexpr const char *wrongInput = "wrongInput";
+    /// A property of progress bars without an end: where the part that moves is, from 0 to 1.
+    static constexpr const char *busyAt = "busyAt";
 
 Q_SIGNALS:
     void lookChanged();
@@ -66,7 +68,7 @@ private:
     void drawSlider(QPainter &painter, const QStyleOptionComplex &option) const;
     void drawScrollBar(QPainter &painter, const QStyleOptionComplex &option) const;
     void drawComboBox(QPainter &painter, const QStyleOptionComplex &option) const;
-    void drawProgress(QPainter &painter, const QStyleOption &option) const;
+    void drawProgress(QPainter &painter, const QStyleOption &option, const QWidget *widget) const;
     [[nodiscard]] QColor edgeOf(const QStyleOption &option) const;
 
     DesktopLook m_look;

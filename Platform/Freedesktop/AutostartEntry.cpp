@@ -26,22 +26,6 @@ bool isSwitchedOff(const KeyFile &entry)
     });
 }
 
-/// Quoted as an argument, then escaped as every text of a key file.
-QByteArray execValue(const QString &program)
-{
-    // GLib looks for the first word as it stands, with its percent signs still doubled.
-    QByteArray argument = program.contains(u'%') ? "env \"" : "\"";
-    for (const char byte : program.toUtf8()) {
-        if (QByteArrayView("\"`$\\").contains(byte))
-            argument += '\\';
-        argument += byte;
-        if (byte == '%')
-            argument += '%';
-    }
-    argument += '"';
-    return argument.replace('\\', "\\\\").replace('\n', "\\n");
-}
-
 QByteArray contents(const QString &program)
 {
     return "[Desktop Entry]\n"
@@ -50,7 +34,7 @@ QByteArray contents(const QString &program)
            "Comment=Put windows exactly where you want them\n"
            "Icon=app.corvane.Corvane\n"
            "Exec="
-        + execValue(program)
+        + execValue(program.toUtf8())
         + "\n"
           "Terminal=false\n"
           "StartupNotify=false\n"

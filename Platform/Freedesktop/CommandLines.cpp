@@ -82,6 +82,25 @@ QByteArrayList commandLine(const DesktopEntry &entry)
     return command;
 }
 
+QByteArray quotedWord(const QByteArray &word)
+{
+    QByteArray quoted = "\"";
+    for (const char byte : word) {
+        if (QByteArrayView("\"`$\\").contains(byte))
+            quoted += '\\';
+        quoted += byte;
+    }
+    quoted += '"';
+    return quoted.replace('\\', "\\\\").replace('\n', "\\n");
+}
+
+QByteArray execValue(const QByteArray &program)
+{
+    // GLib looks for the first word as it stands, with its percent signs still doubled.
+    const QByteArray prefix = program.contains('%') ? "env " : "";
+    return prefix + quotedWord(QByteArray(program).replace('%', "%%"));
+}
+
 QByteArrayList terminalCommandLine(const QByteArrayList &command)
 {
     for (const QByteArray &terminal :

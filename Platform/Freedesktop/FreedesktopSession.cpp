@@ -2,6 +2,7 @@
 
 #include "AutostartEntry.h"
 #include "BusCall.h"
+#include "InstallRecord.h"
 #include "Spawn.h"
 
 #include <QtCore/QCoreApplication>
@@ -21,7 +22,7 @@ AutostartEntry autostartEntry()
 {
     const QString settings =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return {settings + u"/autostart"_s, QCoreApplication::applicationFilePath()};
+    return {settings + u"/autostart"_s, ownProgram()};
 }
 
 } // namespace

@@ -39,4 +39,9 @@ void ProcessHandle::terminate() const
     syscall(SYS_pidfd_send_signal, m_descriptor, SIGTERM, nullptr, 0);
 }
 
+void ProcessHandle::kill() const
+{
+    syscall(SYS_pidfd_send_signal, m_descriptor, SIGKILL, nullptr, 0);
+}
+
 } // namespace corvane::freedesktop

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] bool hasEnded() const;
     /// Asks it to end, as a session does that ends.
     void terminate() const;
+    /// Ends it, whatever it is doing.
+    void kill() const;
 
 Q_SIGNALS:
     /// The process has ended. Sent once; nothing polls for it.

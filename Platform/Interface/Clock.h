@@ -23,6 +23,9 @@ public:
     virtual void sleep(Duration duration) = 0;
     /// Runs `action` on the main thread once `duration` has passed, unless `context` is gone by then.
     virtual void after(Duration duration, QObject *context, std::function<void()> action) = 0;
+    /// The same once the date has come, by the clock that people set, and also where the computer slept
+    /// meanwhile.
+    virtual void at(const QDateTime &date, QObject *context, std::function<void()> action) = 0;
 };
 
 } // namespace corvane

@@ -27,4 +27,9 @@ void SystemClock::after(Duration duration, QObject *context, std::function<void(
     QTimer::singleShot(duration, context, std::move(action));
 }
 
+void SystemClock::at(const QDateTime &date, QObject *context, std::function<void()> action)
+{
+    after(Duration(qMax(this->date().msecsTo(date), qint64(0))), context, std::move(action));
+}
+
 } // namespace corvane

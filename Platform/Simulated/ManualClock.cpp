@@ -27,6 +27,11 @@ void ManualClock::after(Duration duration, QObject *context, std::function<void(
     m_entries.emplace(m_now + duration, Entry{context, std::move(action)});
 }
 
+void ManualClock::at(const QDateTime &date, QObject *context, std::function<void()> action)
+{
+    after(Duration(this->date().msecsTo(date)), context, std::move(action));
+}
+
 void ManualClock::advance(Duration duration)
 {
     const Duration end = m_now + duration;

@@ -18,6 +18,7 @@ public:
     /// falls due meanwhile runs at the next `advance`.
     void sleep(Duration duration) override;
     void after(Duration duration, QObject *context, std::function<void()> action) override;
+    void at(const QDateTime &date, QObject *context, std::function<void()> action) override;
 
     /// Moves on and runs, in the order of their times, the actions that fall due on the way, those
     /// that they add included.

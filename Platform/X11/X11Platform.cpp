@@ -1,7 +1,7 @@
 #include "X11Platform.h"
 
 #include "Platform.h"
-#include "SystemClock.h"
+#include "WallClock.h"
 #include "X11Applications.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
@@ -85,7 +85,7 @@ public:
 private:
     std::unique_ptr<Connection> m_connection;
     QString m_obstacle;
-    SystemClock m_clock;
+    freedesktop::WallClock m_clock;
     X11Session m_session;
     X11OwnWindows m_ownWindows;
     WindowManagerLink m_windowManager;

@@ -105,7 +105,10 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
         {u"--tour-page 6"_s, {}, "has 5, counted from 1", 2},
         {u"--report gap"_s, {}, "", 0},
         {u"--pop-menu"_s, {}, "menu", 0},
-        {u"--check-for-updates"_s, {}, "update check", 0},
+        {u"--check-for-updates"_s, {}, "built from source", 1},
+        {u"--preview-update-window 1.3 --preview-notes /none"_s, {}, "/none", 2},
+        {u"--preview-update-window 1.3"_s, {}, "", 0},
+        {u"--preview-update-available 1.3 --preview-newer 1.4"_s, {}, "", 0},
     };
     for (const auto &[arguments, pane, said, status] : requests) {
         model.pendingPane = QString();
@@ -122,6 +125,10 @@ TEST_F(CommandsTests, flagsOfTheSettingsBecomeRequestsOfTheModel)
     EXPECT_EQ(model.pendingPaneIndex.value(), 0);
     EXPECT_TRUE(model.pendingAppPicker.value());
     EXPECT_EQ(model.pendingActivation, u"token");
+    EXPECT_EQ(model.pendingUpdatePreview.value(), ViewState::UpdatePreview{u"1.3"_s});
+    EXPECT_EQ(model.updateStatus.value().statusLine(), u"v1.3 is available."_s);
+    desk.settle(std::chrono::seconds(3));
+    EXPECT_EQ(model.updateStatus.value().statusLine(), u"v1.4 is available."_s);
 }
 
 TEST_F(CommandsTests, theSampleOfAnEditIsSeenButNeverWritten)

@@ -1,4 +1,3 @@
-#include "AppIcons.h"
 #include "DisplayCard.h"
 #include "LayoutList.h"
 #include "LayoutPicture.h"
@@ -69,7 +68,6 @@ struct DrawingBoard : QObject {
         }
         window->setVisible(true);
         shown->installEventFilter(this);
-        connect(&AppIcons::shared(), &AppIcons::loaded, this, [this] { haveIconsCome = true; });
         settle();
     }
 
@@ -148,7 +146,6 @@ struct DrawingBoard : QObject {
     std::unique_ptr<QWidget> window;
     LayoutPicture *shown = nullptr;
     QRegion painted;
-    bool haveIconsCome = false; ///< in the place of letters; on a busy computer, late
     bool isGrabbing = false;
 };
 
@@ -196,8 +193,8 @@ void checkPainting(
             isWhole &= mask.constScanLine(y)[x] != 0 || isSame(y, x, x + 1);
         RC_ASSERT(isWhole);
     }
-    if (board.picture().currentEdge() || board.haveIconsCome)
-        return; // marks of an edge lie over panes
+    if (board.picture().currentEdge())
+        return; // its marks lie over panes
     for (const Pane &pane : board.picture().shown().panes) {
         const QRect rect = board.picture().scene().rectOf(pane).toRect().adjusted(12, 12, -12, -12);
         bool isAsBefore = panes.contains(pane) && !rect.isEmpty();
@@ -254,7 +251,6 @@ bool pressAnyKey(DrawingBoard &board)
     const QImage before = isLooked ? board.image() : QImage();
     const QList<Pane> panes = board.picture().shown().panes;
     board.painted = {};
-    board.haveIconsCome = false;
     if (key != Qt::Key_Return || board.picture().currentEdge() || !board.picture().currentPane())
         board.press(key, modifiers);
     if (isLooked)

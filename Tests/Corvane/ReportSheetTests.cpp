@@ -342,7 +342,8 @@ TEST(ReportOpeningTests, aRequestOpensOneSheetInFrontOverTheSettingsAndGoesOnWit
         }
         return found;
     };
-    model.post({.id = u"crash"_s, .text = u"It ended."_s, .reveal = {}, .asksForReport = true});
+    model.post(
+        {.id = u"crash"_s, .text = u"It ended."_s, .reveal = {}, .offer = Notice::Offer::report});
     model.pendingPane = u"general"_s;
     QApplication::processEvents();
     QWidget *settings = nullptr;

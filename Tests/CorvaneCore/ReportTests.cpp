@@ -1,7 +1,7 @@
 #include "ProblemReport.h"
 #include "Redaction.h"
-#include "ReportAddress.h"
 #include "ReportAnswer.h"
+#include "ServerAddress.h"
 #include "StoreFolder.h"
 
 #include <QtCore/QRegularExpression>

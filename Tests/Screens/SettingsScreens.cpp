@@ -12,6 +12,7 @@
 #include "SettingsWindow.h"
 #include "StealSheet.h"
 #include "TourScreens.h"
+#include "UpdateScreens.h"
 
 #include <QtCore/QDir>
 #include <QtGui/QKeyEvent>
@@ -291,20 +292,8 @@ void SettingsScreens::draw(AppModel &model) const
     shoot(*window.findChild<StealSheet *>(), u"steal"_s);
     model.cancelSteal();
     model.endRecording();
-    model.onCheckForUpdatesNow = model.onInstallUpdate = [] {};
-    model.automaticUpdateChecks = true;
-    UpdateStatus checking;
-    checking.checking = true;
-    UpdateStatus failed;
-    failed.failed = true;
-    UpdateStatus available;
-    available.availability = {UpdateAvailability::Available{u"1.3.0"_s}};
-    available.lastChecked = QDateTime(QDate(2026, 11, 20), QTime(9, 12));
-    for (const UpdateStatus &status : {checking, failed, available}) {
-        model.updateStatus = status;
-        window.show(SettingsPane::about);
-        shoot(window, u"update%1%2"_s.arg(int(status.checking)).arg(int(status.failed)));
-    }
+    drawUpdateStates(
+        window, model, [this](QWidget &shown, const QString &what) { shoot(shown, what); });
     model.accessibilityTrusted = false;
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
     model.loginItemNote = u"Your desktop is waiting for you to allow Corvane."_s;
@@ -312,7 +301,7 @@ void SettingsScreens::draw(AppModel &model) const
     model.post({.id = u"crash"_s,
         .text = u"Corvane ended without being asked to."_s,
         .reveal = {},
-        .asksForReport = true});
+        .offer = Notice::Offer::report});
     model.post({u"save-failed"_s,
         u"Corvane could not save to ~/.local/share/Corvane/settings.json: The disk is full. "
         "Changes work until Corvane quits."_s,
@@ -488,6 +477,7 @@ int main(int argc, char **argv)
         screens.drawOverlay();
         screens.drawPicker(desk, model);
         drawReports(shoot);
+        drawUpdates(shoot);
     }
     for (auto failure = failures.cbegin(); failure != failures.cend(); ++failure)
         std::fprintf(stderr, "%s (%s)\n", qUtf8Printable(failure.key()), qUtf8Printable(*failure));

@@ -1,41 +1,16 @@
 #include "ReportForm.h"
 
-#include "BoardStyle.h"
 #include "BoardText.h"
-#include "DevicePixels.h"
 #include "Disclosure.h"
 #include "ReportContentsList.h"
 #include "Sheet.h"
+#include "Well.h"
 
-#include <QtGui/QPainter>
 #include <QtWidgets/QVBoxLayout>
 
 namespace corvane {
 
 namespace {
-
-/// The outline of a field, round something that scrolls; where the ring of the focus stands, too.
-class Well final : public QWidget
-{
-public:
-    Well(QAbstractScrollArea *area, double height)
-    {
-        auto *column = new QVBoxLayout(this);
-        column->setContentsMargins(3, 3, 3, 3);
-        area->setFixedHeight(Board::length(height));
-        area->setFrameShape(QFrame::NoFrame);
-        area->viewport()->setAutoFillBackground(false);
-        column->addWidget(area);
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        const Board::Palette &palette = BoardStyle::shared().colors();
-        QPainter painter(this);
-        drawField(painter, rect(), Board::length(7), palette.control, palette.edge);
-    }
-};
 
 QString whatGoes(ReportGoal goal)
 {

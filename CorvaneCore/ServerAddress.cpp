@@ -1,4 +1,6 @@
-#include "ReportAddress.h"
+#include "ServerAddress.h"
+
+#include "Identity.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -15,12 +17,24 @@ bool isOnThisComputer(const QUrl &address)
     return isWeb && loopback.match(address.host()).hasMatch();
 }
 
+/// What the variable names, if that is on this computer.
+QUrl testAddress(const char *variable, const QUrl &otherwise)
+{
+    const QUrl test(qEnvironmentVariable(variable), QUrl::StrictMode);
+    return isOnThisComputer(test) ? test : otherwise;
+}
+
 } // namespace
 
 QUrl reportAddress()
 {
-    const QUrl test(qEnvironmentVariable("CORVANE_REPORT_TEST_ADDRESS"), QUrl::StrictMode);
-    return isOnThisComputer(test) ? test : QUrl(QStringLiteral(CORVANE_REPORT_ADDRESS));
+    return testAddress("CORVANE_REPORT_TEST_ADDRESS", QUrl(QStringLiteral(CORVANE_REPORT_ADDRESS)));
+}
+
+QUrl updateFeedAddress()
+{
+    return testAddress(
+        "CORVANE_UPDATE_TEST_FEED", QUrl(Identity::website + u"/updates/stable.json"_s));
 }
 
 bool isPrivateAddress(const QUrl &address)
