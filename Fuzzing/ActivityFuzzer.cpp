@@ -1,10 +1,9 @@
 #include "ActivityLog.h"
 #include "JsonRecord.h"
+#include "Require.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
-
-#include <cstdlib>
 
 using namespace corvane;
 using namespace Qt::StringLiterals;
@@ -13,12 +12,6 @@ namespace {
 
 constexpr int days = 30;
 const QDateTime now = QDateTime::fromString(u"2026-03-01T12:00:00Z"_s, Qt::ISODate);
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// The readable entries of a file, the plain way.
 QList<ActivityEntry> entriesOf(const QByteArray &file)

@@ -1,19 +1,9 @@
+#include "Require.h"
 #include "WindowLayout.h"
 
 #include <cmath>
-#include <cstdlib>
 
 using namespace corvane;
-
-namespace {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {

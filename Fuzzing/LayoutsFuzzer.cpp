@@ -1,21 +1,14 @@
 #include "Decoding.h"
+#include "Require.h"
 #include "WindowLayout.h"
 
 #include <QtCore/QJsonDocument>
-
-#include <cstdlib>
 
 using namespace corvane;
 
 namespace {
 
 using Layouts = LossyArray<WindowLayout>;
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 QJsonValue parsed(const QByteArray &file)
 {

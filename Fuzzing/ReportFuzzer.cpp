@@ -1,18 +1,11 @@
 #include "Redaction.h"
 #include "ReportAnswer.h"
-
-#include <cstdlib>
+#include "Require.h"
 
 using namespace corvane;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Whether the name stands there as a word of its own.
 bool names(const QString &text, const QString &name)

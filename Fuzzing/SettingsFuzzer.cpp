@@ -1,19 +1,8 @@
+#include "Require.h"
 #include "Settings.h"
 #include "StoredJson.h"
 
-#include <cstdlib>
-
 using namespace corvane;
-
-namespace {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {

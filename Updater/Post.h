@@ -1,24 +1,13 @@
 #pragma once
 
-#include "ReportAnswer.h"
-
-#include <QtCore/QTimer>
-#include <QtNetwork/QNetworkAccessManager>
-#include <QtNetwork/QNetworkReply>
-
-#include <chrono>
-#include <functional>
-#include <memory>
+#include "Transfer.h"
 
 namespace corvane {
 
-/// Sends one document to a server, and hands over what it answers. Only by https, unless the server is
-/// this very computer, and only to the address that was asked for: no redirect is followed. Nothing is
-/// kept of it, and the server learns no more of this computer than the program's version.
-class Post final : public QObject
+/// Sends one document to a server, and hands over what it answers. It goes only to the address that was
+/// asked for: no redirection is followed.
+class Post final
 {
-    Q_OBJECT
-
 public:
     struct Limits {
         std::chrono::milliseconds silence = std::chrono::seconds(15);
@@ -35,17 +24,9 @@ public:
         const QUrl &address, const QByteArray &document, std::function<void(const Answer &)> onEnd);
 
 private:
-    void read();
-    void finish();
-    [[nodiscard]] Answer answer() const;
-    void stop(SendProblem problem);
-
-    Limits m_limits;
-    QNetworkAccessManager m_manager;
-    std::unique_ptr<QNetworkReply> m_reply;
+    qsizetype m_longest;
+    Transfer m_transfer;
     QByteArray m_body;
-    std::optional<SendProblem> m_stopped; ///< why this side gave up
-    QTimer m_deadline;
     std::function<void(const Answer &)> m_onEnd;
 };
 

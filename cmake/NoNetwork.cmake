@@ -1,7 +1,7 @@
-# Fails when PROGRAM needs the library that opens network connections: only helpers may.
+# Fails when PROGRAM needs a library for what comes over the network: only helpers may.
 execute_process(COMMAND ${READELF} --dynamic ${PROGRAM}
     OUTPUT_VARIABLE needed COMMAND_ERROR_IS_FATAL ANY)
-if(needed MATCHES "libQt6Network")
+if(needed MATCHES "libQt6Network|libsodium|libarchive")
     file(REMOVE ${PROGRAM})
-    message(FATAL_ERROR "The program that stays must not be able to open a network connection")
+    message(FATAL_ERROR "The program that stays must leave to helpers what comes over the network")
 endif()

@@ -1,11 +1,7 @@
 #include "Post.h"
-#include "TestServer.h"
+#include "SecureServer.h"
 
 #include <QtCore/QEventLoop>
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
-#include <QtNetwork/QSslConfiguration>
 
 #include <gmock/gmock.h>
 
@@ -38,44 +34,12 @@ std::optional<SendProblem> problem(const Post::Answer &answer)
     return answer ? std::nullopt : std::optional(answer.error().problem);
 }
 
-/// With a certificate that is made for this run.
-class SecureServer final
-{
-public:
-    SecureServer()
-    {
-        QProcess openssl;
-        openssl.setWorkingDirectory(m_folder.path());
-        openssl.start(QStringLiteral(CORVANE_OPENSSL),
-            u"req -x509 -newkey rsa:2048 -nodes -days 1 -subj /CN=127.0.0.1 -addext "
-            "subjectAltName=IP:127.0.0.1 -keyout key -out certificate"_s.split(u' '));
-        openssl.waitForFinished();
-        QFile key(m_folder.filePath(u"key"_s));
-        EXPECT_TRUE(key.open(QFile::ReadOnly));
-        QSslConfiguration configuration;
-        configuration.setLocalCertificate(certificate());
-        configuration.setPrivateKey(QSslKey(&key, QSsl::Rsa));
-        auto server = std::make_unique<QSslServer>();
-        server->setSslConfiguration(configuration);
-        m_server = std::make_unique<TestServer>(goodAnswer, Then::close, std::move(server));
-    }
-
-    [[nodiscard]] QSslCertificate certificate() const
-    {
-        return QSslCertificate::fromPath(m_folder.filePath(u"certificate"_s)).value(0);
-    }
-    [[nodiscard]] const TestServer &server() const { return *m_server; }
-
-private:
-    QTemporaryDir m_folder;
-    std::unique_ptr<TestServer> m_server;
-};
-
 } // namespace
 
 TEST(PostTests, theServerGetsTheDocumentAndLearnsNoMoreThanTheVersion)
 {
-    const TestServer server(httpAnswer("200 OK", "thanks", "Set-Cookie: a=b\r\n"));
+    const TestServer server(
+        httpAnswer("200 OK", "thanks", "Set-Cookie: a=b\r\nContent-Encoding: gzip\r\n"));
 
     EXPECT_EQ(post(server.address()), Post::Answer("thanks"));
     ASSERT_EQ(server.requests.size(), 1);
@@ -146,12 +110,8 @@ TEST(PostTests, onlyAServerWhoseCertificateIsTrustedGetsTheDocument)
 
     EXPECT_EQ(problem(post(address)), SendProblem::untrusted);
     EXPECT_TRUE(secure.server().requests.isEmpty());
-    const auto before = QSslConfiguration::defaultConfiguration();
-    auto trusting = before;
-    trusting.addCaCertificate(secure.certificate());
-    QSslConfiguration::setDefaultConfiguration(trusting);
+    const Trust trust(secure.certificate());
     EXPECT_TRUE(post(address).has_value());
-    QSslConfiguration::setDefaultConfiguration(before);
 }
 
 } // namespace corvane

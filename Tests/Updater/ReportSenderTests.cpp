@@ -123,10 +123,3 @@ TEST_F(ReportSenderTests, theHelperEndsWithTheProgramAndSendsNoHalfADocument)
 }
 
 } // namespace corvane
-
-int main(int argc, char **argv)
-{
-    const QCoreApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -2,22 +2,24 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtNetwork/QSslCertificate>
 #include <QtNetwork/QSslKey>
 #include <QtNetwork/QSslServer>
 
+#include <map>
 #include <memory>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-/// A server on this computer that answers every request with the same bytes, however wrong.
+/// A server on this computer that answers every request with given bytes, however wrong.
 class TestServer final : public QObject
 {
 public:
-    enum class Then { close, stay };
+    enum class Then { close, stay, drip };
 
     explicit TestServer(const QByteArray &answer, Then then = Then::close,
         std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>())
@@ -42,7 +44,9 @@ public:
         return !requests.isEmpty();
     }
 
+    std::map<QByteArray, QByteArray> answers; ///< by path; the given bytes for every other
     QByteArrayList requests; ///< whole ones
+    QByteArrayList firstAnswers; ///< to the first requests, one to each
 
 private:
     void serve(QTcpSocket &socket)
@@ -54,13 +58,31 @@ private:
             if (head < 0 || request.size() < head + 4 + request.mid(length + 16, 9).toInt())
                 return;
             requests << std::exchange(request, {});
-            socket.write(m_answer);
+            socket.write(answerTo(requests.last().split(' ').value(1)));
             socket.flush(); // for its end to come right behind
             if (m_then == Then::close)
                 socket.disconnectFromHost();
+            if (m_then == Then::drip)
+                drip(socket);
         };
         connect(&socket, &QTcpSocket::readyRead, this, read);
         connect(&socket, &QTcpSocket::disconnected, &socket, &QObject::deleteLater);
+    }
+
+    [[nodiscard]] QByteArray answerTo(const QByteArray &path)
+    {
+        if (!firstAnswers.isEmpty())
+            return firstAnswers.takeFirst();
+        const auto known = answers.find(path);
+        return known == answers.end() ? m_answer : known->second;
+    }
+
+    /// A byte now and then, without an end.
+    static void drip(QTcpSocket &socket)
+    {
+        auto *const timer = new QTimer(&socket);
+        timer->callOnTimeout(&socket, [&socket] { socket.write("x"); });
+        timer->start(std::chrono::milliseconds(1));
     }
 
     QByteArray m_answer;

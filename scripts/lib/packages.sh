@@ -3,21 +3,23 @@
 packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
     qt6-l10n-tools qt6-tools-dev libglib2.0-dev
     libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-sync-dev libxcb-xkb-dev libxkbcommon-dev
-    libexpected-dev qcoro-qt6-dev"
+    libarchive-dev libexpected-dev libsodium-dev qcoro-qt6-dev"
 
 packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-icccm4-dev libxcb-xtest0-dev openbox x11-utils
     x11-xkb-utils x11-xserver-utils xauth xserver-xorg-core xserver-xorg-video-dummy xterm fonts-dejavu-core
     gtk-3-examples librsvg2-common"
 
 packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
-    linguist-qt6 openssl"
+    linguist-qt6 openssl python3 strace zstd"
 
-packages_test="$packages_unit_test at-spi2-core git clang-format strace mold xwayland fluxbox i3-wm icewm kwin-x11
+packages_test="$packages_unit_test at-spi2-core git clang-format mold xwayland fluxbox i3-wm icewm kwin-x11
     marco mate-settings-daemon-common metacity mutter tk x11-apps xfce4-panel xfwm4"
 
 packages_fuzz="clang libclang-rt-dev"
 
 packages_package="lintian"
+
+packages_release="openssl patchelf python3 qt6-base-dev-tools qt6-translations-l10n zstd"
 
 packages_bench="libbenchmark-dev libgtest-dev sxhkd wmctrl"
 
