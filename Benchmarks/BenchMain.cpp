@@ -10,6 +10,7 @@
 #include "SettingsBenchmark.h"
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
+#include "UpdateBenchmark.h"
 
 #include "Pager.h"
 #include "TestClient.h"
@@ -35,6 +36,7 @@ struct Effort {
     int starts = 20;
     int openings = 50;
     int layoutRounds = 11;
+    int checks = 1000;
     std::chrono::seconds idle{10};
     QString only{}; ///< part of the titles of those to be run
 };
@@ -44,7 +46,7 @@ struct Benchmark {
     std::function<Measurements()> measure;
 };
 
-const Effort quick{100, 8, 20, 3, std::chrono::seconds(3)};
+const Effort quick{100, 8, 20, 3, 100, std::chrono::seconds(3)};
 
 int fail(Status status, const QString &sentence)
 {
@@ -86,6 +88,8 @@ QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const 
             [&] { return measurePicker(desktop, effort.starts); }},
         {u"Report sheet, opened %1 times"_s.arg(effort.starts),
             [&] { return measureReportSheet(desktop, effort.starts); }},
+        {u"Updates, %1 of them"_s.arg(effort.starts),
+            [&] { return measureUpdates(desktop, effort.starts, effort.checks); }},
         {u"Layouts pane, an edge dragged %1 times"_s.arg(effort.rounds),
             [&] { return measureEditor(desktop, effort.rounds); }},
         {u"Key press to the window's new frame on openbox, %1 presses each"_s.arg(effort.rounds),
