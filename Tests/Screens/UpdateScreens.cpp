@@ -4,6 +4,7 @@
 #include "SettingsWindow.h"
 #include "UpdateSheet.h"
 
+#include <QtCore/QTimeZone>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
@@ -32,7 +33,7 @@ void drawUpdates(const Shoot &shoot)
 {
     UpdateSession session;
     session.version = u"1.3.0"_s;
-    session.released = QDateTime(QDate(2023, 11, 20), QTime(17, 0), Qt::UTC);
+    session.released = QDateTime(QDate(2023, 11, 20), QTime(17, 0), QTimeZone::utc());
     auto *sheet = new UpdateSheet(session, nullptr);
     sheet->setVisible(true);
     shoot(*sheet, u"update-checking"_s);

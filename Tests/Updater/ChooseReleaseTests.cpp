@@ -1,5 +1,7 @@
 #include "ChooseRelease.h"
 
+#include <QtCore/QTimeZone>
+
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -10,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QDateTime start({2026, 3, 1}, {}, Qt::UTC);
+const QDateTime start({2026, 3, 1}, {}, QTimeZone::utc());
 const RunningCopy running{10, u"linux"_s, u"x86_64"_s, {2, 36}, {}, 0};
 
 Artefact artefact(const QString &glibc, const QString &os = u"linux"_s)

@@ -1,6 +1,7 @@
 #include "FeedDraft.h"
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -69,7 +70,7 @@ TEST_F(FeedTests, fieldsOfLaterVersionsAreNoHindrance)
     ASSERT_TRUE(read);
     EXPECT_TRUE(read->entries.first().critical);
     EXPECT_EQ(read->entries.first().rollout,
-        (Rollout{QDateTime({2026, 3, 2}, {}, Qt::UTC), std::chrono::days(1)}));
+        (Rollout{QDateTime({2026, 3, 2}, {}, QTimeZone::utc()), std::chrono::days(1)}));
 }
 
 TEST_F(FeedTests, whoHasOldKeysFindsTheReleaseThatBringsTheNew)
@@ -160,7 +161,7 @@ TEST_F(FeedTests, aSignedDocumentIsGoodAsAWholeOrNotAtAll)
 TEST(KnownTimeTests, aFeedIsBelievedWhileItIsFreshWhateverTheClockSays)
 {
     const auto day = [](double number) {
-        return QDateTime({2026, 3, 1}, {}, Qt::UTC).addSecs(qint64(86400 * number));
+        return QDateTime({2026, 3, 1}, {}, QTimeZone::utc()).addSecs(qint64(86400 * number));
     };
     constexpr double never = -9999;
     const struct {
