@@ -27,6 +27,15 @@ public:
     /// Forgets the registration; an unknown `id` is no error.
     virtual void unregisterHotKey(quint32 id) = 0;
 
+    /// Who else holds the combination, in words for the user, such as "the command “exec foot” of sway".
+    /// Empty where nobody does, or the desktop does not tell.
+    [[nodiscard]] virtual QString holder(quint16 keyCode, quint32 modifiers)
+    {
+        Q_UNUSED(keyCode)
+        Q_UNUSED(modifiers)
+        return {};
+    }
+
     /// What this keyboard prints on the key: a letter or a sign of the Latin script, as its first layout
     /// has it. Empty where that is none, or unknown.
     [[nodiscard]] virtual QString label(quint16 keyCode) = 0;

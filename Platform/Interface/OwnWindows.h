@@ -39,6 +39,9 @@ public:
     /// user sees. `token` is the permission that whoever asked for the window passed on; it may be
     /// empty.
     virtual void bringForward(quint64 window, const QString &token) = 0;
+    /// Whether the desktop tells where the pointer and the program's icon are, lets windows choose their
+    /// place, and menus hold the pointer. Where it does not, `setOverlay` puts a menu in its place.
+    [[nodiscard]] virtual bool knowsPlaces() { return true; }
     /// Takes the pointer for this window, as an open menu needs it. False while another program holds
     /// it; true where nobody can tell.
     [[nodiscard]] virtual bool takePointer(quint64 window) = 0;

@@ -49,6 +49,9 @@ public:
     /// Why windows cannot be moved now, as one sentence for the user; empty while they can.
     [[nodiscard]] virtual QString distrustReason() = 0;
     virtual void setMessagingTimeout(double seconds) = 0;
+    /// Whether windows that the desktop's own layout places stay where they are, or leave it for a
+    /// move. Where the desktop lets them not leave it, they stay.
+    virtual void setTiledWindowsStay(bool) { }
 
     /// The window that has the focus. None while a panel or the desktop itself has it.
     [[nodiscard]] virtual Focused focusedWindow() = 0;

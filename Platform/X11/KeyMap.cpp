@@ -1,11 +1,11 @@
 #include "KeyMap.h"
 
+#include "KeyLabel.h"
 #include "PhysicalKey.h"
 
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 namespace corvane::x11 {
@@ -25,36 +25,6 @@ struct Keysyms {
         return {xcb_get_keyboard_mapping_keysyms(mapping.get()) + at, size_t(perKey)};
     }
 };
-
-/// Keys that type nothing by themselves bear the accent that they put on the next letter.
-struct DeadKey {
-    xcb_keysym_t keysym;
-    char16_t accent;
-};
-
-constexpr std::array deadKeys{
-    DeadKey{XKB_KEY_dead_grave, u'`'},
-    DeadKey{XKB_KEY_dead_acute, u'\u00b4'},
-    DeadKey{XKB_KEY_dead_circumflex, u'^'},
-    DeadKey{XKB_KEY_dead_tilde, u'~'},
-    DeadKey{XKB_KEY_dead_diaeresis, u'\u00a8'},
-    DeadKey{XKB_KEY_dead_cedilla, u'\u00b8'},
-    DeadKey{XKB_KEY_dead_abovering, u'\u02da'},
-    DeadKey{XKB_KEY_dead_caron, u'\u02c7'},
-};
-
-char32_t characterOf(xcb_keysym_t keysym)
-{
-    const auto *const dead = std::ranges::find(deadKeys, keysym, &DeadKey::keysym);
-    return dead == deadKeys.end() ? xkb_keysym_to_utf32(keysym) : dead->accent;
-}
-
-bool isPrintedInLatin(char32_t character)
-{
-    const QChar::Script script = QChar::script(character);
-    return QChar::isPrint(character) && !QChar::isSpace(character)
-        && (script == QChar::Script_Latin || script == QChar::Script_Common);
-}
 
 std::optional<Keysyms> readKeysyms(Connection &connection, xcb_keycode_t first, uint8_t count)
 {
@@ -121,12 +91,7 @@ QString labelOf(Connection &connection, xcb_keycode_t keycode)
     const auto keysyms = readKeysyms(connection, keycode, 1);
     if (!keysyms || keysyms->of(keycode).empty())
         return {};
-    const char32_t character = characterOf(keysyms->of(keycode).front());
-    if (!isPrintedInLatin(character))
-        return {};
-    const QString typed = QString::fromUcs4(&character, 1);
-    const QString capital = typed.toUpper();
-    return capital.size() == typed.size() ? capital : typed; // German has a key for ß
+    return keyLabel(keysyms->of(keycode).front());
 }
 
 } // namespace corvane::x11

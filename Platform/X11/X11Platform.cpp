@@ -2,6 +2,7 @@
 
 #include "Platform.h"
 #include "WallClock.h"
+#include "WaylandListener.h"
 #include "X11Applications.h"
 #include "X11Displays.h"
 #include "X11HotKeys.h"
@@ -19,11 +20,13 @@ namespace {
 
 QString waylandSentence()
 {
-    const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    const auto compositor = freedesktop::waylandListener();
+    const QString name = compositor ? compositor->name : QString();
     return QCoreApplication::translate("corvane::X11Platform",
-        "This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts "
-        "yet; it works in an X11 session.")
-        .arg(desktop.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(desktop));
+        "This is a Wayland session%1, where Corvane can neither move windows nor take shortcuts; "
+        "it "
+        "works in Plasma, under sway, and in X11 sessions.")
+        .arg(name.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(name));
 }
 
 /// An X server inside a Wayland compositor sees only its own programs' windows, and places none.

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "AgentHost.h"
+
+#include <QtCore/QThread>
+
+namespace corvane::kwin {
+
+/// The agent as the main thread knows it: asked synchronously, with no event loop running meanwhile.
+/// Its news come as signals on the main thread.
+class AgentLink final : public QObject
+{
+    Q_OBJECT
+
+public:
+    AgentLink();
+    ~AgentLink() override;
+
+    [[nodiscard]] AgentMailbox &mailbox() { return m_mailbox; }
+    [[nodiscard]] const AgentMailbox &mailbox() const { return m_mailbox; }
+
+Q_SIGNALS:
+    void presenceChanged();
+    void described(const QString &description);
+    void windowsChanged();
+    void framesChanged();
+    void workAreasChanged();
+
+private:
+    AgentMailbox m_mailbox;
+    AgentHost m_host{m_mailbox};
+    QThread m_thread;
+};
+
+} // namespace corvane::kwin

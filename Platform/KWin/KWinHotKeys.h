@@ -1,0 +1,63 @@
+#pragma once
+
+#include "GlobalAccel.h"
+#include "HotKeys.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QSet>
+#include <QtCore/QTimer>
+
+namespace corvane::wayland {
+class Keyboard;
+}
+
+namespace corvane::kwin {
+
+class KWinCompositor;
+
+/// Hot keys as shortcuts of KGlobalAccel. Each is an action named after its physical key, so that one to
+/// which the user gave another key in System Settings keeps that, and works by it. One from which the
+/// user took the key is told as held, by that change.
+class KWinHotKeys final : public HotKeys
+{
+    Q_OBJECT
+
+public:
+    KWinHotKeys(wayland::Keyboard &keyboard, KWinCompositor &compositor);
+    ~KWinHotKeys() override;
+
+    qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
+    void unregisterHotKey(quint32 id) override;
+    QString holder(quint16 keyCode, quint32 modifiers) override;
+    QString label(quint16 keyCode) override;
+
+    /// Has KWin do nothing on any global shortcut, until it is told otherwise or this program ends.
+    void blockAll(bool isBlocked);
+
+private:
+    struct Registration {
+        QString action;
+        bool isUsersChoice = false;
+    };
+
+    [[nodiscard]] int qtKeyOf(quint16 keyCode, quint32 modifiers) const;
+    void giveUp(const Registration &registration);
+    void readLeftovers();
+    void pressedAction(const QString &action);
+    void loseAll();
+    void releaseLeftovers();
+
+    wayland::Keyboard &m_keyboard;
+    KWinCompositor &m_compositor;
+    GlobalAccel m_shortcuts;
+    QMap<quint32, Registration> m_registrations;
+    /// Our actions that the user has changed, and that do nothing now: what the user took the key from,
+    /// and what has been forgotten here, perhaps for as long as a shortcut is recorded.
+    QSet<QString> m_setAside;
+    QSet<QString> m_leftovers; ///< our actions of before, that have not been registered again
+    bool m_knowsLeftovers = false;
+    QTimer m_release; ///< of the leftovers, when all that is wanted has been registered
+    QTimer m_block;
+};
+
+} // namespace corvane::kwin
