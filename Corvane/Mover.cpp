@@ -42,11 +42,15 @@ OutcomeReport report(Placement placement, MoveOutcome outcome)
 
 } // namespace
 
-Mover::Mover(AppModel &model) : m_model(model), m_windowManager(optionsOf(model.settings())) { }
+Mover::Mover(AppModel &model) : m_model(model), m_windowManager(optionsOf(model.settings()))
+{
+    follow(model.settings());
+}
 
 void Mover::follow(const Settings &settings)
 {
     m_windowManager.setOptions(optionsOf(settings));
+    Platform::current().windows().setTiledWindowsStay(settings.tiledWindows == TiledWindows::stay);
 }
 
 OutcomeReport Mover::perform(Placement placement)

@@ -80,10 +80,10 @@ QString ShortcutRegistrar::registerAll()
         if (layout.shortcut)
             registerOne(*layout.shortcut, {layout.id}, refusals);
     }
-    QSet<ShortcutOwner> refused;
+    UnregisteredShortcuts refused;
     QStringList names;
     for (const Refusal &refusal : std::as_const(refusals)) {
-        refused.insert(refusal.owner);
+        refused.insert(refusal.owner, refusal.holder);
         names << rawName(refusal.owner, m_model);
     }
     m_model.unregistered = refused;
@@ -117,7 +117,8 @@ void ShortcutRegistrar::registerOne(
     FlightRecorder::shared().record(u"hotkey"_s,
         u"Corvane: could not register hotkey (code %1): OSStatus %2"_s.arg(combo.keyCode)
             .arg(status));
-    refusals << Refusal{owner, combo, status};
+    refusals << Refusal{owner, combo, status,
+        Platform::current().hotKeys().holder(combo.keyCode, hotKeyModifiers(combo.modifiers))};
 }
 
 bool ShortcutRegistrar::isFree(const KeyCombo &combo)
@@ -156,15 +157,19 @@ QString ShortcutRegistrar::sentence(const Refusal &refusal) const
     const auto translated = [](const char *text) {
         return QCoreApplication::translate("Shortcuts", text);
     };
-    const QString text = refusal.status == HotKeys::hotKeyExists
+    const QString text = refusal.status == HotKeys::hotKeyExists && !refusal.holder.isEmpty()
+        ? translated(QT_TRANSLATE_NOOP("Shortcuts", "%1 (%2) is held by %3."))
+        : refusal.status == HotKeys::hotKeyExists
         ? translated(QT_TRANSLATE_NOOP("Shortcuts", "%1 (%2) is held by another program."))
         : refusal.status == HotKeys::hotKeyInvalid
         ? translated(
             QT_TRANSLATE_NOOP("Shortcuts", "%1 (%2) needs a key that this keyboard lacks."))
         : translated(QT_TRANSLATE_NOOP(
             "Shortcuts", "%1 (%2) does not work: nothing answered when it was asked for."));
-    return text.arg(
-        KeyCaps::plainText(KeyCaps::partsOf(refusal.combo)), oneLine(m_model.title(refusal.owner)));
+    const QString keys = KeyCaps::plainText(KeyCaps::partsOf(refusal.combo));
+    const QString title = oneLine(m_model.title(refusal.owner));
+    return refusal.holder.isEmpty() ? text.arg(keys, title)
+                                    : text.arg(keys, title, oneLine(refusal.holder));
 }
 
 void ShortcutRegistrar::tell(const QList<Refusal> &refusals)

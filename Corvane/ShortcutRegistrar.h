@@ -30,6 +30,7 @@ private:
         ShortcutOwner owner;
         KeyCombo combo;
         qint32 status; ///< see `HotKeys`
+        QString holder; ///< of the combination, where the desktop names it
     };
 
     void unregisterAll();

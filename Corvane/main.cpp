@@ -9,6 +9,7 @@
 #include "LegacyIdentity.h"
 #include "RunMark.h"
 #include "StatusIcon.h"
+#include "Successor.h"
 #include "TerminationSignals.h"
 #include "UserDefaults.h"
 
@@ -149,7 +150,7 @@ End stay(int argc, char **argv, const QStringList &arguments, const CommandLine 
     static const RunMark mark(dataFolder());
     LegacyIdentity::adopt(LegacyIdentity::earlier);
     delegate.start();
-    if (mark.foundAnother())
+    if (!Successor::isOne() && mark.foundAnother())
         delegate.tellCrash();
     if (line.isCommand() || line.asksForScreens())
         std::ignore = runAtStart(delegate.commands(), line);
@@ -170,7 +171,10 @@ std::optional<int> finishEarly(
     const bool isOneOff = line.isCommand() && !line.asksForScreens();
     if (isOneOff && std::ranges::all_of(line.commands, FileCommands::isAnsweredByFiles))
         return runOnFiles(line);
-    if (const auto result = Instance::handOver(arguments, line.activation))
+    // Where the user was quicker than the successor of a program that ended with its compositor, nothing is
+    // asked of the one that runs.
+    const QStringList asked = Successor::isOne() ? QStringList{u"--version"_s} : arguments;
+    if (const auto result = Instance::handOver(asked, line.activation))
         return finish(*result);
     if (isOneOff)
         return runOnce(line);
@@ -204,6 +208,9 @@ int main(int argc, char **argv)
         return testItself(argc, argv);
     if (const auto status = finishEarly(argc, argv, arguments, *line))
         return *status;
+    // While the program is small: the process that waits keeps what there is of it now.
+    const QByteArray returning = returningDesktop();
+    const auto successor = returning.isEmpty() ? nullptr : std::make_unique<Successor>(returning);
     const End end = stay(argc, argv, arguments, *line);
     // Its name on the bus is free by now.
     const QString problem = end.next.isEmpty() ? QString() : startAgain(end.next);

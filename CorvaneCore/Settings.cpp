@@ -70,6 +70,7 @@ std::optional<Settings> Settings::fromJson(const QJsonValue &json, DecodeProblem
     settings.showMenuBarIcon = reader.read<bool>("showMenuBarIcon"_L1, settings.showMenuBarIcon);
     settings.showInDock = reader.read<bool>("showInDock"_L1, settings.showInDock);
     settings.appearance = reader.read<Appearance>("appearance"_L1, settings.appearance);
+    settings.tiledWindows = reader.read<TiledWindows>("tiledWindows"_L1, settings.tiledWindows);
     settings.preset = reader.read<QString>("preset"_L1, settings.preset);
     settings.onboardingCompleted =
         reader.read<bool>("onboardingCompleted"_L1, settings.onboardingCompleted);
@@ -91,6 +92,7 @@ QJsonObject Settings::toJson() const
         {u"showMenuBarIcon"_s, showMenuBarIcon},
         {u"showInDock"_s, showInDock},
         {u"appearance"_s, rawValue(appearance)},
+        {u"tiledWindows"_s, rawValue(tiledWindows)},
         {u"preset"_s, preset},
         {u"onboardingCompleted"_s, onboardingCompleted},
         {u"knownPlacements"_s, QJsonArray::fromStringList(placementNames())},

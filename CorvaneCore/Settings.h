@@ -2,6 +2,7 @@
 
 #include "Appearance.h"
 #include "ShortcutPreset.h"
+#include "TiledWindows.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QStringList>
@@ -25,6 +26,7 @@ struct Settings {
     bool showMenuBarIcon = true;
     bool showInDock = true;
     Appearance appearance = Appearance::matchMac;
+    TiledWindows tiledWindows = TiledWindows::leaveLayout;
     /// A preset's raw name, or another that a newer version or the user's own shortcuts gave.
     QString preset = rawValue(ShortcutPreset::sizeUp);
     bool onboardingCompleted = false;

@@ -9,11 +9,14 @@
 #include "ShortcutOwner.h"
 #include "UpdateStatus.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QProperty>
-#include <QtCore/QSet>
 
 namespace corvane {
+
+/// The shortcuts that the desktop refused, each with who holds its keys; empty where that is unknown.
+using UnregisteredShortcuts = QHash<ShortcutOwner, QString>;
 
 /// What views show beside settings, layouts and notices, and what they are to show next. Each
 /// member can be set by whoever knows better, and has a signal of its name that says that it has
@@ -75,7 +78,7 @@ public:
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, std::optional<QString>, loginItemNote, &ViewState::loginItemNoteChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
-        ViewState, QSet<ShortcutOwner>, unregistered, &ViewState::unregisteredChanged)
+        ViewState, UnregisteredShortcuts, unregistered, &ViewState::unregisteredChanged)
     Q_OBJECT_BINDABLE_PROPERTY(
         ViewState, bool, accessibilityTrusted, &ViewState::accessibilityTrustedChanged)
     /// The newest entries of the move history, the newest last.

@@ -835,6 +835,10 @@
         <source>%1 (%2) does not work: nothing answered when it was asked for.</source>
         <translation>%1 (%2) funktioniert nicht: Auf die Anforderung kam keine Antwort.</translation>
     </message>
+    <message>
+        <source>%1 (%2) is held by %3.</source>
+        <translation>%1 (%2) ist belegt: %3.</translation>
+    </message>
 </context>
 <context>
     <name>StatusIcon</name>
@@ -2626,6 +2630,10 @@
         <source>Another program holds these keys</source>
         <translation>Ein anderes Programm belegt diese Tasten</translation>
     </message>
+    <message>
+        <source>Held by %1</source>
+        <translation>Belegt: %1</translation>
+    </message>
 </context>
 <context>
     <name>corvane::ShortcutsPane</name>
@@ -2970,8 +2978,8 @@
 <context>
     <name>corvane::X11Platform</name>
     <message>
-        <source>This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts yet; it works in an X11 session.</source>
-        <translation>Dies ist eine Wayland-Sitzung%1: Corvane kann hier noch weder Fenster bewegen noch Tastenkürzel belegen; in einer X11-Sitzung geht es.</translation>
+        <source>This is a Wayland session%1, where Corvane can neither move windows nor take shortcuts; it works in Plasma, under sway, and in X11 sessions.</source>
+        <translation>Dies ist eine Wayland-Sitzung%1, in der Corvane weder Fenster bewegen noch Kurzbefehle annehmen kann; es arbeitet in Plasma, unter sway und in X11-Sitzungen.</translation>
     </message>
 </context>
 <context>
@@ -3018,6 +3026,47 @@
     <message>
         <source>&quot;%1&quot; cannot be opened: its program is not installed.</source>
         <translation>„%1“ kann nicht geöffnet werden: Das Programm ist nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::kwin::KWinHotKeys</name>
+    <message>
+        <source>Shortcut %1</source>
+        <translation>Kurzbefehl %1</translation>
+    </message>
+    <message>
+        <source>the shortcut “%1” of %2</source>
+        <translation>der Kurzbefehl „%1“ von %2</translation>
+    </message>
+    <message>
+        <source>a change that you made in your desktop&apos;s settings</source>
+        <translation>eine Änderung in den Einstellungen Ihrer Arbeitsumgebung</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::sway</name>
+    <message>
+        <source>sway&apos;s own binding &quot;%1&quot;</source>
+        <translation>die eigene Tastenbelegung von sway „%1“</translation>
+    </message>
+    <message>
+        <source>sway does not answer at the socket &quot;%1&quot; that SWAYSOCK names.</source>
+        <translation>sway antwortet nicht am Socket „%1“, den SWAYSOCK nennt.</translation>
+    </message>
+</context>
+<context>
+    <name>corvane::wayland</name>
+    <message>
+        <source>No Wayland compositor answers at the display &quot;%1&quot; that WAYLAND_DISPLAY names.</source>
+        <translation>Kein Wayland-Compositor antwortet an der Anzeige „%1“, die WAYLAND_DISPLAY nennt.</translation>
+    </message>
+    <message>
+        <source>The Wayland compositor of this session does not answer.</source>
+        <translation>Der Wayland-Compositor dieser Sitzung antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The compositor of this session does not answer, so no window can be moved.</source>
+        <translation>Der Compositor dieser Sitzung antwortet nicht, also kann kein Fenster bewegt werden.</translation>
     </message>
 </context>
 <context>

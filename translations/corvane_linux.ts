@@ -835,6 +835,10 @@
         <source>%1 (%2) does not work: nothing answered when it was asked for.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 (%2) is held by %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>StatusIcon</name>
@@ -2626,6 +2630,10 @@
         <source>Another program holds these keys</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Held by %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>corvane::ShortcutsPane</name>
@@ -2970,7 +2978,7 @@
 <context>
     <name>corvane::X11Platform</name>
     <message>
-        <source>This is a Wayland session%1: Corvane can neither move its windows nor take its shortcuts yet; it works in an X11 session.</source>
+        <source>This is a Wayland session%1, where Corvane can neither move windows nor take shortcuts; it works in Plasma, under sway, and in X11 sessions.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3017,6 +3025,47 @@
     </message>
     <message>
         <source>&quot;%1&quot; shows no more than one window.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::kwin::KWinHotKeys</name>
+    <message>
+        <source>Shortcut %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the shortcut “%1” of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a change that you made in your desktop&apos;s settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::sway</name>
+    <message>
+        <source>sway&apos;s own binding &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>sway does not answer at the socket &quot;%1&quot; that SWAYSOCK names.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>corvane::wayland</name>
+    <message>
+        <source>No Wayland compositor answers at the display &quot;%1&quot; that WAYLAND_DISPLAY names.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Wayland compositor of this session does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The compositor of this session does not answer, so no window can be moved.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -18,6 +18,8 @@ PopupGrab::PopupGrab()
 
 void PopupGrab::hold(QMenu &menu)
 {
+    if (!Platform::current().ownWindows().knowsPlaces())
+        return;
     m_menu = &menu;
     m_deadline.setRemainingTime(3s);
     attempt();

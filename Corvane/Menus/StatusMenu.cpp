@@ -98,7 +98,7 @@ void StatusMenu::addFlag(const MenuRow &row, std::function<void()> perform)
 // The placements come in their order, then the layouts in theirs.
 QString StatusMenu::failedShortcuts() const
 {
-    const QSet<ShortcutOwner> &failed = m_model.unregistered.value();
+    const UnregisteredShortcuts &failed = m_model.unregistered.value();
     QStringList titles;
     for (const Placement placement : allPlacements()) {
         if (failed.contains({placement}))

@@ -6,6 +6,8 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
+#include <algorithm>
+
 namespace corvane {
 
 using namespace std::chrono_literals;
@@ -53,6 +55,8 @@ void StatusItem::setMenus(QMenu *drawn, QMenu *plain)
     m_drawn = drawn;
     m_plain = plain;
     m_drawn->setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
+    if (!Platform::current().ownWindows().knowsPlaces())
+        m_drawn->setWindowFlag(Qt::FramelessWindowHint);
     connect(m_drawn, &QMenu::aboutToHide, this, &StatusItem::rememberClosing);
     connect(m_plain, &QMenu::aboutToShow, this, &StatusItem::aboutToOpen);
     followTray();
@@ -123,10 +127,29 @@ QRect StatusItem::anchor() const
     const QRect icon = m_icon && m_icon->isVisible() ? m_icon->geometry() : QRect();
     if (!icon.isEmpty())
         return icon;
+    if (!Platform::current().ownWindows().knowsPlaces())
+        return cornerAtPanel();
     const QPoint pointer = QCursor::pos();
     if (QGuiApplication::screenAt(pointer))
         return {pointer, QSize(1, 1)};
     return {QGuiApplication::primaryScreen()->geometry().topRight(), QSize(1, 0)};
+}
+
+// Of the display that the user works at, on the side of its panel.
+QRect StatusItem::cornerAtPanel()
+{
+    WindowAccess &windows = Platform::current().windows();
+    const WindowOperation operation(windows);
+    const QList<ScreenInfo> screens = Platform::current().displays().all();
+    const auto focused = windows.focusedWindow().window;
+    const Rect frame = focused ? windows.frame(*focused).value_or(Rect()) : Rect();
+    const auto screen = std::ranges::max_element(screens, {},
+        [&frame](const ScreenInfo &each) { return each.frame.intersectionArea(frame); });
+    if (screen == screens.end())
+        return {};
+    const Rect &area = screen->visibleFrame;
+    const bool isAtBottom = area.y == screen->frame.y && area.maxY() < screen->frame.maxY();
+    return {qRound(area.maxX()) - 1, qRound(isAtBottom ? area.maxY() : area.y), 1, 0};
 }
 
 void StatusItem::open(const QRect &anchor)
@@ -137,8 +160,14 @@ void StatusItem::open(const QRect &anchor)
     const QScreen *screen = QGuiApplication::screenAt(anchor.center());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
-    m_drawn->popup(menuOrigin(anchor, m_drawn->sizeHint(), screen->geometry()));
+    const QPoint origin = menuOrigin(anchor, m_drawn->sizeHint(), screen->geometry());
+    m_drawn->popup(origin);
     m_grab.hold(*m_drawn);
+    OwnWindows &ownWindows = Platform::current().ownWindows();
+    if (!ownWindows.knowsPlaces())
+        ownWindows.setOverlay(m_drawn->winId(),
+            {double(origin.x()), double(origin.y()), double(m_drawn->width()),
+                double(m_drawn->height())});
 }
 
 void StatusItem::rememberClosing()

@@ -50,6 +50,7 @@ private:
     void rememberClosing();
     [[nodiscard]] bool hasClosedByThisClick() const;
     [[nodiscard]] QRect anchor() const;
+    [[nodiscard]] static QRect cornerAtPanel();
 
     Tray m_tray;
     PopupGrab m_grab;

@@ -102,13 +102,14 @@ void ShortcutsPane::addPlacement(Card &card, Placement placement)
 void ShortcutsPane::show()
 {
     const ShortcutMap &shortcuts = m_model.settings().shortcuts;
+    const UnregisteredShortcuts &unregistered = m_model.unregistered.value();
     const auto preset = matching(shortcuts);
     m_presets->setCurrent(preset ? int(*preset) : int(shortcutPresets.size()));
     for (auto each = m_recorders.cbegin(); each != m_recorders.cend(); ++each) {
         const auto combo = shortcuts.constFind(each.key());
         (*each)->setCombo(
             combo == shortcuts.cend() ? std::nullopt : std::optional<KeyCombo>(*combo));
-        (*each)->setTaken(m_model.unregistered.value().contains({each.key()}));
+        (*each)->setTaken(unregistered.contains({each.key()}), unregistered.value({each.key()}));
     }
 }
 

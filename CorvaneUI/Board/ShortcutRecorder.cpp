@@ -103,9 +103,10 @@ void ShortcutRecorder::setCombo(const std::optional<KeyCombo> &combo)
         describe();
 }
 
-void ShortcutRecorder::setTaken(bool isTaken)
+void ShortcutRecorder::setTaken(bool isTaken, const QString &holder)
 {
-    if (std::exchange(m_isTaken, isTaken) != isTaken)
+    const bool isOther = std::exchange(m_holder, holder) != holder;
+    if (std::exchange(m_isTaken, isTaken) != isTaken || isOther)
         describe();
 }
 
@@ -160,7 +161,9 @@ void ShortcutRecorder::describe()
         description = m_held != 0 && !m_refused ? KeyCaps::spoken(partsOf(m_held))
                                                 : KeySentence::spoken(prompt());
     setAccessibleDescription(description);
-    setToolTip(m_isTaken ? tr("Another program holds these keys") : QString());
+    setToolTip(!m_isTaken        ? QString()
+            : m_holder.isEmpty() ? tr("Another program holds these keys")
+                                 : tr("Held by %1").arg(m_holder));
     updateGeometry();
     placeClear();
     update();

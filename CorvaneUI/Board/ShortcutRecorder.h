@@ -25,7 +25,7 @@ public:
     void setRecording(bool isRecording);
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     /// Whether another program holds the keys.
-    void setTaken(bool isTaken);
+    void setTaken(bool isTaken, const QString &holder = {});
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -47,6 +47,7 @@ private:
     std::optional<KeyCombo> m_combo;
     bool m_isRecording = false;
     bool m_isTaken = false;
+    QString m_holder; ///< empty where it is unknown
     bool m_refused = false; ///< the last keys had modifiers, but not one that a shortcut needs
     quint64 m_held = 0;
     KeyCapture m_capture{*this};

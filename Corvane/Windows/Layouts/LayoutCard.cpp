@@ -260,7 +260,8 @@ void LayoutCard::follow()
     m_save->setEnabled(saved != layout);
     m_revert->setEnabled(saved && saved != layout);
     m_recorder->setCombo(layout->shortcut);
-    m_recorder->setTaken(m_model.unregistered.value().contains({m_id}));
+    const UnregisteredShortcuts &unregistered = m_model.unregistered.value();
+    m_recorder->setTaken(unregistered.contains({m_id}), unregistered.value({m_id}));
     m_recorder->setRecording(m_model.recordingLayout.value() == m_id);
     m_switch->setChecked(layout->applyOnConnect);
     const auto first = earlier(m_model.layouts(), *layout);
