@@ -94,7 +94,7 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
     const QStringList before = lines(status.menu());
     EXPECT_FALSE(status.needsAttention());
     model.accessibilityTrusted = false;
-    model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
+    model.unregistered = UnregisteredShortcuts{{{Placement::leftHalf}, {}}};
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
 
     status.refreshFlags();
@@ -106,7 +106,7 @@ TEST_F(MenuTests, problemsStandAboveEverythingElseAndGoWithTheirCause)
         asked, ElementsAreArray({u"grant access"_s, u"shortcuts"_s, u"SizeUp"_s, u"updates"_s}));
 
     model.accessibilityTrusted = true;
-    model.unregistered = QSet<ShortcutOwner>();
+    model.unregistered = UnregisteredShortcuts();
     model.competitors = QList<Competitor::Running>();
     status.refreshFlags();
     EXPECT_FALSE(status.needsAttention());
@@ -121,7 +121,7 @@ TEST_F(MenuTests, rowsShowTheShortcutsInForceThatWorkInBothForms)
     desk.save({layout, ModelDesk::leftHalfLayout({{u"Elsewhere"_s, 10, 10}})});
     model.refreshLayouts();
     model.assign(KeyCombo(0, KeyCombo::option), {Placement::rightHalf});
-    model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
+    model.unregistered = UnregisteredShortcuts{{{Placement::leftHalf}, {}}};
     StatusMenu plain(RowForm::plain, model, target());
     status.fill();
     plain.fill();

@@ -186,8 +186,8 @@ TEST_F(ShellTests, refusedShortcutsAreNamedAndTheOthersWorkUnlessOneIsRecorded)
     EXPECT_EQ(shortcuts.registerAll(),
         u"20 of 22 hot keys registered; refused by macOS or another app: maximize, layout "
         u"\"Layout\"");
-    EXPECT_EQ(
-        model.unregistered.value(), (QSet<ShortcutOwner>{{layout.id}, {Placement::maximize}}));
+    EXPECT_EQ(model.unregistered.value(),
+        (UnregisteredShortcuts{{{layout.id}, {}}, {{Placement::maximize}, {}}}));
     press(123, HotKeys::controlKey | HotKeys::optionKey | HotKeys::cmdKey);
     press(122, HotKeys::shiftKey);
     press(122, 0);

@@ -221,7 +221,8 @@ struct UpdateSheetTests : testing::Test {
         session.stage = stage;
         sheet = new UpdateSheet(session, nullptr);
         sheet->open();
-        QApplication::setActiveWindow(sheet);
+        sheet->activateWindow();
+        QApplication::processEvents();
     }
     void close()
     {
@@ -434,7 +435,8 @@ TEST_F(UpdateTests, theFocusStaysWithTheUpdatesWhileACheckGoesOn)
     auto *window = new SettingsWindow(model, {});
     window->show(SettingsPane::about);
     window->setVisible(true);
-    QApplication::setActiveWindow(window);
+    window->activateWindow();
+    QApplication::processEvents();
     auto *check = window->findChild<QWidget *>(u"updates"_s)->findChild<QPushButton *>();
     check->setFocus();
 

@@ -42,8 +42,8 @@ TEST(SettingsTests, aDamagedFieldCostsItselfAlone)
     const std::initializer_list<const char *> damaged{R"("gap": "wide")", R"("gap": 1e999)",
         R"("gap": NaN)", R"("cycling": 1)", R"("launchAtLogin": "no")", R"("showMenuBarIcon": {})",
         R"("showInDock": 0)", R"("appearance": "sepia")", R"("preset": 7)",
-        R"("onboardingCompleted": "")", R"("shortcuts": "none")", R"("customShortcuts": true)",
-        R"("knownPlacements": "all")"};
+        R"("tiledWindows": "stack")", R"("onboardingCompleted": "")", R"("shortcuts": "none")",
+        R"("customShortcuts": true)", R"("knownPlacements": "all")"};
     const std::initializer_list<const char *> whole{R"("gap": null)", R"("shortcuts": null)",
         R"("customShortcuts": null)", R"("later": [{"gap": 3}])"};
     Settings wanted;

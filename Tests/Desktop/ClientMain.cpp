@@ -1,8 +1,8 @@
-#include "ClientWindow.h"
 #include "Waiting.h"
+#include "WaylandClientDesk.h"
+#include "X11ClientDesk.h"
 
-#include <algorithm>
-#include <list>
+#include <memory>
 #include <poll.h>
 #include <unistd.h>
 
@@ -26,28 +26,22 @@ void answer(quint32 number)
 ///     open=TITLE        opens a window            splash          opens a splash screen
 ///     window=REQUEST    opens one as the `WindowRequest` asks, in hexadecimal; answers its number
 ///     close             closes the oldest one     close=NUMBER    closes that one; answers its number
+///     rename=NUMBER,NAME has that window belong to another application; answers its number
 ///     wait=MS           lets time pass
 ///     listen            takes further steps from the standard input, line by line, and ends with it
 class Application
 {
 public:
-    Application(XConnection &connection, const QByteArrayList &steps)
-        : m_connection(connection), m_steps(steps)
-    {
-    }
+    Application(ClientDesk &desk, const QByteArrayList &steps) : m_desk(desk), m_steps(steps) { }
 
     /// Returns when the application is over.
     void run()
     {
-        while (!m_isOver && m_connection.isValid()) {
-            readEvents();
-            for (ClientWindow &window : m_windows)
-                window.adaptShadowIfDue(Clock::now());
+        while (!m_isOver && m_desk.isValid()) {
             while (!m_steps.isEmpty() && take(m_steps.first()))
                 m_steps.removeFirst();
-            xcb_flush(m_connection.raw());
-            pollfd sources[]{
-                {m_input, POLLIN, 0}, {xcb_get_file_descriptor(m_connection.raw()), POLLIN, 0}};
+            m_desk.work(Clock::now());
+            pollfd sources[]{{m_input, POLLIN, 0}, {m_desk.file(), POLLIN, 0}};
             constexpr int lookAgain = 5;
             if (::poll(sources, 2, isIdle() ? -1 : lookAgain) > 0 && sources[0].revents)
                 readSteps();
@@ -74,7 +68,9 @@ private:
         else if (verb == "window")
             answer(show(WindowRequest::fromBytes(QByteArray::fromHex(value))));
         else if (verb == "close")
-            answer(destroy(value.isEmpty() ? m_windows.front().number() : value.toUInt()));
+            answer(destroy(value.isEmpty() ? m_desk.oldest() : value.toUInt()));
+        else if (verb == "rename")
+            answer(rename(value.split(',')));
         else if (verb == "listen")
             m_input = STDIN_FILENO;
         else if (verb == "wait")
@@ -92,22 +88,6 @@ private:
         m_due.reset();
         return true;
     }
-    void readEvents()
-    {
-        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.raw())}) {
-            if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY) {
-                const auto &change = reinterpret_cast<xcb_property_notify_event_t &>(*event);
-                const auto window =
-                    std::ranges::find(m_windows, change.window, &ClientWindow::number);
-                if (window != m_windows.end() && change.atom == m_connection.atom("_NET_WM_STATE"))
-                    window->stateChanged(Clock::now());
-            } else if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE) {
-                const auto &message = reinterpret_cast<xcb_client_message_event_t &>(*event);
-                if (message.type == m_connection.atom("WM_PROTOCOLS"))
-                    destroy(message.window);
-            }
-        }
-    }
     void readSteps()
     {
         QByteArray buffer(4096, Qt::Uninitialized);
@@ -120,26 +100,22 @@ private:
         }
     }
     // Whether nothing is to be done until something happens.
-    [[nodiscard]] bool isIdle() const
+    [[nodiscard]] bool isIdle() const { return m_steps.isEmpty() && m_desk.isIdle(); }
+    quint32 show(const WindowRequest &request) { return m_desk.show(request); }
+    quint32 destroy(quint32 number)
     {
-        return m_steps.isEmpty() && std::ranges::none_of(m_windows, &ClientWindow::isShadowDue);
-    }
-    xcb_window_t show(const WindowRequest &request)
-    {
-        return m_windows.emplace_back(m_connection, request).number();
-    }
-    xcb_window_t destroy(xcb_window_t number)
-    {
-        xcb_destroy_window(m_connection.raw(), number);
-        m_connection.sync();
-        m_windows.remove_if([number](const ClientWindow &each) { return each.number() == number; });
+        m_desk.destroy(number);
         return number;
     }
+    quint32 rename(const QByteArrayList &parts)
+    {
+        m_desk.rename(parts.first().toUInt(), parts.last());
+        return parts.first().toUInt();
+    }
 
-    XConnection &m_connection;
+    ClientDesk &m_desk;
     QByteArrayList m_steps;
     QByteArray m_className;
-    std::list<ClientWindow> m_windows;
     std::optional<Clock::time_point> m_due; ///< of a step that waits for a time
     int m_input = -1;
     QByteArray m_unread; ///< the beginning of a step
@@ -154,9 +130,14 @@ int main(int argc, char *argv[])
     QByteArrayList steps(argv + 1, argv + argc);
     if (steps.removeOne("hand-over") && ::fork() > 0)
         return 0;
-    XConnection connection(qEnvironmentVariable("DISPLAY"));
-    if (!connection.isValid())
+    // As toolkits do, it prefers Wayland where there are both.
+    std::unique_ptr<ClientDesk> desk;
+    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        desk = std::make_unique<X11ClientDesk>();
+    else
+        desk = std::make_unique<WaylandClientDesk>();
+    if (!desk->isValid())
         return 1;
-    Application(connection, steps).run();
-    return connection.isValid() ? 0 : 1;
+    Application(*desk, steps).run();
+    return desk->isValid() ? 0 : 1;
 }

@@ -51,7 +51,9 @@ struct WindowRequest {
     SizeHints hints{};
     Edges shadow{}; ///< a client-side decorated window's, inside `geometry`
     int shadowDelay = 30; ///< how long after a change of state the client adapts its shadow
+    int answersAfter = 0; ///< Wayland: how long after it is given a size the client draws itself so
     std::array<quint32, 12> strut{}; ///< _NET_WM_STRUT_PARTIAL
+    bool takesKeys = false; ///< Wayland: a panel that may have the focus
     xcb_window_t transientFor = XCB_WINDOW_NONE;
     bool transientForItself = false;
     xcb_window_t number = 0; ///< of one of the client's closed windows, to be used again

@@ -43,10 +43,12 @@ TEST_P(PlatformContract, panelsTakeTheirEdgesFromTheVisibleFrame)
 
         world().addPanel({edge, double(thickness)});
 
-        EXPECT_TRUE(eventually([&] { return displayChanges > 0; }));
-        world().settle();
-        EXPECT_EQ(displays().all().first().visibleFrame, rest);
-        EXPECT_EQ(displayChanges, 1);
+        EXPECT_TRUE(eventually([&] { return displays().all().first().visibleFrame == rest; }));
+        if (world().announcesPanels()) {
+            EXPECT_TRUE(eventually([&] { return displayChanges > 0; }));
+            world().settle();
+            EXPECT_EQ(displayChanges, 1);
+        }
     }
 }
 
@@ -92,6 +94,8 @@ TEST_P(PlatformContract, aHeldKeyIsToldOnceUnlessARivalHoldsItOrTheKeyboardLacks
     EXPECT_TRUE(eventually([&] { return pressed.size() == 2; }));
 
     for (const bool isDown : {true, false}) {
+        if (!world().tellsPointerButtons())
+            break;
         world().holdPointerButton(isDown);
         EXPECT_TRUE(eventually(
             [&] { return world().platform().session().isPointerButtonDown() == isDown; }));
@@ -143,6 +147,10 @@ TEST_P(PlatformContract, withoutTrustEveryCallIsDisabledUntilItComesBack)
 {
     const pid_t pid = world().startApplication();
     const WindowElement window = world().openWindow(pid);
+    EXPECT_TRUE(windows().isTrusted());
+    EXPECT_EQ(windows().distrustReason(), QString());
+    if (!world().losesTrust())
+        return;
     for (const bool isTrusted : {false, true}) {
         isTrusted ? world().regainTrust() : world().loseTrust();
         EXPECT_TRUE(eventually([&] { return trust.contains(isTrusted); }));

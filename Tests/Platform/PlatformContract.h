@@ -24,6 +24,30 @@ public:
 
     virtual Platform &platform() = 0;
 
+    // What this kind of desktop has. Where it lacks something, the contract is silent about that.
+    /// Windows of this kind, apart from others.
+    [[nodiscard]] virtual bool tells(WindowKind) const { return true; }
+    [[nodiscard]] virtual bool hasTitle(WindowKind) const { return true; }
+    /// A closed window's number is given to another one.
+    [[nodiscard]] virtual bool reusesNumbers() const { return true; }
+    /// What a window's own limits made of a size that it was given.
+    [[nodiscard]] virtual bool tellsLimits() const { return true; }
+    /// That a panel took room, without being asked.
+    [[nodiscard]] virtual bool announcesPanels() const { return true; }
+    [[nodiscard]] virtual bool tellsPointerButtons() const { return true; }
+    /// A dialog brings the window that it belongs to along, in front of all others.
+    [[nodiscard]] virtual bool bringsParentsOfDialogs() const { return false; }
+    /// A window can be above the others without the focus.
+    [[nodiscard]] virtual bool raisesWithoutFocus() const { return true; }
+    /// It may stop letting windows be moved while everything else goes on.
+    [[nodiscard]] virtual bool losesTrust() const { return true; }
+    /// The state of a window that is maximised, or where no window ever is, that it has in its place:
+    /// of a window that stood at `normal` and has gone to `now`.
+    [[nodiscard]] virtual WindowState maximisedState(const Rect &normal, const Rect &) const
+    {
+        return {true, true, false, normal};
+    }
+
     /// An application that, once opened, shows one standard window, or that cannot be opened.
     virtual void install(const QString &id, const QString &name, Installation::State state) = 0;
     /// A process without a window.

@@ -67,7 +67,7 @@ void drawMenus(AppModel &model)
             shoot(*submenu, u"status-"_s + MenuRow::of(*action)->title.toLower(), 1);
     }
     model.accessibilityTrusted = false;
-    model.unregistered = QSet<ShortcutOwner>{{model.layouts().first().id}};
+    model.unregistered = UnregisteredShortcuts{{{model.layouts().first().id}, {}}};
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
     model.updateStatus =
         UpdateStatus{{UpdateAvailability::Available{u"1.2"_s}}, false, false, {}, true};

@@ -297,7 +297,7 @@ void SettingsScreens::draw(AppModel &model) const
     model.accessibilityTrusted = false;
     model.competitors = QList<Competitor::Running>{{Competitor::known().front(), {}}};
     model.loginItemNote = u"Your desktop is waiting for you to allow Corvane."_s;
-    model.unregistered = QSet<ShortcutOwner>{{Placement::leftHalf}};
+    model.unregistered = UnregisteredShortcuts{{{Placement::leftHalf}, {}}};
     model.post({.id = u"crash"_s,
         .text = u"Corvane ended without being asked to."_s,
         .reveal = {},

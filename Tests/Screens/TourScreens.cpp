@@ -44,8 +44,8 @@ void drawTour(
             free.insert(each, KeyCombo(123, KeyCombo::option | KeyCombo::command));
         return free;
     };
-    model.unregistered =
-        QSet<ShortcutOwner>{{Placement::leftHalf}, {Placement::rightHalf}, {Placement::maximize}};
+    model.unregistered = UnregisteredShortcuts{
+        {{Placement::leftHalf}, {}}, {{Placement::rightHalf}, {}}, {{Placement::maximize}, {}}};
     model.accessibilityTrusted = false;
     model.competitors =
         QList<Competitor::Running>{{Competitor::known()[0], {}}, {Competitor::known()[1], {}}};
@@ -55,7 +55,7 @@ void drawTour(
     tour.window()->close();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     model.findFreeCombos = {};
-    model.unregistered = QSet<ShortcutOwner>();
+    model.unregistered = UnregisteredShortcuts();
     model.accessibilityTrusted = true;
     model.competitors = QList<Competitor::Running>();
 }

@@ -1,0 +1,224 @@
+#include "WaylandDesktop.h"
+
+#include "KWinHand.h"
+#include "SwayHand.h"
+
+#include <QtCore/QStandardPaths>
+
+#include <unistd.h>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// sway refuses to run as root, so for root it runs as nobody. What root starts can use its sockets.
+constexpr uid_t nobody = 65534;
+
+bool isRoot()
+{
+    return ::geteuid() == 0;
+}
+
+bool write(const QString &path, const QString &text)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0;
+}
+
+Size boundsOf(const QList<Rect> &displays)
+{
+    Size size;
+    for (const Rect &each : displays)
+        size = {std::max(size.width, each.maxX()), std::max(size.height, each.maxY())};
+    return size;
+}
+
+} // namespace
+
+expected<std::unique_ptr<WaylandDesktop>, QString> WaylandDesktop::start(const Options &options)
+{
+    std::unique_ptr<WaylandDesktop> desktop(new WaylandDesktop(options));
+    if (const QString error = desktop->prepare(); !error.isEmpty())
+        return unexpected<QString>(u"%1:\n%2"_s.arg(error, desktop->logs()));
+    return desktop;
+}
+
+QString WaylandDesktop::prepare()
+{
+    for (const auto &[name, value] :
+        std::initializer_list<std::pair<QString, QString>>{{u"XDG_SESSION_TYPE"_s, u"wayland"_s},
+            {u"QT_QPA_PLATFORM"_s, u"wayland"_s}, {u"GDK_BACKEND"_s, u"wayland"_s}})
+        setVariable(name, value);
+    if (!m_options.home.isEmpty())
+        addToHome(m_options.home);
+    if (const QString error = startBus(); !error.isEmpty())
+        return error;
+    const QString error = isSway() ? startSway() : startKWin();
+    if (!error.isEmpty())
+        return error;
+    if (!m_hand->arrange(m_options.displays))
+        return u"the displays did not come"_s;
+    return plugInKeys();
+}
+
+QString WaylandDesktop::plugInKeys()
+{
+    auto plugged = WaylandKeyPresser::plugIn(
+        environment().value(u"WAYLAND_DISPLAY"_s), [this] { return boundsOf(m_hand->displays()); });
+    if (!plugged)
+        return plugged.error();
+    m_keys = std::move(*plugged);
+    return {};
+}
+
+QString WaylandDesktop::folderOfSway(const QString &name) const
+{
+    return u"%1/%2"_s.arg(folder(), name);
+}
+
+QString WaylandDesktop::configurationOfSway() const
+{
+    const Rect &first = m_options.displays.first();
+    return u"xwayland %1\noutput HEADLESS-1 mode %2x%3 position %4 %5\n"
+           "for_window [app_id=\".*\"] floating enable\nfor_window [class=\".*\"] floating enable\n"
+           "focus_on_window_activation smart\n%6\n"_s
+               .arg(m_options.hasXwayland ? u"enable"_s : u"disable"_s)
+               .arg(first.width)
+               .arg(first.height)
+               .arg(first.x)
+               .arg(first.y)
+               .arg(m_options.configuration);
+}
+
+std::unique_ptr<ChildProcess> WaylandDesktop::launchSway(const QString &name,
+    const QString &configuration, const QList<std::pair<QString, QString>> &variables)
+{
+    const QString own = folderOfSway(name);
+    const QString file = own + u"/config"_s;
+    QDir().mkpath(own);
+    QFile::setPermissions(own, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    if (!write(file, configuration))
+        return nullptr;
+    QStringList arguments{u"-c"_s, file};
+    if (isRoot()) {
+        QFile::setPermissions(folder(),
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ExeGroup
+                | QFile::ExeOther);
+        for (const QString &path : {own, file})
+            static_cast<void>(!::chown(path.toLocal8Bit().constData(), nobody, nobody));
+        arguments = QStringList{u"--reuid=%1"_s.arg(nobody), u"--regid=%1"_s.arg(nobody),
+                        u"--clear-groups"_s, u"--pdeathsig"_s, u"KILL"_s, u"sway"_s}
+            + arguments;
+    }
+    ChildProcess::Command command = this->command(isRoot() ? u"setpriv"_s : u"sway"_s, arguments);
+    command.logPath = own + u".log"_s;
+    command.environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s); // another user's
+    for (const auto &[variable, value] : variables)
+        command.environment.insert(variable, value);
+    for (const auto &[variable, value] : std::initializer_list<std::pair<QString, QString>>{
+             {u"HOME"_s, own}, {u"XDG_CONFIG_HOME"_s, own}, {u"XDG_RUNTIME_DIR"_s, own},
+             {u"SWAYSOCK"_s, socketOf(name)}, {u"WLR_RENDERER"_s, u"pixman"_s},
+             {u"WLR_LIBINPUT_NO_DEVICES"_s, u"1"_s}, {u"WLR_HEADLESS_OUTPUTS"_s, u"1"_s}})
+        command.environment.insert(variable, value);
+    auto process = std::make_unique<ChildProcess>(command);
+    // A moment after the first answer the displays are still without an area.
+    const auto isReady = [&] {
+        const auto workspaces = SwayIpc(socketOf(name)).ask(SwayIpc::Message::workspaces).array();
+        return !process->isRunning() || workspaces.first()[u"rect"][u"width"].toInt() > 0;
+    };
+    const bool isUp = waitUntil(isReady, Milliseconds{30000}) && process->isRunning();
+    return isUp ? std::move(process) : nullptr;
+}
+
+QString WaylandDesktop::startSway()
+{
+    const QString own = u"sway"_s;
+    const QString other = u"sway-outer"_s;
+    m_outer = launchSway(other,
+        u"xwayland disable\noutput HEADLESS-1 mode 3840x2400 position 0 0\n"
+        "for_window [app_id=\"wlroots\"] floating enable, border none\n"_s,
+        {{u"WLR_BACKENDS"_s, u"headless"_s}});
+    if (!m_outer)
+        return u"the outer sway did not start"_s;
+    // The first back end is the one that further displays come from.
+    m_compositor = launchSway(own, configurationOfSway(),
+        {{u"WLR_BACKENDS"_s, u"wayland,headless"_s}, {u"WLR_WL_OUTPUTS"_s, u"0"_s},
+            {u"WAYLAND_DISPLAY"_s, folderOfSway(other) + u"/wayland-1"_s}});
+    if (!m_compositor)
+        return u"sway did not start"_s;
+    setVariable(u"WAYLAND_DISPLAY"_s, folderOfSway(own) + u"/wayland-1"_s);
+    setVariable(u"SWAYSOCK"_s, socketOf(own));
+    setVariable(u"XDG_CURRENT_DESKTOP"_s, own);
+    m_hand = std::make_unique<SwayHand>(socketOf(own), socketOf(other));
+    if (m_options.hasXwayland) {
+        const QString variables = folderOfSway(own) + u"/variables"_s;
+        // Root's clients are another user's to Xwayland.
+        SwayIpc(socketOf(own))
+            .command(
+                u"exec xhost +SI:localuser:#%1 && env > %2.part && mv %2.part %2"_s.arg(::geteuid())
+                    .arg(variables));
+        adoptXwayland(variables);
+    }
+    return {};
+}
+
+QString WaylandDesktop::startKWin()
+{
+    // The packaged program has a capability, which not every machine can give it.
+    const QString program = folder() + u"/kwin_wayland"_s;
+    QFile::copy(QStandardPaths::findExecutable(u"kwin_wayland"_s), program);
+    for (const auto &[name, value] :
+        std::initializer_list<std::pair<QString, QString>>{{u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s},
+            {u"KDE_FULL_SESSION"_s, u"true"_s}, {u"KDE_SESSION_VERSION"_s, u"5"_s}})
+        setVariable(name, value);
+    const QString socket = environment().value(u"XDG_RUNTIME_DIR"_s) + u"/wayland-1"_s;
+    const QString variables = folder() + u"/variables"_s;
+    const Rect &first = m_options.displays.first();
+    QStringList arguments =
+        u"--virtual --output-count 2 --no-lockscreen --socket wayland-1"_s.split(u' ');
+    arguments << u"--width"_s << QString::number(first.width) << u"--height"_s
+              << QString::number(first.height);
+    if (m_options.hasXwayland)
+        arguments << u"--xwayland"_s << u"sh -c 'env > %1.part && mv %1.part %1'"_s.arg(variables);
+    ChildProcess::Command command = this->command(program, arguments);
+    command.environment.insert(u"KWIN_COMPOSE"_s, m_options.canBePictured ? u"O2"_s : u"Q"_s);
+    command.environment.insert(u"KWIN_WAYLAND_NO_PERMISSION_CHECKS"_s, u"1"_s);
+    command.environment.insert(u"KWIN_SCREENSHOT_NO_PERMISSION_CHECKS"_s, u"1"_s);
+    m_compositor = std::make_unique<ChildProcess>(command);
+    setVariable(u"WAYLAND_DISPLAY"_s, socket);
+    auto hand = std::make_unique<KWinHand>(*this);
+    const auto isReady = [&] {
+        return !m_compositor->isRunning()
+            || (QFile::exists(socket) && hand->isThere() && hand->displays().size() == 2);
+    };
+    if (!waitUntil(isReady, Milliseconds{30000}) || !m_compositor->isRunning())
+        return u"KWin did not start"_s;
+    m_hand = std::move(hand);
+    if (m_options.hasXwayland)
+        adoptXwayland(variables);
+    return {};
+}
+
+bool WaylandDesktop::reload(const QString &configuration)
+{
+    const SwayIpc ipc(socketOf(u"sway"_s));
+    return write(folderOfSway(u"sway"_s) + u"/config"_s, configurationOfSway() + configuration)
+        && ipc.command(u"reload"_s);
+}
+
+void WaylandDesktop::adoptXwayland(const QString &path)
+{
+    static_cast<void>(waitUntil([&] { return QFile::exists(path); }));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        const QString name = line.section(u'=', 0, 0);
+        if (name == u"DISPLAY" || name == u"XAUTHORITY")
+            setVariable(name, line.section(u'=', 1));
+    }
+}
+
+} // namespace corvane::desktop
