@@ -1,5 +1,4 @@
 #include "CorvaneProcess.h"
-#include "Pager.h"
 #include "Pictures.h"
 #include "Steps.h"
 
@@ -14,7 +13,6 @@ using namespace corvane;
 using namespace corvane::demo;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using desktop::Pager;
 using desktop::waitUntil;
 
 namespace {
@@ -49,11 +47,11 @@ QString text(const std::optional<Rect> &rect)
                 : u"none"_s;
 }
 
-QString text(const Step &step)
+QString text(const Step &step, const QString &filling)
 {
     return rawValue(step.pressed)
         + (step.becomes == step.pressed ? QString() : u": "_s + rawValue(step.becomes))
-        + (step.wasMaximized ? u", was maximised"_s : QString());
+        + (step.filledDisplay ? u", was "_s + filling : QString());
 }
 
 /// Shows what the program does on a desk, prints what came of it and takes pictures.
@@ -64,7 +62,6 @@ public:
         : m_desk(desk)
         , m_corvane(corvane)
         , m_pictureFolder(std::move(pictureFolder))
-        , m_probe(desk.connection())
         , m_expectation(desk.areas())
     {
         for (const Application application : applications)
@@ -112,8 +109,8 @@ public:
         print(lineOf(layoutColumns, u"application,frame asked,frame reached"_s.split(u',')));
         for (const Application application : applications) {
             const Rect reached = frameOf(application);
-            const auto limits = sizeLimits(m_desk.connection(), m_desk.window(application));
-            const bool isBack = m_expectation.isLanding(reached, kept[application], limits);
+            const bool isBack =
+                m_expectation.isLanding(reached, kept[application], m_desk.sizeLimits(application));
             print(lineOf(layoutColumns,
                 {title(application), text(kept[application]), text(reached),
                     isBack ? u"ok"_s : u"✗"_s}));
@@ -131,15 +128,16 @@ private:
 
     [[nodiscard]] Rect frameOf(Application application)
     {
-        return m_probe.settledFrame(m_desk.window(application)).value_or(Rect());
+        return m_desk.settledFrame(m_desk.window(application));
     }
     [[nodiscard]] bool perform(const Step &step)
     {
-        const xcb_window_t window = m_desk.window(step.application);
-        const bool inFront = bringForward(window, step.wasMaximized);
-        const Rect before = m_probe.visibleFrame(window).value_or(Rect());
+        const Desk::Window window = m_desk.window(step.application);
+        const bool inFront =
+            m_desk.bringForward(window) && (!step.filledDisplay || m_desk.fillDisplay(window));
+        const Rect before = m_desk.frame(window).value_or(Rect());
         const Rect asked = m_expectation.ask(step, before);
-        const auto hasLanded = [&, limits = sizeLimits(m_desk.connection(), window)](
+        const auto hasLanded = [&, limits = m_desk.sizeLimits(step.application)](
                                    const Rect &frame) {
             return m_expectation.isLanding(frame, asked, limits);
         };
@@ -147,44 +145,31 @@ private:
         const auto keys = shortcut(step.pressed);
         const auto duration = keys ? press(keys->stroke, window, hasLanded) : place(step.pressed);
         static_cast<void>(m_corvane.waitForLog(rawValue(step.pressed) + u':', seen, 2s));
-        const auto reached = desktop::settled([&] { return m_probe.visibleFrame(window); }, 60ms);
+        const auto reached = desktop::settled([&] { return m_desk.frame(window); }, 60ms);
         // A window that stood there all along proves nothing.
         const bool landed =
             inFront && !hasLanded(before) && duration && reached && hasLanded(*reached);
         print(lineOf(stepColumns,
-            {keys ? keys->text : u"corvane --place "_s + rawValue(step.pressed), text(step),
-                title(step.application), text(asked), text(reached),
+            {keys ? keys->text : u"corvane --place "_s + rawValue(step.pressed),
+                text(step, m_desk.filling()), title(step.application), text(asked), text(reached),
                 duration ? QString::number(*duration, 'f', 1) : u"-"_s,
                 landed ? u"ok"_s : u"✗"_s}));
         if (!landed)
             print(u"    "_s + m_corvane.log().mid(seen).join(u'\n') + u'\n');
         return landed;
     }
-    [[nodiscard]] bool bringForward(xcb_window_t window, bool maximized)
-    {
-        Pager pager(m_desk.connection());
-        pager.activate(window);
-        const bool inFront = waitUntil([&] { return m_probe.activeWindow() == window; });
-        if (!maximized)
-            return inFront;
-        pager.setMaximized(window, Pager::Change::add);
-        const bool isMaximized =
-            waitUntil([&] { return m_probe.hasState(window, "_NET_WM_STATE_MAXIMIZED_VERT"); });
-        static_cast<void>(m_probe.settledFrame(window));
-        return inFront && isMaximized;
-    }
     /// Milliseconds until the window stood there.
     [[nodiscard]] std::optional<double> press(
-        const desktop::KeyStroke &stroke, xcb_window_t window, const Predicate &hasLanded)
+        const desktop::KeyStroke &stroke, Desk::Window window, const Predicate &hasLanded)
     {
-        desktop::KeyPresser keys(m_desk.connection());
+        desktop::Keys &keys = m_desk.keys();
         keys.holdModifiers(stroke);
         const Clock::time_point start = Clock::now();
         keys.key(stroke.key, true);
         keys.key(stroke.key, false);
         bool isThere = false;
         while (!isThere && Clock::now() - start < 2s) {
-            const auto frame = m_probe.visibleFrame(window);
+            const auto frame = m_desk.frame(window);
             isThere = frame && hasLanded(*frame);
             if (!isThere)
                 std::this_thread::sleep_for(100us);
@@ -201,13 +186,12 @@ private:
     }
     void takePicture(const QString &name)
     {
-        m_isPictured &= writePicture(m_desk.connection(), m_pictureFolder + u'/' + name);
+        m_isPictured &= m_desk.writePicture(m_pictureFolder + u'/' + name);
     }
 
     Desk &m_desk;
     desktop::CorvaneProcess &m_corvane;
     QString m_pictureFolder;
-    desktop::WindowProbe m_probe;
     Expectation m_expectation;
     bool m_isPictured = true;
 };
@@ -222,17 +206,16 @@ int fail(Status status, const QString &sentence)
 
 int demonstrate(const QCommandLineParser &options)
 {
-    const QString manager = options.value(u"window-manager"_s);
     const QString folder = options.value(u"pictures"_s);
     QDir().mkpath(folder);
-    const auto desk = Desk::start(manager);
+    const auto desk = Desk::start(options.value(u"desktop"_s), options.value(u"window-manager"_s));
     if (!desk)
         return fail(failed, desk.error());
-    desktop::CorvaneProcess corvane((*desk)->desktop(), QStringLiteral(CORVANE_PROGRAM));
+    desktop::CorvaneProcess corvane((*desk)->session(), QStringLiteral(CORVANE_PROGRAM));
     if (!corvane.start())
-        return fail(failed, u"Corvane did not start:\n"_s + (*desk)->desktop().logs());
-    const QList<Rect> &displays = (*desk)->displays();
-    print(u"%1, %2 displays. Corvane is %3.\n\n"_s.arg(manager)
+        return fail(failed, u"Corvane did not start:\n"_s + (*desk)->session().logs());
+    const QList<Rect> displays = (*desk)->displays();
+    print(u"%1, %2 displays. Corvane is %3.\n\n"_s.arg((*desk)->name())
               .arg(displays.size())
               .arg(corvane.readyLine()));
     Demonstration demonstration(**desk, corvane, folder);
@@ -267,7 +250,8 @@ int main(int argc, char **argv)
         u"Shows Corvane on a virtual desktop and exits with 0 when every window landed."_s);
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({
-        {u"window-manager"_s, u"One that the live tests know."_s, u"NAME"_s, u"openbox"_s},
+        {u"desktop"_s, u"x11, sway or kwin."_s, u"NAME"_s, u"x11"_s},
+        {u"window-manager"_s, u"Of x11: one that the live tests know."_s, u"NAME"_s, u"openbox"_s},
         {u"pictures"_s, u"Where the pictures go."_s, u"FOLDER"_s, u"build/demo"_s},
         {u"picture"_s, u"Also the last picture in the size of a page."_s, u"FILE"_s},
         {u"layout-picture"_s, u"The same of the layout, scattered and back."_s, u"FILE"_s},

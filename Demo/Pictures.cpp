@@ -1,7 +1,5 @@
 #include "Pictures.h"
 
-#include "WindowProbe.h"
-
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtGui/QPainter>
@@ -25,11 +23,6 @@ constexpr QRgb muted = 0x5C6069;
 constexpr int cell = 40;
 constexpr int cellsPerHairline = 5;
 
-QRect toQRect(const Rect &rect)
-{
-    return QRectF(rect.x, rect.y, rect.width, rect.height).toRect();
-}
-
 QSize boundsOf(const QList<Rect> &displays)
 {
     QRect bounds;
@@ -39,6 +32,11 @@ QSize boundsOf(const QList<Rect> &displays)
 }
 
 } // namespace
+
+QRect toQRect(const Rect &rect)
+{
+    return QRectF(rect.x, rect.y, rect.width, rect.height).toRect();
+}
 
 QImage boardPicture(const QList<Rect> &displays)
 {
@@ -78,35 +76,13 @@ QImage panelPicture(QSize size)
     return picture;
 }
 
-void setBackground(desktop::XConnection &connection, xcb_window_t window, const QImage &picture)
+QImage onBoard(const QImage &seen, const QList<Rect> &displays)
 {
-    xcb_connection_t *raw = connection.raw();
-    const auto width = static_cast<quint16>(picture.width());
-    const auto height = static_cast<quint16>(picture.height());
-    const quint8 depth = connection.screen().root_depth;
-    const xcb_pixmap_t pixmap = xcb_generate_id(raw);
-    xcb_create_pixmap(raw, depth, pixmap, window, width, height);
-    const xcb_gcontext_t context = xcb_generate_id(raw);
-    xcb_create_gc(raw, context, pixmap, 0, nullptr);
-    xcb_put_image(raw, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width, height, 0, 0, 0, depth,
-        static_cast<quint32>(picture.sizeInBytes()), picture.constBits());
-    xcb_free_gc(raw, context);
-    xcb_change_window_attributes(raw, window, XCB_CW_BACK_PIXMAP, &pixmap);
-    xcb_clear_area(raw, 0, window, 0, 0, 0, 0);
-    xcb_free_pixmap(raw, pixmap);
-    connection.sync();
-}
-
-bool writePicture(desktop::XConnection &connection, const QString &path)
-{
-    const auto size = desktop::WindowProbe(connection).clientGeometry(connection.root());
-    if (!size)
-        return false;
-    const auto look = [&] { return desktop::pixelsOn(connection, *size); };
-    const QByteArray pixels = desktop::settled(look, desktop::Milliseconds{400});
-    return QImage(reinterpret_cast<const uchar *>(pixels.constData()),
-        static_cast<int>(size->width), static_cast<int>(size->height), QImage::Format_RGB32)
-        .save(path);
+    QImage picture = boardPicture(displays);
+    QPainter painter(&picture);
+    for (const Rect &display : displays)
+        painter.drawImage(toQRect(display), seen, toQRect(display));
+    return picture;
 }
 
 bool writeReduced(const QString &folder, const QStringList &names, const QList<Rect> &displays,

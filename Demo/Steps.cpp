@@ -3,7 +3,6 @@
 #include "Geometry.h"
 #include "PhysicalKey.h"
 #include "ShortcutPreset.h"
-#include "WindowHints.h"
 
 #include <algorithm>
 
@@ -87,18 +86,6 @@ std::optional<Shortcut> shortcut(Placement placement)
     }
     shortcut.text += KeyCombo::keyName(combo.keyCode);
     return shortcut;
-}
-
-SizeLimits sizeLimits(desktop::XConnection &connection, xcb_window_t window)
-{
-    desktop::WindowProbe probe(connection);
-    const auto hints =
-        x11::WindowHints::fromProperty(connection.numbers(window, "WM_NORMAL_HINTS"));
-    const Size frame = probe.visibleFrame(window).value_or(Rect()).size();
-    const Size client = probe.clientGeometry(window).value_or(Rect()).size();
-    return {hints.increment,
-        {hints.minimum.width + frame.width - client.width,
-            hints.minimum.height + frame.height - client.height}};
 }
 
 Rect Expectation::ask(const Step &step, const Rect &current)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Desk.h"
-#include "KeyPresser.h"
 #include "Placement.h"
 
 namespace corvane::demo {
@@ -12,7 +11,7 @@ struct Step {
     Placement pressed;
     /// Where the window belongs: further on in a cycle, or what it keeps on another display.
     Placement becomes = pressed;
-    bool wasMaximized = false; ///< by the window manager, before
+    bool filledDisplay = false; ///< before, in the desktop's own way
 };
 
 /// Steps after which the desk is worth a picture.
@@ -31,14 +30,6 @@ struct Shortcut {
 
 /// Absent for a placement without a shortcut.
 [[nodiscard]] std::optional<Shortcut> shortcut(Placement placement);
-
-/// What a window does not do, whoever asks.
-struct SizeLimits {
-    Size increment{1, 1};
-    Size minimum; ///< of the visible frame
-};
-
-[[nodiscard]] SizeLimits sizeLimits(desktop::XConnection &connection, xcb_window_t window);
 
 /// Works out, apart from the program, where each step must put its window.
 class Expectation
