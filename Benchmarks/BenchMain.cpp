@@ -11,6 +11,7 @@
 #include "StartBenchmark.h"
 #include "StoreBenchmark.h"
 #include "UpdateBenchmark.h"
+#include "WaylandBenchmark.h"
 
 #include "Pager.h"
 #include "TestClient.h"
@@ -36,6 +37,7 @@ struct Effort {
     int starts = 20;
     int openings = 50;
     int layoutRounds = 11;
+    int waylandRounds = 150;
     int checks = 1000;
     std::chrono::seconds idle{10};
     QString only{}; ///< part of the titles of those to be run
@@ -46,7 +48,7 @@ struct Benchmark {
     std::function<Measurements()> measure;
 };
 
-const Effort quick{100, 8, 20, 3, 100, std::chrono::seconds(3)};
+const Effort quick{100, 8, 20, 3, 30, 100, std::chrono::seconds(3)};
 
 int fail(Status status, const QString &sentence)
 {
@@ -69,6 +71,20 @@ bool report(const QString &title, const Measurements &measurements)
     }
     std::fflush(stdout);
     return holds;
+}
+
+QList<Benchmark> onWayland(const QString &compositor, const Effort &effort)
+{
+    return {
+        {u"Idle on %1"_s.arg(compositor),
+            [=] { return measureWaylandIdle(compositor, effort.idle); }},
+        {u"Key press to the window's new frame on %1, %2 presses each"_s.arg(compositor)
+                .arg(effort.waylandRounds),
+            [=] { return measureWaylandKeys(compositor, effort.waylandRounds); }},
+        {u"Key press to a whole layout on %1, %2 presses each"_s.arg(compositor)
+                .arg(effort.layoutRounds),
+            [=] { return measureWaylandLayouts(compositor, effort.layoutRounds); }},
+    };
 }
 
 QList<Benchmark> benchmarks(VirtualDesktop &desktop, xcb_window_t window, const Effort &effort)
@@ -120,7 +136,9 @@ int measure(const Effort &effort)
         return fail(failed, u"the test window did not get the focus"_s);
 
     bool holds = true;
-    for (const Benchmark &benchmark : benchmarks(desktop, window, effort)) {
+    const auto all = benchmarks(desktop, window, effort) + onWayland(u"sway"_s, effort)
+        + onWayland(u"kwin_wayland"_s, effort);
+    for (const Benchmark &benchmark : all) {
         if (benchmark.title.contains(effort.only, Qt::CaseInsensitive))
             holds = report(benchmark.title, benchmark.measure()) && holds;
     }

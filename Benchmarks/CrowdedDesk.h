@@ -1,13 +1,12 @@
 #pragma once
 
+#include "Crowd.h"
 #include "Rival.h"
 #include "TestClient.h"
-#include "WindowLayout.h"
 
 namespace corvane::bench {
 
-/// Windows of a few applications, and two layouts that give every one of them another place and
-/// another size. The places are of one size however many there are.
+/// A crowd of windows of a few applications.
 class CrowdedDesk
 {
 public:
@@ -17,8 +16,7 @@ public:
     [[nodiscard]] bool fill(int count);
 
     [[nodiscard]] const QList<xcb_window_t> &windows() const { return m_windows; }
-    [[nodiscard]] static QString title(qsizetype window);
-    [[nodiscard]] std::array<WindowLayout, 2> layouts() const;
+    [[nodiscard]] const Crowd &crowd() const { return m_crowd; }
     /// A goal for each window.
     [[nodiscard]] std::array<QList<Goal>, 2> goals() const;
 
@@ -26,6 +24,7 @@ private:
     desktop::VirtualDesktop &m_desktop;
     std::vector<std::unique_ptr<desktop::TestClient>> m_clients;
     QList<xcb_window_t> m_windows;
+    Crowd m_crowd;
     Rect m_decoration; ///< around a client window: position and what it adds to the size
 };
 

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double megabytesResident = 45;
-
 /// What makes the program as large as it gets before a window opens.
 [[nodiscard]] bool openMenuOnce(VirtualDesktop &desktop, CorvaneProcess &corvane)
 {

@@ -1,10 +1,7 @@
 #include "LayoutRivals.h"
 
 #include "CorvaneProcess.h"
-#include "LayoutStore.h"
 #include "Programs.h"
-
-#include <QtCore/QDir>
 
 namespace corvane::bench {
 
@@ -14,9 +11,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint8 held = KeyStroke::control | KeyStroke::alt | KeyStroke::super;
-constexpr quint64 heldBits = KeyCombo::control | KeyCombo::option | KeyCombo::command;
-// The D and F keys, as Corvane's files name them.
-constexpr std::array<quint16, 2> corvaneKeyCodes{2, 3};
 
 constexpr Rival::Keys strokes(Key first, Key second)
 {
@@ -41,18 +35,9 @@ QString write(const QString &path, const QString &text)
 
 Rival corvaneWithLayouts(VirtualDesktop &desktop, const CrowdedDesk &desk)
 {
-    const QString folder = desktop.environment().value(u"XDG_DATA_HOME"_s) + u"/Corvane"_s;
-    QDir().mkpath(folder);
-    QList<WindowLayout> layouts;
-    for (const WindowLayout &layout : desk.layouts()) {
-        layouts << layout;
-        layouts.last().shortcut =
-            KeyCombo(corvaneKeyCodes[static_cast<size_t>(layouts.size() - 1)], heldBits);
-    }
-    // One that could not be saved has no keys, which shows.
-    std::ignore = LayoutStore(folder).save(layouts);
+    desk.crowd().store(desktop);
     endTour(desktop);
-    return {strokes(Key::d, Key::f), desktop.launch(corvaneProgram)};
+    return {Crowd::keys(), desktop.launch(corvaneProgram)};
 }
 
 Rival pipelinedProgram(VirtualDesktop &desktop, const CrowdedDesk &desk)
@@ -63,8 +48,7 @@ Rival pipelinedProgram(VirtualDesktop &desktop, const CrowdedDesk &desk)
     for (size_t which = 0; which < keys.size(); ++which) {
         QString lines;
         for (qsizetype i = 0; i < goals[which].size(); ++i)
-            lines +=
-                numbers(goals[which][i].frame).join(u' ') + u' ' + CrowdedDesk::title(i) + u'\n';
+            lines += numbers(goals[which][i].frame).join(u' ') + u' ' + Crowd::title(i) + u'\n';
         arguments << QString::number(GrabbedKey(keys[which]).keycode)
                   << write(u"%1/crowd-%2"_s.arg(desktop.folder()).arg(which), lines);
     }

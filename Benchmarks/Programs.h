@@ -8,6 +8,8 @@ namespace corvane::bench {
 inline const QString corvaneProgram = QStringLiteral(CORVANE_PROGRAM);
 inline const QString minimalProgram = QStringLiteral(CORVANE_MINIMAL);
 inline const QString pipelinedProgramPath = QStringLiteral(CORVANE_PIPELINED);
+inline const QString swayMinimalProgram = QStringLiteral(CORVANE_SWAY_MINIMAL);
+inline const QString kwinMinimalProgram = QStringLiteral(CORVANE_KWIN_MINIMAL);
 inline const QString floorProgram = QStringLiteral(CORVANE_FLOOR);
 inline const QString editorProgram = QStringLiteral(CORVANE_EDITOR);
 inline const QString pickerProgram = QStringLiteral(CORVANE_PICKER);

@@ -62,4 +62,22 @@ long long wakeUps(pid_t pid, std::chrono::seconds duration)
     return count;
 }
 
+int stirs(pid_t pid, std::chrono::seconds duration)
+{
+    constexpr Milliseconds pause{100};
+    waitForRest(pid, Milliseconds{3000});
+    const auto end = std::chrono::steady_clock::now() + duration;
+    int count = 0;
+    bool wasAtRest = true;
+    for (auto before = contextSwitches(pid); std::chrono::steady_clock::now() < end;) {
+        std::this_thread::sleep_for(pause);
+        const auto after = contextSwitches(pid);
+        const bool isAtRest = after == before;
+        count += wasAtRest && !isAtRest;
+        wasAtRest = isAtRest;
+        before = after;
+    }
+    return count;
+}
+
 } // namespace corvane::bench
