@@ -33,6 +33,12 @@ public:
     /// that is told.
     [[nodiscard]] Rect dueFrame(const Toplevel &window);
     void forget(const WindowElement &window) { m_placements.remove(window); }
+    /// The compositor has just given the window this frame, for which it may have yet to draw itself.
+    void noteGiven(const Toplevel &window)
+    {
+        m_placements.insert(window.element, begun(window, window.frame, Clock::now()));
+        m_placements[window.element].state = State::settled;
+    }
 
 private:
     using Clock = std::chrono::steady_clock;

@@ -347,7 +347,10 @@ expected<Toplevel, AXError> WaylandWindowAccess::leaveStates(const Toplevel &bef
     });
     if (!hasLeft)
         return unexpected<AXError>(refuse(AXError::cannotComplete, u"the app did not answer"_s));
-    return toplevel(window);
+    const auto normal = toplevel(window);
+    if (normal)
+        m_placer.noteGiven(*normal);
+    return normal;
 }
 
 AXError WaylandWindowAccess::refuse(AXError error, const QString &detail)
