@@ -177,6 +177,15 @@ WindowElement WaylandWorld::openWindow(pid_t pid, const WindowSpec &spec)
     return element;
 }
 
+WindowElement WaylandWorld::open(const WindowRequest &request)
+{
+    const pid_t pid = startApplication();
+    const quint32 number = client(pid).show(request);
+    const WindowElement element = newcomer(pid);
+    m_shown[element] = {pid, number};
+    return element;
+}
+
 void WaylandWorld::handle(quint32 number, const WindowSpec &spec)
 {
     if (spec.kind == WindowKind::panel || spec.kind == WindowKind::desktop)

@@ -33,6 +33,8 @@ public:
     pid_t startRival() override;
     void quitApplication(pid_t pid) override { m_clients.erase(pid); }
     WindowElement openWindow(pid_t pid, const WindowSpec &spec) override;
+    /// Of a process of its own.
+    WindowElement open(const WindowRequest &request);
     void closeWindow(const WindowElement &window) override;
     void renameWindow(const WindowElement &window, const QString &application) override;
     void focus(const WindowElement &window) override;
@@ -57,6 +59,7 @@ public:
     WaylandClient &client(pid_t pid) { return *m_clients.at(pid); }
     /// The number that the desktop's hand knows the window by.
     quint32 numberOf(const WindowElement &window) const { return m_shown.at(window).number; }
+    pid_t processOf(const WindowElement &window) const { return m_shown.at(window).pid; }
 
 protected:
     static constexpr Rect display{0, 0, 1600, 1000};
