@@ -86,6 +86,11 @@ void KWinCompositor::close(const WindowElement &window)
     std::ignore = askOf(window, "close"_L1);
 }
 
+void KWinCompositor::bringHere(const WindowElement &window)
+{
+    std::ignore = askOf(window, "bringHere"_L1);
+}
+
 void KWinCompositor::keepAbove(const WindowElement &window)
 {
     std::ignore = askOf(window, "keepAbove"_L1);

@@ -32,6 +32,7 @@ public:
     bool raise(const WindowElement &window) override;
     void activate(const WindowElement &window) override;
     void close(const WindowElement &window) override;
+    void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
 
     /// Has KWin do nothing on any global shortcut. Ends by itself after three seconds, so that it ends

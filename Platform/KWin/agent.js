@@ -289,6 +289,15 @@ function raise(window) {
     return {raised: canRaise};
 }
 
+function bringHere(window) {
+    if (isSix)
+        window.desktops = [workspace.currentDesktop];
+    else
+        window.desktop = workspace.currentDesktop;
+    if (Array.from(window.activities || []).length > 0)
+        window.activities = [workspace.currentActivity];
+}
+
 function setBlocked(isBlocked) {
     callDBus("org.kde.kglobalaccel", "/kglobalaccel", "org.kde.KGlobalAccel",
         "blockGlobalShortcuts", isBlocked);
@@ -318,6 +327,7 @@ const deedsToOne = {
     raise: raise,
     activate: setActive,
     close: window => window.closeWindow(),
+    bringHere: bringHere,
     keepAbove: window => window.keepAbove = true
 };
 

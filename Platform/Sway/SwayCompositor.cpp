@@ -177,6 +177,12 @@ void SwayCompositor::close(const WindowElement &window)
         std::ignore = run(criteria(window) + " kill");
 }
 
+void SwayCompositor::bringHere(const WindowElement &window)
+{
+    if (window.generation == m_generation)
+        std::ignore = run(criteria(window) + " move container to workspace current");
+}
+
 void SwayCompositor::keepAbove(const WindowElement &window)
 {
     if (window.generation == m_generation)

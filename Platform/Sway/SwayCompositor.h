@@ -37,6 +37,7 @@ public:
     bool raise(const WindowElement &window) override;
     void activate(const WindowElement &window) override;
     void close(const WindowElement &window) override;
+    void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
 
     /// Runs commands, which semicolons separate. The answer has an entry for each.

@@ -59,6 +59,8 @@ public:
     virtual void activate(const WindowElement &window) = 0;
     /// Asks the window to close, as its user would.
     virtual void close(const WindowElement &window) = 0;
+    /// Has a window come from its workspace to the one that the user sees.
+    virtual void bringHere(const WindowElement &window) = 0;
     /// Has a window of this program stand above all others.
     virtual void keepAbove(const WindowElement &window) = 0;
 

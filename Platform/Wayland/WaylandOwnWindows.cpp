@@ -6,6 +6,7 @@
 #include <QtGui/QWindow>
 
 #include <algorithm>
+#include <cmath>
 #include <unistd.h>
 
 namespace corvane::wayland {
@@ -95,23 +96,36 @@ void WaylandOwnWindows::show(const Wish &wish, const Toplevel &toplevel, const D
         compositor.keepAbove(toplevel.element);
         return;
     }
-    // Only once taken out of the compositor's layout: its user may want it there.
-    if (toplevel.tiled && !m_floated.contains(toplevel.element)) {
-        const auto area = std::ranges::max_element(desk.workAreas, {},
-            [&](const WorkArea &each) { return each.visible.intersectionArea(toplevel.frame); });
-        const QWindow &window = *QtWayland::window(wish.window);
-        const QSize wanted = m_wanted.value(&window, window.size());
-        const Rect &around = area == desk.workAreas.end() ? toplevel.frame : area->visible;
-        const Size decoration{toplevel.frame.width - toplevel.client.width,
-            toplevel.frame.height - toplevel.client.height};
-        const Size size{std::min(wanted.width() + decoration.width, around.width),
-            std::min(wanted.height() + decoration.height, around.height)};
-        std::ignore = m_placer.place({{toplevel.element,
-            {around.midX() - size.width / 2, around.midY() - size.height / 2, size.width,
-                size.height}}});
-    }
-    m_floated.insert(toplevel.element);
+    if (!toplevel.here)
+        compositor.bringHere(toplevel.element);
+    const QWindow &window = *QtWayland::window(wish.window);
+    const bool isSheet = window.transientParent() && !toplevel.tiled;
+    if (!m_placed.contains(toplevel.element) && !isSheet)
+        placeInTheMiddle(window, toplevel, desk);
+    m_placed.insert(toplevel.element);
     compositor.activate(toplevel.element);
+}
+
+/// In the size that it was shown with, whatever the compositor's layout made of that.
+void WaylandOwnWindows::placeInTheMiddle(
+    const QWindow &window, const Toplevel &toplevel, const Desk &desk)
+{
+    const Rect &frame = toplevel.frame;
+    const auto area = std::ranges::max_element(desk.workAreas, {},
+        [&](const WorkArea &each) { return each.visible.intersectionArea(frame); });
+    const Rect &around = area == desk.workAreas.end() ? frame : area->visible;
+    Size size = frame.size();
+    if (toplevel.tiled) {
+        const QSize wanted = m_wanted.value(&window, window.size());
+        const Size client = toplevel.client.width > 0 ? toplevel.client : size;
+        size.width += wanted.width() - client.width;
+        size.height += wanted.height() - client.height;
+    }
+    size = {std::min(size.width, around.width), std::min(size.height, around.height)};
+    const Rect middle{std::floor(around.midX() - size.width / 2),
+        std::floor(around.midY() - size.height / 2), size.width, size.height};
+    if (!isSame(middle, frame) || toplevel.tiled)
+        std::ignore = m_placer.place({{toplevel.element, middle}});
 }
 
 /// Neither Qt nor the compositor tells the other's name of a window: title and process must do.

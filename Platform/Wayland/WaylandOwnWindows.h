@@ -36,13 +36,14 @@ private:
     void wish(quint64 window, const std::optional<Rect> &overlay);
     void grant();
     void show(const Wish &wish, const Toplevel &toplevel, const Desk &desk);
+    void placeInTheMiddle(const QWindow &window, const Toplevel &toplevel, const Desk &desk);
     [[nodiscard]] const Toplevel *toplevelOf(quint64 window, const Desk &desk) const;
 
     ToplevelRegistry &m_registry;
     Placer &m_placer;
     QHash<const QWindow *, QSize> m_wanted;
     QList<Wish> m_wishes;
-    QSet<WindowElement> m_floated; ///< or did already, when they were brought forward first
+    QSet<WindowElement> m_placed; ///< where they are from now on is up to the user
     std::unique_ptr<ShortcutsInhibitor> m_inhibitor; ///< null while no window takes all keys
 };
 
