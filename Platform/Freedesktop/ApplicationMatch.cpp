@@ -41,8 +41,15 @@ Found withStartupClass(const QList<DesktopEntry> &entries, const ApplicationTrac
     for (const QString &part : {traces.instanceName, traces.className}) {
         if (part.isEmpty())
             continue;
-        const auto matching = preferred(filtered(
-            entries, [&](const DesktopEntry &entry) { return entry.startupClass == part; }));
+        auto matching = filtered(
+            entries, [&](const DesktopEntry &entry) { return entry.startupClass == part; });
+        if (matching.size() > 1) {
+            // The window is there, so its program is, too.
+            const auto usable = filtered(matching, [](const DesktopEntry &entry) {
+                return fault(entry) == DesktopEntry::Fault::none;
+            });
+            matching = preferred(usable.isEmpty() ? matching : usable);
+        }
         const auto namesake = filtered(matching, [&](const DesktopEntry &entry) {
             return entry.id.compare(part, Qt::CaseInsensitive) == 0;
         });
