@@ -3,8 +3,11 @@
 #include "Waiting.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 bool ContractWorld::eventually(const std::function<bool()> &condition)
 {
@@ -13,6 +16,20 @@ bool ContractWorld::eventually(const std::function<bool()> &condition)
         return condition();
     };
     return condition() || desktop::waitUntil(holdsLater, desktop::Milliseconds{15000});
+}
+
+void ContractWorld::writeEntry(const QString &folder, const QString &program, const QString &id,
+    const QString &name, Installation::State state)
+{
+    const bool isBroken = state == Installation::State::broken;
+    const QString text =
+        u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nNoDisplay=%3\n"
+        "StartupWMClass=%4\n"_s.arg(name, isBroken ? u"no-such-program"_s : program,
+            state == Installation::State::hidden ? u"true"_s : u"false"_s,
+            program.section(u'/', -1));
+    QDir().mkpath(folder);
+    QFile file(folder + id + u".desktop"_s);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
 }
 
 PlatformContract::PlatformContract()

@@ -86,6 +86,11 @@ public:
     virtual void settle() = 0;
     /// Pumps until the condition holds; false when it does not in time.
     [[nodiscard]] bool eventually(const std::function<bool()> &condition);
+
+protected:
+    /// What `install` does where desktop entries lie in a folder.
+    static void writeEntry(const QString &folder, const QString &program, const QString &id,
+        const QString &name, Installation::State state);
 };
 
 /// What every back end must do. A binary that links these tests instantiates them with the names of

@@ -8,6 +8,8 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 
+#include <stdexcept>
+
 namespace corvane {
 
 namespace {
@@ -15,6 +17,15 @@ namespace {
 constexpr std::array modifierKeys{std::pair{HotKeys::controlKey, KeyStroke::control},
     std::pair{HotKeys::optionKey, KeyStroke::alt}, std::pair{HotKeys::shiftKey, KeyStroke::shift},
     std::pair{HotKeys::cmdKey, KeyStroke::super}};
+
+/// What is there, or the end of the test.
+template <typename T>
+T orFail(expected<T, QString> made)
+{
+    if (!made)
+        throw std::runtime_error(made.error().toStdString());
+    return std::move(*made);
+}
 
 class SwayWorld final : public WaylandWorld
 {
@@ -120,7 +131,7 @@ WaylandWorld::WaylandWorld(const std::string &name)
     const QProcessEnvironment &variables = m_desk.environment();
     for (const QString &variable : variables.keys())
         qputenv(variable.toUtf8().constData(), variables.value(variable).toUtf8());
-    m_backEnd = (m_desk.isSway() ? openSwayPlatform([] {}) : openKWinPlatform([] {})).value();
+    m_backEnd = orFail(m_desk.isSway() ? openSwayPlatform([] {}) : openKWinPlatform([] {}));
 }
 
 WaylandWorld::~WaylandWorld()
@@ -136,16 +147,7 @@ WaylandWorld::~WaylandWorld()
 
 void WaylandWorld::install(const QString &id, const QString &name, Installation::State state)
 {
-    const QString program = state == Installation::State::broken
-        ? u"no-such-program"_s
-        : QStringLiteral(CORVANE_QT_TEST_CLIENT);
-    const QString text = u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nNoDisplay=%3\n"
-                         "StartupWMClass=%4\n"_s.arg(name, program,
-                             state == Installation::State::hidden ? u"true"_s : u"false"_s,
-                             program.section(u'/', -1));
-    QDir().mkpath(m_entries);
-    QFile file(m_entries + id + u".desktop"_s);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
+    writeEntry(m_entries, QStringLiteral(CORVANE_QT_TEST_CLIENT), id, name, state);
 }
 
 pid_t WaylandWorld::startApplication()
@@ -308,7 +310,7 @@ WaylandDesktop &WaylandWorld::prepare(const QString &compositor)
         s_desk && s_desk->isSway() == (compositor == u"sway") && s_desk->compositor().isRunning();
     if (!isThere) {
         s_desk.reset();
-        s_desk = WaylandDesktop::start({.compositor = compositor, .displays = {display}}).value();
+        s_desk = orFail(WaylandDesktop::start({.compositor = compositor, .displays = {display}}));
     }
     return *s_desk;
 }

@@ -49,16 +49,7 @@ struct X11World : ContractWorld {
 
     void install(const QString &id, const QString &name, Installation::State state) override
     {
-        const QString program = state == Installation::State::broken
-            ? u"no-such-program"_s
-            : QStringLiteral(CORVANE_QT_TEST_CLIENT);
-        const QString text = u"[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nNoDisplay=%3\n"
-                             "StartupWMClass=%4\n"_s.arg(name, program,
-                                 state == Installation::State::hidden ? u"true"_s : u"false"_s,
-                                 program.section(u'/', -1));
-        QDir().mkpath(entries);
-        QFile file(entries + id + u".desktop"_s);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) > 0);
+        writeEntry(entries, QStringLiteral(CORVANE_QT_TEST_CLIENT), id, name, state);
     }
     pid_t startApplication() override
     {

@@ -186,6 +186,8 @@ QString WaylandDesktop::startKWin()
     command.environment.insert(u"KWIN_COMPOSE"_s, m_options.canBePictured ? u"O2"_s : u"Q"_s);
     command.environment.insert(u"KWIN_WAYLAND_NO_PERMISSION_CHECKS"_s, u"1"_s);
     command.environment.insert(u"KWIN_SCREENSHOT_NO_PERMISSION_CHECKS"_s, u"1"_s);
+    // Without a graphics processor KWin 6.3 would end in Qt's code for the look of Plasma.
+    command.environment.remove(u"KDE_FULL_SESSION"_s);
     m_compositor = std::make_unique<ChildProcess>(command);
     setVariable(u"WAYLAND_DISPLAY"_s, socket);
     auto hand = std::make_unique<KWinHand>(*this);
