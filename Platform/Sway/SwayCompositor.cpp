@@ -5,8 +5,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
 
 #include <algorithm>
 #include <glob.h>
@@ -79,8 +77,8 @@ bool SwayCompositor::connectSockets()
     const auto version = m_questions.ask(Message::getVersion, {}, deadline);
     if (!version)
         return false;
-    m_description = u"sway "_s + (*version)[u"human_readable"].toString();
-    m_configFile = (*version)[u"loaded_config_file_name"].toString();
+    m_description = u"sway "_s + stringOf(at(*version, "human_readable"));
+    m_configFile = stringOf(at(*version, "loaded_config_file_name"));
     // The older sway knows no event of outputs, and would refuse the others with it.
     for (const char *events : {R"(["window","workspace","binding","shutdown"])", R"(["output"])"})
         std::ignore = m_events.ask(Message::subscribe, events, deadline);
@@ -95,10 +93,10 @@ expected<wayland::Desk, AXError> SwayCompositor::read(Scope)
 {
     if (!m_isPresent)
         return unexpected<AXError>(AXError::apiDisabled);
-    const auto tree = ask(Message::getTree);
+    auto tree = ask(Message::getTree);
     if (!tree)
         return unexpected<AXError>(tree.error());
-    m_tree = tree->object();
+    m_tree = std::move(*tree);
     m_desk = deskOf(m_tree, m_generation);
     m_tilePlaces.keepOnly(m_desk.windows);
     return m_desk;
@@ -122,9 +120,7 @@ AXError SwayCompositor::place(const QList<WindowMove> &moves)
     const auto answer = run(commands.join("; "));
     if (!answer)
         return answer.error();
-    const bool isRefused = moves.size() == 1
-        && std::ranges::any_of(
-            *answer, [](const QJsonValue &each) { return !each[u"success"].toBool(); });
+    const bool isRefused = moves.size() == 1 && answer->contains(false);
     return isRefused ? AXError::failure : AXError::success;
 }
 
@@ -189,11 +185,15 @@ void SwayCompositor::keepAbove(const WindowElement &window)
         std::ignore = run(criteria(window) + " sticky enable");
 }
 
-expected<QJsonArray, AXError> SwayCompositor::run(const QByteArray &commands)
+expected<QList<bool>, AXError> SwayCompositor::run(const QByteArray &commands)
 {
     const auto answer = ask(Message::runCommand, commands);
-    return answer ? expected<QJsonArray, AXError>(answer->array())
-                  : unexpected<AXError>(answer.error());
+    if (!answer)
+        return unexpected<AXError>(answer.error());
+    QList<bool> successes;
+    for (const Json &each : itemsOf(*answer))
+        successes << isTrue(at(each, "success"));
+    return successes;
 }
 
 QList<Binding> SwayCompositor::configuredBindings()
@@ -202,11 +202,12 @@ QList<Binding> SwayCompositor::configuredBindings()
     if (!answer)
         return {};
     const QDir folder = QFileInfo(m_configFile).dir();
-    return bindingsIn((*answer)[u"config"].toString().toUtf8(),
+    return bindingsIn(stringOf(at(*answer, "config")).toUtf8(),
         [&folder](const QString &pattern) { return textsOf(pattern, folder); });
 }
 
-expected<QJsonDocument, AXError> SwayCompositor::ask(Message message, const QByteArray &content)
+expected<rapidjson::Document, AXError> SwayCompositor::ask(
+    Message message, const QByteArray &content)
 {
     if (!m_isPresent)
         return unexpected<AXError>(AXError::apiDisabled);
@@ -226,7 +227,7 @@ void SwayCompositor::takeEvents()
 
 void SwayCompositor::take(const Packet &packet)
 {
-    const QJsonObject event = packet.content.object();
+    const Json &event = packet.content;
     switch (Event(packet.type)) {
     case Event::window:
         Q_EMIT windowsChanged();
@@ -238,8 +239,8 @@ void SwayCompositor::take(const Packet &packet)
         Q_EMIT workAreasChanged();
         break;
     case Event::binding:
-        if (event[u"change"_s] == "run"_L1)
-            Q_EMIT bindingPressed(event[u"binding"_s][u"command"].toString());
+        if (textOf(at(event, "change")) == "run")
+            Q_EMIT bindingPressed(stringOf(at(at(event, "binding"), "command")));
         break;
     case Event::shutdown:
         setPresent(false);
@@ -247,9 +248,9 @@ void SwayCompositor::take(const Packet &packet)
     }
 }
 
-void SwayCompositor::takeWorkspaceEvent(const QJsonObject &event)
+void SwayCompositor::takeWorkspaceEvent(const Json &event)
 {
-    if (event[u"change"_s] == "reload"_L1)
+    if (textOf(at(event, "change")) == "reload")
         Q_EMIT bindingsLost();
     Q_EMIT workAreasChanged();
     Q_EMIT windowsChanged();

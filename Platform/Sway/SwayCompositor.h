@@ -40,8 +40,8 @@ public:
     void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
 
-    /// Runs commands, which semicolons separate. The answer has an entry for each.
-    [[nodiscard]] expected<QJsonArray, AXError> run(const QByteArray &commands);
+    /// Runs commands, which semicolons separate. The answer is which of them succeeded.
+    [[nodiscard]] expected<QList<bool>, AXError> run(const QByteArray &commands);
     /// The key bindings in the user's own configuration.
     [[nodiscard]] QList<Binding> configuredBindings();
 
@@ -53,11 +53,11 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] bool connectSockets();
-    [[nodiscard]] expected<QJsonDocument, AXError> ask(
+    [[nodiscard]] expected<rapidjson::Document, AXError> ask(
         Message message, const QByteArray &content = {});
     void takeEvents();
     void take(const Packet &event);
-    void takeWorkspaceEvent(const QJsonObject &event);
+    void takeWorkspaceEvent(const Json &event);
     void setPresent(bool isPresent);
     void tryAgainSoon();
     [[nodiscard]] static QByteArray criteria(const WindowElement &window);
@@ -70,7 +70,7 @@ private:
     QString m_description;
     QString m_configFile;
     Duration m_timeout{1000};
-    QJsonObject m_tree; ///< as it was read last
+    rapidjson::Document m_tree; ///< as it was read last
     wayland::Desk m_desk; ///< that it describes
     TilePlaces m_tilePlaces;
     quint64 m_generation = 0;

@@ -4,8 +4,6 @@
 #include "PhysicalKey.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
 
 #include <algorithm>
 #include <array>
@@ -115,7 +113,7 @@ qint32 SwayHotKeys::run(const QByteArray &command)
     const auto answer = m_compositor.run(command);
     if (!answer)
         return static_cast<qint32>(answer.error());
-    return answer->at(0)[u"success"].toBool() ? noErr : hotKeyInvalid;
+    return answer->value(0) ? noErr : hotKeyInvalid;
 }
 
 void SwayHotKeys::unbind(const QByteArray &keys)

@@ -5,7 +5,6 @@
 #include "WaylandPlatform.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QJsonObject>
 
 namespace corvane {
 

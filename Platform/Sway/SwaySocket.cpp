@@ -88,13 +88,14 @@ std::optional<Packet> SwaySocket::receive(Time deadline)
     const qsizetype size = headerSize + qsizetype(numbers[0]);
     if (!fill(size, deadline))
         return std::nullopt;
-    Packet packet{
-        numbers[1], QJsonDocument::fromJson(m_received.mid(headerSize, qsizetype(numbers[0])))};
+    Packet packet{numbers[1]};
+    packet.content.Parse<rapidjson::kParseIterativeFlag>(
+        m_received.constData() + headerSize, numbers[0]);
     m_received.remove(0, size);
     return packet;
 }
 
-expected<QJsonDocument, AXError> SwaySocket::ask(
+expected<rapidjson::Document, AXError> SwaySocket::ask(
     Message message, const QByteArray &content, Time deadline)
 {
     if (!isOpen())

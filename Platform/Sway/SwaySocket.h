@@ -2,9 +2,9 @@
 
 #include "AXError.h"
 #include "Expected.h"
+#include "Json.h"
 
 #include <QtCore/QByteArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QString>
 
 #include <chrono>
@@ -34,7 +34,7 @@ enum class Event : quint32 {
 /// One message as it arrives: an answer, or an event.
 struct Packet {
     quint32 type = 0;
-    QJsonDocument content;
+    rapidjson::Document content{};
 };
 
 /// One connection to sway's socket. Broken for good after the first failure, a silence included: an
@@ -59,7 +59,7 @@ public:
     /// The next message. Nothing when none comes in time, or the connection has ended.
     [[nodiscard]] std::optional<Packet> receive(Time deadline);
     /// The answer to a question; events may not arrive on this connection.
-    [[nodiscard]] expected<QJsonDocument, AXError> ask(
+    [[nodiscard]] expected<rapidjson::Document, AXError> ask(
         Message message, const QByteArray &content, Time deadline);
 
 private:

@@ -1,50 +1,53 @@
 #include "SwayTree.h"
 
-#include <QtCore/QJsonArray>
-
 #include <algorithm>
+#include <vector>
 
 namespace corvane::sway {
 
-using namespace Qt::StringLiterals;
 using wayland::Desk;
 using wayland::Toplevel;
 using wayland::ToplevelKind;
 
 namespace {
 
-Rect rectOf(const QJsonValue &value)
+Rect rectOf(const Json &value)
 {
-    return {value[u"x"].toDouble(), value[u"y"].toDouble(), value[u"width"].toDouble(),
-        value[u"height"].toDouble()};
+    return {numberOf(at(value, "x")), numberOf(at(value, "y")), numberOf(at(value, "width")),
+        numberOf(at(value, "height"))};
 }
 
+using Nodes = std::vector<const Json *>;
+
 /// The nodes inside, that which had the focus last first.
-QList<QJsonObject> inFocusOrder(const QJsonObject &node)
+Nodes inFocusOrder(const Json &node)
 {
-    QList<QJsonObject> ordered;
-    QList<QJsonObject> left;
-    for (const QJsonValue &child : node[u"nodes"_s].toArray())
-        left << child.toObject();
-    for (const QJsonValue &id : node[u"focus"_s].toArray()) {
-        const auto child = std::ranges::find_if(left,
-            [&](const QJsonObject &each) { return each[u"id"_s].toInteger() == id.toInteger(); });
+    Nodes left;
+    for (const Json &child : itemsOf(at(node, "nodes")))
+        left.push_back(&child);
+    Nodes ordered;
+    for (const Json &id : itemsOf(at(node, "focus"))) {
+        if (left.empty())
+            break;
+        const auto child = std::ranges::find_if(
+            left, [&](const Json *each) { return integerOf(at(*each, "id")) == integerOf(id); });
         if (child == left.end())
             continue;
-        ordered << *child;
+        ordered.push_back(*child);
         left.erase(child);
     }
-    return ordered + left;
+    ordered.insert(ordered.end(), left.begin(), left.end());
+    return ordered;
 }
 
 /// What an X11 client says that its window is; a Wayland client says nothing of the kind.
-ToplevelKind kindOf(const QString &windowType)
+ToplevelKind kindOf(std::string_view windowType)
 {
-    if (windowType.isEmpty() || windowType == "normal"_L1 || windowType == "unknown"_L1)
+    if (windowType.empty() || windowType == "normal" || windowType == "unknown")
         return ToplevelKind::standard;
-    if (windowType == "dock"_L1)
+    if (windowType == "dock")
         return ToplevelKind::panel;
-    return windowType == "desktop"_L1 ? ToplevelKind::desktop : ToplevelKind::dialog;
+    return windowType == "desktop" ? ToplevelKind::desktop : ToplevelKind::dialog;
 }
 
 /// Reads the tree from the top down, where each node inherits what its workspace is.
@@ -53,11 +56,11 @@ class TreeReader
 public:
     explicit TreeReader(quint64 generation) : m_generation(generation) { }
 
-    void read(const QJsonObject &root)
+    void read(const Json &root)
     {
-        for (const QJsonObject &output : inFocusOrder(root)) {
-            for (const QJsonObject &workspace : inFocusOrder(output))
-                readWorkspace(workspace, output);
+        for (const Json *output : inFocusOrder(root)) {
+            for (const Json *workspace : inFocusOrder(*output))
+                readWorkspace(*workspace, *output);
         }
         // What has full screen is above all, and what floats above what is tiled.
         std::ranges::stable_sort(m_found, {}, &Found::rank);
@@ -85,32 +88,33 @@ private:
         bool insideFloating = false;
     };
 
-    void readWorkspace(const QJsonObject &workspace, const QJsonObject &output)
+    void readWorkspace(const Json &workspace, const Json &output)
     {
-        const bool isScratchpad = output[u"name"_s] == "__i3"_L1;
-        const bool isCurrent = workspace[u"name"_s] == output[u"current_workspace"_s];
-        const Rect area = rectOf(workspace[u"rect"_s]);
+        const bool isScratchpad = textOf(at(output, "name")) == "__i3";
+        const bool isCurrent =
+            textOf(at(workspace, "name")) == textOf(at(output, "current_workspace"));
+        const Rect area = rectOf(at(workspace, "rect"));
         if (isCurrent && area.width > 0)
-            m_workAreas << wayland::WorkArea{rectOf(output[u"rect"_s]), area};
+            m_workAreas << wayland::WorkArea{rectOf(at(output, "rect")), area};
         Place place{.shown = isScratchpad || isCurrent, .minimized = isScratchpad};
-        const QJsonArray floating = workspace[u"floating_nodes"_s].toArray();
+        const auto floating = itemsOf(at(workspace, "floating_nodes"));
         place.floating = true;
         // The last one is in front.
-        for (qsizetype i = floating.size() - 1; i >= 0; --i)
-            readNode(floating.at(i).toObject(), place);
+        for (size_t i = floating.size(); i > 0; --i)
+            readNode(floating[i - 1], place);
         place.floating = isScratchpad;
         readChildren(workspace, place);
     }
 
-    void readChildren(const QJsonObject &node, const Place &place)
+    void readChildren(const Json &node, const Place &place)
     {
-        for (const QJsonObject &child : inFocusOrder(node))
-            readNode(child, place);
+        for (const Json *child : inFocusOrder(node))
+            readNode(*child, place);
     }
 
-    void readNode(const QJsonObject &node, const Place &place)
+    void readNode(const Json &node, const Place &place)
     {
-        const bool isWindow = node.contains(u"pid"_s) && node[u"nodes"_s].toArray().isEmpty();
+        const bool isWindow = !at(node, "pid").IsNull() && itemsOf(at(node, "nodes")).empty();
         if (isWindow)
             return readWindow(node, place);
         Place inside = place;
@@ -118,30 +122,30 @@ private:
         readChildren(node, inside);
     }
 
-    void readWindow(const QJsonObject &node, const Place &place)
+    void readWindow(const Json &node, const Place &place)
     {
-        const QJsonValue names = node[u"window_properties"_s];
+        const Json &names = at(node, "window_properties");
         Toplevel window;
-        window.element = {quint64(node[u"id"_s].toInteger()), m_generation};
-        window.traces = {.pid = pid_t(node[u"pid"_s].toInteger()),
-            .publishedId = node[u"app_id"_s].toString(),
+        window.element = {quint64(integerOf(at(node, "id"))), m_generation};
+        window.traces = {.pid = pid_t(integerOf(at(node, "pid"))),
+            .publishedId = stringOf(at(node, "app_id")),
             // Desktop entries announce the id where they announced the class of X11.
-            .className = names[u"class"].toString(node[u"app_id"_s].toString()),
-            .instanceName = names[u"instance"].toString()};
-        window.title = node[u"name"_s].toString();
+            .className = stringOf(names.IsObject() ? at(names, "class") : at(node, "app_id")),
+            .instanceName = stringOf(at(names, "instance"))};
+        window.title = stringOf(at(node, "name"));
         // The rectangle leaves the title bar out, which stands above it.
-        window.frame = rectOf(node[u"rect"_s]);
-        const double title = node[u"deco_rect"_s][u"height"].toDouble();
+        window.frame = rectOf(at(node, "rect"));
+        const double title = numberOf(at(at(node, "deco_rect"), "height"));
         window.frame.y -= title;
         window.frame.height += title;
-        window.client = rectOf(node[u"window_rect"_s]).size();
-        window.kind = kindOf(names[u"window_type"].toString());
-        window.fullScreen = node[u"fullscreen_mode"_s].toInt() != 0;
+        window.client = rectOf(at(node, "window_rect")).size();
+        window.kind = kindOf(textOf(at(names, "window_type")));
+        window.fullScreen = integerOf(at(node, "fullscreen_mode")) != 0;
         window.tiled = !place.floating || place.insideFloating;
         window.minimized = place.minimized;
         window.here = place.shown;
-        window.concealed = place.shown && !place.minimized && !node[u"visible"_s].toBool(true);
-        if (node[u"focused"_s].toBool())
+        window.concealed = place.shown && !place.minimized && at(node, "visible").IsFalse();
+        if (isTrue(at(node, "focused")))
             m_focused = window.element;
         const int rank = window.minimized ? 3 : window.fullScreen ? 0 : window.tiled ? 2 : 1;
         m_found << Found{window, rank};
@@ -155,7 +159,7 @@ private:
 
 } // namespace
 
-Desk deskOf(const QJsonObject &tree, quint64 generation)
+Desk deskOf(const Json &tree, quint64 generation)
 {
     TreeReader reader(generation);
     reader.read(tree);

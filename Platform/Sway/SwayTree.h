@@ -1,12 +1,11 @@
 #pragma once
 
+#include "Json.h"
 #include "Toplevel.h"
-
-#include <QtCore/QJsonObject>
 
 namespace corvane::sway {
 
 /// The desk that sway's tree describes. Windows of one life of sway bear its `generation`.
-[[nodiscard]] wayland::Desk deskOf(const QJsonObject &tree, quint64 generation);
+[[nodiscard]] wayland::Desk deskOf(const Json &tree, quint64 generation);
 
 } // namespace corvane::sway

@@ -1,26 +1,22 @@
 #include "TilePlaces.h"
 
-#include <QtCore/QJsonArray>
-
 #include <algorithm>
 
 namespace corvane::sway {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 // A mark of sway's that exists only while our commands run.
 constexpr const char *mark = "_corvane_neighbour";
 
-/// The tiled node around the one with this id; empty where it is not among the tiled ones.
-QJsonObject parentOf(qint64 id, const QJsonObject &node)
+/// The tiled nodes around the one with this id; none where it is not among the tiled ones.
+std::span<const Json> siblingsOf(qint64 id, const Json &node)
 {
-    for (const QJsonValue &child : node[u"nodes"_s].toArray()) {
-        if (child[u"id"].toInteger() == id)
-            return node;
-        const QJsonObject found = parentOf(id, child.toObject());
-        if (!found.isEmpty())
+    const auto children = itemsOf(at(node, "nodes"));
+    for (const Json &child : children) {
+        if (integerOf(at(child, "id")) == id)
+            return children;
+        if (const auto found = siblingsOf(id, child); !found.empty())
             return found;
     }
     return {};
@@ -33,20 +29,21 @@ QByteArray criteria(qint64 id)
 
 } // namespace
 
-void TilePlaces::remember(const WindowElement &window, const QJsonObject &tree)
+void TilePlaces::remember(const WindowElement &window, const Json &tree)
 {
     const auto id = static_cast<qint64>(window.number);
-    const QJsonArray siblings = parentOf(id, tree)[u"nodes"_s].toArray();
-    for (qsizetype i = 0; i < siblings.size(); ++i) {
-        const QJsonValue node = siblings.at(i);
-        if (node[u"id"].toInteger() != id)
+    const auto siblings = siblingsOf(id, tree);
+    const auto idAt = [&](size_t index) {
+        return index < siblings.size() ? integerOf(at(siblings[index], "id")) : 0;
+    };
+    for (size_t i = 0; i < siblings.size(); ++i) {
+        if (idAt(i) != id)
             continue;
-        const QJsonValue rect = node[u"rect"];
-        const int title = node[u"deco_rect"][u"height"].toInt();
+        const Json &rect = at(siblings[i], "rect");
+        const double title = numberOf(at(at(siblings[i], "deco_rect"), "height"));
         m_places.insert(window,
-            {i > 0 ? siblings.at(i - 1)[u"id"].toInteger() : 0,
-                i + 1 < siblings.size() ? siblings.at(i + 1)[u"id"].toInteger() : 0,
-                rect[u"width"].toInt(), rect[u"height"].toInt() + title});
+            {i > 0 ? idAt(i - 1) : 0, idAt(i + 1), int(numberOf(at(rect, "width"))),
+                int(numberOf(at(rect, "height")) + title)});
     }
 }
 

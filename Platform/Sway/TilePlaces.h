@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Json.h"
 #include "Toplevel.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>
-#include <QtCore/QJsonObject>
 
 namespace corvane::sway {
 
@@ -13,7 +13,7 @@ class TilePlaces final
 {
 public:
     /// The window, which is tiled in this tree, is about to float.
-    void remember(const WindowElement &window, const QJsonObject &tree);
+    void remember(const WindowElement &window, const Json &tree);
     /// Commands that tile the window, between its neighbours and in its size where these are still there.
     [[nodiscard]] QByteArray wayBack(const WindowElement &window) const;
     void keepOnly(const QList<wayland::Toplevel> &windows);

@@ -7,7 +7,6 @@
 namespace corvane::wayland {
 
 namespace {
-// A reading of fifty windows takes almost as long.
 constexpr auto sharedFor = std::chrono::milliseconds(3);
 } // namespace
 
@@ -36,18 +35,22 @@ expected<Desk, AXError> ToplevelRegistry::desk(Compositor::Scope scope)
 {
     if (isFresh() && (m_read->scope == Compositor::Scope::all || m_read->scope == scope))
         return m_read->desk;
+    const auto asked = std::chrono::steady_clock::now();
     auto desk = m_compositor.read(scope);
     if (!desk)
         return desk;
-    m_read = Reading{*desk, scope, std::chrono::steady_clock::now()};
+    const auto answered = std::chrono::steady_clock::now();
+    // Asked at once again, a crowded desk would be as old by the time that its answer is there.
+    const auto isFor =
+        std::max<std::chrono::steady_clock::duration>(sharedFor, 2 * (answered - asked));
+    m_read = Reading{*desk, scope, answered + isFor};
     absorb(*desk, scope);
     return desk;
 }
 
 bool ToplevelRegistry::isFresh() const
 {
-    return m_read
-        && (isInOperation() || std::chrono::steady_clock::now() - m_read->time < sharedFor);
+    return m_read && (isInOperation() || std::chrono::steady_clock::now() < m_read->end);
 }
 
 expected<Toplevel, AXError> ToplevelRegistry::toplevel(const WindowElement &window)

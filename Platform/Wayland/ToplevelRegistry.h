@@ -64,7 +64,7 @@ private:
     struct Reading {
         Desk desk;
         Compositor::Scope scope;
-        Compositor::Time time;
+        Compositor::Time end; ///< of the time for which it holds outside an operation
     };
 
     /// Whether what was read last may be taken for what is there now.

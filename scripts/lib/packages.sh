@@ -3,7 +3,7 @@
 packages_build="build-essential cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
     qt6-l10n-tools qt6-tools-dev libglib2.0-dev
     libwayland-dev wayland-protocols qt6-base-private-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-sync-dev libxcb-xkb-dev libxkbcommon-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-sync-dev libxcb-xkb-dev libxkbcommon-dev rapidjson-dev
     libarchive-dev libexpected-dev libsodium-dev qcoro-qt6-dev"
 
 packages_desktop="dbus-bin dbus-daemon imagemagick libxcb-icccm4-dev libxcb-xtest0-dev openbox x11-utils
