@@ -111,6 +111,9 @@ bool AgentHost::handleMessage(const QDBusMessage &message, const QDBusConnection
         polled(message);
     else if (message.member() == "Changed"_L1 && message.signature() == "s"_L1)
         heard(message.arguments().constFirst().toString());
+    else if (message.member() == "Glance"_L1 && message.signature() == "ss"_L1)
+        m_mailbox.glanced(message.arguments().at(0).toString().toULongLong(),
+            message.arguments().at(1).toString());
     else
         return false;
     return true;

@@ -23,12 +23,14 @@ QString nothing()
 
 } // namespace
 
-std::optional<QJsonObject> AgentMailbox::ask(QJsonObject command, Time deadline)
+std::optional<QJsonObject> AgentMailbox::ask(QJsonObject command, Time deadline, Effect effect)
 {
     QMutexLocker lock(&m_mutex);
     if (!m_isPresent)
         return std::nullopt;
     m_awaited = QString::number(++m_lastNumber);
+    if (effect == Effect::some)
+        m_lastChange = m_lastNumber;
     m_outcome.reset();
     command.insert("number"_L1, m_awaited);
     handOver(textOf(command));
@@ -37,6 +39,13 @@ std::optional<QJsonObject> AgentMailbox::ask(QJsonObject command, Time deadline)
     m_awaited.clear();
     m_unsent.clear();
     return std::exchange(m_outcome, std::nullopt);
+}
+
+std::optional<QJsonObject> AgentMailbox::glance() const
+{
+    const QMutexLocker lock(&m_mutex);
+    const bool isCurrent = !m_glance.isEmpty() && m_glanceAfter >= m_lastChange;
+    return isCurrent ? std::optional(m_glance) : std::nullopt;
 }
 
 bool AgentMailbox::isPresent() const
@@ -100,9 +109,18 @@ void AgentMailbox::framesChanged()
     m_news.wakeAll();
 }
 
+void AgentMailbox::glanced(quint64 performed, const QString &seen)
+{
+    const QJsonObject glance = QJsonDocument::fromJson(seen.toUtf8()).object();
+    const QMutexLocker lock(&m_mutex);
+    m_glanceAfter = performed;
+    m_glance = glance;
+}
+
 void AgentMailbox::clear()
 {
     const QMutexLocker lock(&m_mutex);
+    m_glance = {};
     m_isPresent = false;
     m_framesChanged = false;
     m_answerPoll = nullptr;

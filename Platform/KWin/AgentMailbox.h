@@ -30,7 +30,13 @@ public:
 
     /// What the agent says to the command. Nothing where it is absent, or has not said it in time: then it
     /// may still do what it was told, unless it had not yet heard of it.
-    [[nodiscard]] std::optional<QJsonObject> ask(QJsonObject command, Time deadline);
+    /// `Effect::none`: the desk stays as it is.
+    enum class Effect { none, some };
+    [[nodiscard]] std::optional<QJsonObject> ask(
+        QJsonObject command, Time deadline, Effect effect = Effect::some);
+    /// The window that has the focus and the work areas, as the agent told them when they changed last.
+    /// Nothing where a command may have changed them since.
+    [[nodiscard]] std::optional<QJsonObject> glance() const;
     [[nodiscard]] bool isPresent() const;
     /// Blocks until the agent is there. False once the time has come.
     [[nodiscard]] bool waitForAgent(Time deadline);
@@ -45,6 +51,8 @@ public:
     /// Has the agent poll again; false where no poll is open.
     bool renewPoll();
     void framesChanged();
+    /// `performed`: the number of the command that the agent had carried out last.
+    void glanced(quint64 performed, const QString &seen);
     /// The agent is gone.
     void clear();
 
@@ -55,6 +63,9 @@ private:
     QWaitCondition m_news;
     AnswerPoll m_answerPoll; ///< of the open poll
     quint64 m_lastNumber = 0;
+    quint64 m_lastChange = 0; ///< number of the last command with an effect
+    quint64 m_glanceAfter = 0;
+    QJsonObject m_glance; ///< empty: there is none
     QString m_awaited; ///< number of the command whose outcome is waited for
     QString m_unsent; ///< command that waits for a poll
     std::optional<QJsonObject> m_outcome;

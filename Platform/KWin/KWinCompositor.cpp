@@ -28,7 +28,9 @@ KWinCompositor::KWinCompositor()
 expected<Desk, AXError> KWinCompositor::read(Scope scope)
 {
     const bool isWhole = scope == Scope::all;
-    const auto answer = ask("read"_L1, {{"whole"_L1, isWhole}});
+    const auto glance = isWhole ? std::nullopt : m_link.mailbox().glance();
+    const expected<QJsonObject, AXError> answer =
+        glance ? *glance : ask("read"_L1, {{"whole"_L1, isWhole}}, Effect::none);
     if (!answer)
         return unexpected(answer.error());
     auto desk = deskIn(*answer, m_numbers);
@@ -71,8 +73,10 @@ AXError KWinCompositor::enterState(const WindowElement &window, const WindowStat
 
 bool KWinCompositor::raise(const WindowElement &window)
 {
-    const QString identifier = m_numbers.identifier(window);
-    const auto answer = ask("raise"_L1, {{"id"_L1, identifier}});
+    if (!m_canRaise)
+        return false;
+    const auto answer = ask("raise"_L1, {{"id"_L1, m_numbers.identifier(window)}});
+    m_canRaise = !answer || answer->value("raised"_L1).toBool(true);
     return answer && answer->value("raised"_L1).toBool();
 }
 
@@ -101,12 +105,14 @@ void KWinCompositor::blockShortcuts(bool isBlocked)
     std::ignore = ask("block"_L1, {{"blocked"_L1, isBlocked}});
 }
 
-expected<QJsonObject, AXError> KWinCompositor::ask(QLatin1StringView deed, QJsonObject command)
+expected<QJsonObject, AXError> KWinCompositor::ask(
+    QLatin1StringView deed, QJsonObject command, Effect effect)
 {
     if (!isPresent())
         return unexpected(AXError::apiDisabled);
     command.insert("deed"_L1, QString(deed));
-    const auto answer = m_link.mailbox().ask(command, std::chrono::steady_clock::now() + m_timeout);
+    const auto answer =
+        m_link.mailbox().ask(command, std::chrono::steady_clock::now() + m_timeout, effect);
     if (!answer)
         return unexpected(AXError::cannotComplete);
     if (answer->contains("error"_L1))

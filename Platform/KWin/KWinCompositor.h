@@ -40,8 +40,10 @@ public:
     void blockShortcuts(bool isBlocked);
 
 private:
+    using Effect = AgentMailbox::Effect;
+
     [[nodiscard]] expected<QJsonObject, AXError> ask(
-        QLatin1StringView deed, QJsonObject command = {});
+        QLatin1StringView deed, QJsonObject command = {}, Effect effect = Effect::some);
     [[nodiscard]] AXError askOf(
         const WindowElement &window, QLatin1StringView deed, QJsonObject command = {});
 
@@ -49,6 +51,7 @@ private:
     WindowNumbers m_numbers;
     QString m_description;
     Duration m_timeout{1000};
+    bool m_canRaise = true; ///< as far as is known
 };
 
 } // namespace corvane::kwin

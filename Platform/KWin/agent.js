@@ -15,6 +15,9 @@ const watched = {}; // windows that were placed a short while ago
 const told = {}; // news that Corvane has not asked about yet
 let decoration = [0, 0]; // what it adds to a window's size, as seen last
 let areasRead = "";
+let performed = 0; // number of the command that was carried out last
+let lastGlance = "";
+let hasBegun = false;
 let hasEnded = false;
 
 function timer(interval, isSingleShot, action) {
@@ -196,28 +199,48 @@ function workAreas() {
     }));
 }
 
-function read(isWhole) {
+function look(isWhole) {
     const active = activeWindow();
     const isFocused = isShown(active) && ["panel", "desktop"].indexOf(kindOf(active)) < 0;
-    const windows = isWhole ? Array.from(allWindows()) : [active];
-    windows.filter(isShown).forEach(marginsOf);
-    const areas = workAreas();
-    areasRead = JSON.stringify(areas);
+    const windows = (isWhole ? Array.from(allWindows()) : [active]).filter(isShown);
+    windows.forEach(marginsOf);
+    return {
+        windows: windows.map(window => ({window: window, order: window.stackingOrder}))
+            .sort((a, b) => b.order - a.order).map(each => describeSafely(each.window))
+            .filter(Boolean),
+        focused: isFocused ? idOf(active) : "",
+        areas: workAreas()
+    };
+}
+
+function read(isWhole) {
+    const seen = look(isWhole);
+    areasRead = JSON.stringify(seen.areas);
     told.areas = told.frames = false;
     if (isWhole)
         told.windows = false;
-    return {
-        windows: windows.filter(isShown).sort((a, b) => b.stackingOrder - a.stackingOrder)
-            .map(describeSafely).filter(Boolean),
-        focused: isFocused ? idOf(active) : "",
-        areas: areas
-    };
+    return seen;
 }
+
+// What a placement wants to know before it begins is told as it changes, so that the key need not wait
+// for a question. A person who drags the window is waited for.
+function glance() {
+    const active = activeWindow();
+    if (!hasBegun || hasEnded || (active && (active.move || active.resize)))
+        return;
+    const seen = JSON.stringify(look(false));
+    if (seen + performed === lastGlance)
+        return;
+    lastGlance = seen + performed;
+    callDBus(home.service, home.path, home.interface, "Glance", String(performed), seen);
+}
+
+const glanceSoon = timer(0, true, glance);
 
 function leaveStates(window) {
     if (window.fullScreen)
         window.fullScreen = false;
-    if (!window.tile)
+    if (!window.tile && hasState(window))
         window.setMaximize(false, false);
 }
 
@@ -347,16 +370,21 @@ function tell(news) {
     callDBus(home.service, home.path, home.interface, "Changed", news);
 }
 
-const tellWindows = () => tell("windows");
+function tellWindows() {
+    tell("windows");
+    glanceSoon.start();
+}
 
 // KWin works areas out a moment after what changes them, and does not say when.
 const areasReview = timer(250, true, () => {
     if (JSON.stringify(workAreas()) !== areasRead)
         tell("areas");
+    glance();
 });
 
 function tellAreas() {
     tell("areas");
+    glanceSoon.start();
     areasReview.start();
 }
 
@@ -413,6 +441,11 @@ function follow(window, onKnown) {
         "fullScreenChanged", "maximizedChanged", "tileChanged", "quickTileModeChanged",
         "desktopChanged", "desktopsChanged", "activitiesChanged", "skipTaskbarChanged",
         "hiddenChanged"], tellWindows);
+    connectAll(window, ["frameGeometryChanged", "clientFinishUserMovedResized",
+        "interactiveMoveResizeFinished"], () => {
+        if (window.active)
+            glanceSoon.start();
+    });
     if (["panel", "desktop"].indexOf(kindOf(window)) >= 0)
         connectAll(window, ["frameGeometryChanged", "hiddenChanged"], tellAreas);
     if (isSix)
@@ -465,6 +498,7 @@ function poll(number, answer) {
             const request = JSON.parse(command);
             number = request.number;
             answer = perform(request) || {};
+            performed = Number(number) || performed;
         } catch (error) {
             answer = {error: String(error)};
         }
@@ -475,11 +509,13 @@ function poll(number, answer) {
 connectAll(workspace, ["windowAdded", "clientAdded"], added);
 connectAll(workspace, ["windowRemoved", "clientRemoved"], removed);
 connectAll(workspace, ["windowActivated", "clientActivated", "currentDesktopChanged",
-    "currentActivityChanged"], tellWindows);
+    "currentActivityChanged"], () => {
+    glance();
+    tellWindows();
+});
 connectAll(workspace, ["screensChanged", "numberScreensChanged", "screenResized",
     "virtualScreenGeometryChanged", "currentDesktopChanged"], tellAreas);
 
-let hasBegun = false;
 function begin() {
     if (!hasBegun)
         poll("", "");

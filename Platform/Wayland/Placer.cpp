@@ -160,6 +160,9 @@ bool Placer::waitFor(
 void Placer::await(const QList<WindowElement> &windows, Time deadline)
 {
     QList<WindowElement> left = windows;
+    // A question would hold up a compositor that has yet to hand the sizes out.
+    if (m_compositor.holdTime() == 0ms && !left.isEmpty())
+        std::ignore = m_compositor.waitForFrames(std::min(deadline, Clock::now() + quietTime));
     while (true) {
         m_registry.outdate();
         const auto desk = m_registry.desk(Compositor::Scope::all);
