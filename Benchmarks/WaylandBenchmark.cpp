@@ -164,9 +164,12 @@ Measurements measureWaylandIdle(const QString &compositor, std::chrono::seconds 
         return unexpected<QString>(u"corvane did not start:\n%1"_s.arg((*desktop)->logs()));
     if (const auto trial = corvane.place(u"center"_s); trial.exitStatus != 0)
         return unexpected<QString>(u"corvane may not move windows: %1"_s.arg(trial.reason()));
+    // Without a tray the program says so once.
+    if (!waitUntil([&] { return corvane.log().join(u' ').contains(u"no tray"_s); }, 3 * patience))
+        return unexpected<QString>(u"corvane did not look for a tray"_s);
     const bool hasAgent = !(*desktop)->isSway();
     if (hasAgent)
-        duration = std::max(duration, std::chrono::seconds(2 * heartbeat));
+        duration = std::max(duration, std::chrono::seconds(4 * heartbeat));
     const int stirred = stirs(corvane.pid(), duration);
     if (!corvane.isRunning())
         return unexpected<QString>(u"corvane ended by itself"_s);

@@ -63,7 +63,7 @@ MinimalOrders moveOne(
     const WaylandDesktop &desktop, const QString &title, const std::array<Rect, 2> &goals)
 {
     if (desktop.isSway()) {
-        return {.beforehand = u"known"_s,
+        return {.beforehand = u"anew"_s,
             .onKey = {swayOrder.arg(title, swayMove(goals[0])),
                 swayOrder.arg(title, swayMove(goals[1]))}};
     }

@@ -14,7 +14,7 @@ struct MinimalOrders {
     std::array<QString, 2> onKey;
 };
 
-/// Moves one window that it knows from the start.
+/// Moves one window, by its title; which it is, and where, only sway's tree tells.
 [[nodiscard]] MinimalOrders moveOne(
     const desktop::WaylandDesktop &desktop, const QString &title, const std::array<Rect, 2> &goals);
 /// Finds the windows by their titles, moves all of them, and has the last one come forward.
