@@ -70,6 +70,25 @@ TEST_F(AgentMailboxTests, aCommandThatWasGivenUpBeforeItWasHandedOverIsNeverDone
     EXPECT_EQ(commands.size(), 2);
 }
 
+TEST_F(AgentMailboxTests, aGlanceHoldsUntilACommandMayHaveChangedWhatItSaw)
+{
+    const auto seen = [this] { return mailbox.glance().value_or(QJsonObject())["at"_L1].toInt(); };
+    std::ignore = poll();
+    mailbox.glanced(0, u"{\"at\":1}"_s);
+    std::ignore = mailbox.ask({}, {}, AgentMailbox::Effect::none);
+    EXPECT_EQ(seen(), 1);
+
+    EXPECT_FALSE(ask(u"place"_s, 0ms));
+    EXPECT_EQ(seen(), 0);
+    mailbox.glanced(1, u"{\"at\":2}"_s); // was on its way
+    EXPECT_EQ(seen(), 0);
+    mailbox.glanced(2, u"{\"at\":3}"_s);
+    EXPECT_EQ(seen(), 3);
+
+    mailbox.clear();
+    EXPECT_EQ(seen(), 0);
+}
+
 TEST_F(AgentMailboxTests, whoWaitsIsToldAtOnceThatTheAgentIsGone)
 {
     std::ignore = poll();
