@@ -7,10 +7,9 @@ namespace corvane::desktop {
 
 using namespace Qt::StringLiterals;
 
-TestClient::TestClient(VirtualDesktop &desktop)
+WindowClient::WindowClient(const PrivateSession &session)
     : ChildProcess(
-        desktop.command(QStringLiteral(CORVANE_TEST_CLIENT), {u"listen"_s}, Channel::pipes))
-    , m_connection(desktop.connection())
+        session.command(QStringLiteral(CORVANE_TEST_CLIENT), {u"listen"_s}, Channel::pipes))
 {
 }
 

@@ -6,28 +6,49 @@
 namespace corvane::desktop {
 
 /// An application of ours, a process of its own, which opens any kind of window on request.
-class TestClient : public ChildProcess
+class WindowClient : public ChildProcess
 {
 public:
-    explicit TestClient(VirtualDesktop &desktop);
+    explicit WindowClient(const PrivateSession &session);
+    virtual ~WindowClient() = default;
 
-    /// The number of the new window, once the server knows it; 0 when the client did not answer.
-    [[nodiscard]] xcb_window_t open(const WindowRequest &request)
+    /// Returns once the desktop shows the window and has put it at rest. The number is that by which the
+    /// desktop's hand knows the window; 0 when the desktop does not show it.
+    [[nodiscard]] virtual quint32 show(const WindowRequest &request) = 0;
+    virtual void close(quint32 window) = 0;
+    /// Of what the desktop may not list among the windows; the client's own number.
+    virtual quint32 showPanel(const WindowRequest &request) = 0;
+    void closePanel(quint32 panel) { ask("close=" + QByteArray::number(panel)); }
+
+    /// The client's own number of the new window, once the desktop has been told; 0 when the client did
+    /// not answer.
+    [[nodiscard]] quint32 open(const WindowRequest &request)
     {
-        writeLine("window=" + request.toBytes().toHex());
-        return answer();
+        return ask("window=" + request.toBytes().toHex());
     }
-    /// As `open`, and waits until the window manager shows the window and has put it at rest.
-    [[nodiscard]] xcb_window_t show(const WindowRequest &request);
-    void close(xcb_window_t window)
+
+protected:
+    quint32 ask(const QByteArray &step)
     {
-        writeLine("close=" + QByteArray::number(window));
-        answer();
+        writeLine(step);
+        return readLine().value_or(QByteArray()).toUInt();
     }
+};
+
+/// The application on an X server, whose numbers its windows go by.
+class TestClient final : public WindowClient
+{
+public:
+    explicit TestClient(VirtualDesktop &desktop)
+        : WindowClient(desktop), m_connection(desktop.connection())
+    {
+    }
+
+    [[nodiscard]] xcb_window_t show(const WindowRequest &request) override;
+    void close(xcb_window_t window) override { closePanel(window); }
+    xcb_window_t showPanel(const WindowRequest &request) override { return show(request); }
 
 private:
-    quint32 answer() { return readLine().value_or(QByteArray()).toUInt(); }
-
     XConnection &m_connection;
 };
 

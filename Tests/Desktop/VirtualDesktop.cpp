@@ -53,6 +53,8 @@ QString VirtualDesktop::prepare(const Options &options)
     if (!setKeyboardLayouts(u"us"_s))
         return u"setxkbmap failed"_s;
     m_displays = std::make_unique<DisplayArranger>(*this, *m_connection);
+    m_hand = std::make_unique<X11Hand>(*m_connection, *m_displays);
+    m_keys = std::make_unique<KeyPresser>(*m_connection);
     if (!options.without.contains(u"RANDR"_s) && !m_displays->arrange(options.displays))
         return u"the X server did not take the displays"_s;
     return {};

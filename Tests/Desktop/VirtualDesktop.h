@@ -1,6 +1,7 @@
 #pragma once
 
-#include "DisplayArranger.h"
+#include "KeyPresser.h"
+#include "X11Hand.h"
 
 namespace corvane::desktop {
 
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] ChildProcess &server() { return *m_server; }
     [[nodiscard]] XConnection &connection() { return *m_connection; }
     [[nodiscard]] DisplayArranger &displays() { return *m_displays; }
+    [[nodiscard]] Hand &hand() { return *m_hand; }
+    [[nodiscard]] KeyPresser &keys() { return *m_keys; }
 
     /// From now on, an empty part of the desktop shows nothing; before, it keeps the picture of what
     /// stood there.
@@ -41,6 +44,8 @@ private:
     std::unique_ptr<ChildProcess> m_server;
     std::unique_ptr<XConnection> m_connection;
     std::unique_ptr<DisplayArranger> m_displays;
+    std::unique_ptr<X11Hand> m_hand;
+    std::unique_ptr<KeyPresser> m_keys;
 };
 
 } // namespace corvane::desktop

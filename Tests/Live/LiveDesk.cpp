@@ -25,23 +25,26 @@ void LiveTests::endDesk()
     s_corvane.reset();
     s_manager.reset();
     s_desktop.reset();
+    s_wayland.reset();
 }
 
 void LiveTests::SetUp()
 {
-    if (!s_desktop) {
-        auto started = VirtualDesktop::start({.without = s_without});
-        ASSERT_TRUE(started) << qPrintable(started.error());
-        s_desktop = std::move(*started);
-        s_corvane = std::make_unique<CorvaneProcess>(desktop(), QStringLiteral(CORVANE_PROGRAM));
-    } else if (desktop().displays().displays() != QList{standardDisplay}) {
-        ASSERT_TRUE(desktop().displays().arrange({standardDisplay}));
+    if (!s_corvane) {
+        ASSERT_NO_FATAL_FAILURE(startDesk());
+    } else if (hand().displays() != QList{standardDisplay}) {
+        ASSERT_TRUE(hand().arrange({standardDisplay}));
     }
-    ASSERT_NO_FATAL_FAILURE(ensureManager());
+    if (!isWayland()) {
+        ASSERT_NO_FATAL_FAILURE(ensureManager());
+    }
     if (!corvane().isRunning()) {
-        ASSERT_TRUE(corvane().start()) << qPrintable(desktop().logs());
+        ASSERT_TRUE(corvane().start()) << qPrintable(session().logs());
     }
-    m_client = std::make_unique<TestClient>(desktop());
+    if (isWayland())
+        m_client = std::make_unique<WaylandClient>(*s_wayland);
+    else
+        m_client = std::make_unique<TestClient>(desktop());
 }
 
 void LiveTests::TearDown()
@@ -51,7 +54,35 @@ void LiveTests::TearDown()
     m_client.reset();
     EXPECT_TRUE(corvane().isRunning()) << "the program ended";
     if (HasFailure())
-        std::fprintf(stderr, "%s\n", qPrintable(desktop().logs(3000)));
+        std::fprintf(stderr, "%s\n", qPrintable(session().logs(3000)));
+}
+
+void LiveTests::startDesk()
+{
+    if (isWayland()) {
+        auto started = WaylandDesktop::start({.compositor = managerName(), .hasXwayland = true});
+        ASSERT_TRUE(started) << qPrintable(started.error());
+        s_wayland = std::move(*started);
+    } else {
+        auto started = VirtualDesktop::start({.without = s_without});
+        ASSERT_TRUE(started) << qPrintable(started.error());
+        s_desktop = std::move(*started);
+    }
+    s_corvane = std::make_unique<CorvaneProcess>(session(), QStringLiteral(CORVANE_PROGRAM));
+}
+
+PrivateSession &LiveTests::session()
+{
+    if (s_wayland)
+        return *s_wayland;
+    return *s_desktop;
+}
+
+Keys &LiveTests::keys()
+{
+    if (s_wayland)
+        return s_wayland->keys();
+    return s_desktop->keys();
 }
 
 void LiveTests::ensureManager(const QString &name)
@@ -64,40 +95,33 @@ void LiveTests::ensureManager(const QString &name)
     manager() = std::move(*process);
 }
 
-xcb_window_t LiveTests::showFocused(const WindowRequest &request)
+quint32 LiveTests::showFocused(const WindowRequest &request)
 {
-    const xcb_window_t window = client().show(request);
-    EXPECT_NE(window, xcb_window_t(XCB_WINDOW_NONE));
+    const quint32 window = client().show(request);
+    EXPECT_NE(window, 0U);
     EXPECT_TRUE(focus(window));
     return window;
 }
 
-bool LiveTests::focus(xcb_window_t window)
+bool LiveTests::focus(quint32 window)
 {
-    if (probe().activeWindow() != window)
-        pager().activate(window);
-    return waitUntil([&] { return probe().activeWindow() == window; });
-}
-
-Rect LiveTests::frame(xcb_window_t window)
-{
-    return probe().settledFrame(window).value_or(Rect());
+    if (hand().activeWindow() != window)
+        hand().activate(window);
+    return waitUntil([&] { return hand().activeWindow() == window; });
 }
 
 testing::AssertionResult LiveTests::rests(
-    xcb_window_t window, const Rect &expected, Milliseconds deadline)
+    quint32 window, const Rect &expected, Milliseconds deadline)
 {
     const bool does = waitUntil(
-        [&] { return probe().visibleFrame(window) == expected && frame(window) == expected; },
-        deadline);
+        [&] { return hand().frame(window) == expected && frame(window) == expected; }, deadline);
     if (does)
         return testing::AssertionSuccess();
     return testing::AssertionFailure()
         << testing::PrintToString(frame(window)) << ", not " << testing::PrintToString(expected);
 }
 
-testing::AssertionResult LiveTests::lands(
-    xcb_window_t window, Placement placement, const Rect &area)
+testing::AssertionResult LiveTests::lands(quint32 window, Placement placement, const Rect &area)
 {
     press(placement);
     return rests(window, frameOf(placement, area)) << " (" << rawValue(placement).data() << ')';

@@ -2,12 +2,9 @@
 
 #include "CorvaneProcess.h"
 #include "Geometry.h"
-#include "KeyPresser.h"
-#include "Pager.h"
 #include "Placement.h"
-#include "TestClient.h"
+#include "WaylandClient.h"
 #include "WindowManagerProcess.h"
-#include "WindowProbe.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +46,7 @@ inline constexpr std::array shortcuts{
 [[nodiscard]] Rect frameOf(Placement placement, const Rect &area);
 
 /// A test on the desktop that every test of the process shares. It begins with one display of
-/// 1920 × 1080, the window manager and the program running, and no windows.
+/// 1920 × 1080, the window manager or the Wayland compositor and the program running, and no windows.
 class LiveTests : public testing::Test
 {
 public:
@@ -62,33 +59,40 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    VirtualDesktop &desktop() { return *s_desktop; }
+    PrivateSession &session();
+    Hand &hand() { return s_wayland ? s_wayland->hand() : s_desktop->hand(); }
+    Keys &keys();
     CorvaneProcess &corvane() { return *s_corvane; }
+    WindowClient &client() { return *m_client; }
+
+    WaylandDesktop &waylandDesktop() { return *s_wayland; }
+    /// X11's, for what only X11 has.
+    VirtualDesktop &desktop() { return *s_desktop; }
     std::unique_ptr<WindowManagerProcess> &manager() { return s_manager; }
     WindowProbe probe() { return WindowProbe(desktop().connection()); }
     Pager pager() { return Pager(desktop().connection()); }
-    KeyPresser keys() { return KeyPresser(desktop().connection()); }
-    TestClient &client() { return *m_client; }
 
-    /// The window manager under test: $CORVANE_TEST_WM, by default openbox.
+    /// The window manager or compositor under test: $CORVANE_TEST_WM, by default openbox.
     static QString managerName()
     {
         return qEnvironmentVariable("CORVANE_TEST_WM", QStringLiteral("openbox"));
     }
     static bool isManager(const QStringList &names) { return names.contains(managerName()); }
+    static bool isSway() { return isManager({QStringLiteral("sway")}); }
+    static bool isWayland() { return isSway() || isManager({QStringLiteral("kwin_wayland")}); }
     void ensureManager(const QString &name = managerName());
 
     /// Puts a window on the desktop and the focus into it.
-    xcb_window_t showFocused(const WindowRequest &request = {});
-    [[nodiscard]] bool focus(xcb_window_t window);
+    quint32 showFocused(const WindowRequest &request = {});
+    [[nodiscard]] bool focus(quint32 window);
 
-    Rect frame(xcb_window_t window);
+    Rect frame(quint32 window) { return hand().settledFrame(window); }
     /// Whether the window comes to rest there, however often it moves before.
     testing::AssertionResult rests(
-        xcb_window_t window, const Rect &expected, Milliseconds deadline = patience);
+        quint32 window, const Rect &expected, Milliseconds deadline = patience);
     /// Whether the placement's shortcut puts the window on its part of the area.
     testing::AssertionResult lands(
-        xcb_window_t window, Placement placement, const Rect &area = standardDisplay);
+        quint32 window, Placement placement, const Rect &area = standardDisplay);
     /// Returns once the program is done with it.
     void press(Placement placement);
     [[nodiscard]] CorvaneProcess::Answer place(Placement placement)
@@ -97,10 +101,13 @@ protected:
     }
 
 private:
+    void startDesk();
+
+    static inline std::unique_ptr<WaylandDesktop> s_wayland;
     static inline std::unique_ptr<VirtualDesktop> s_desktop;
     static inline std::unique_ptr<WindowManagerProcess> s_manager;
     static inline std::unique_ptr<CorvaneProcess> s_corvane;
-    std::unique_ptr<TestClient> m_client;
+    std::unique_ptr<WindowClient> m_client;
 };
 
 } // namespace corvane::desktop

@@ -174,7 +174,7 @@ TEST_F(KeyboardTests, shortcutsStayOnTheirPhysicalKeysWhateverTheLayoutAndTheLoc
     };
     for (const Key lock : {Key::numLock, Key::capsLock, Key::numLock, Key::capsLock}) {
         SCOPED_TRACE(testing::Message() << "after lock " << int(lock));
-        ASSERT_TRUE(keys().toggle(lock));
+        ASSERT_TRUE(desktop().keys().toggle(lock));
         expectShortcutsToWork();
     }
     for (const auto &layout : {u"fr"_s, u"us(dvorak)"_s, u"de(neo)"_s, u"us,ru"_s}) {
@@ -182,7 +182,7 @@ TEST_F(KeyboardTests, shortcutsStayOnTheirPhysicalKeysWhateverTheLayoutAndTheLoc
         ASSERT_TRUE(desktop().setKeyboardLayouts(layout));
         expectShortcutsToWork();
     }
-    ASSERT_TRUE(keys().toggle(Key::menu));
+    ASSERT_TRUE(desktop().keys().toggle(Key::menu));
     expectShortcutsToWork();
 
     ASSERT_TRUE(desktop().setKeyboardLayouts(u"fr"_s));

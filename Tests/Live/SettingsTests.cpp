@@ -187,7 +187,7 @@ TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)
         {{strokes::hyper, Key::right}, "\"keyCode\": 124,", u"20 of 20"_s, true},
         {{plain, Key::o}, "\"keyCode\": 31,", u"20 of 20"_s}};
     for (const Key lock : {Key::capsLock, Key::numLock})
-        ASSERT_TRUE(keys().toggle(lock));
+        ASSERT_TRUE(desktop().keys().toggle(lock));
     for (const auto &[stroke, saved, ready, isAsked] : cases) {
         const xcb_window_t window = open(u"shortcuts"_s);
         record();
@@ -207,7 +207,7 @@ TEST_F(SettingsTests, recordedKeysWorkAtOnceWhoeverHeldThem)
         ASSERT_TRUE(waitUntil([&] { return !probe().clients().contains(window); }));
     }
     for (const Key lock : {Key::capsLock, Key::numLock})
-        ASSERT_TRUE(keys().toggle(lock));
+        ASSERT_TRUE(desktop().keys().toggle(lock));
     xcb_ungrab_key(connection.raw(), c, connection.root(), XCB_MOD_MASK_ANY);
 
     ASSERT_TRUE(focus(users));

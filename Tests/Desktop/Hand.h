@@ -13,7 +13,7 @@ namespace corvane::desktop {
 
 /// A window as one sees it on the desktop.
 struct SeenWindow {
-    quint32 number = 0; ///< the compositor's, or the hand's where that has none
+    quint32 number = 0; ///< the desktop's, or the hand's where that has none
     pid_t pid = 0;
     QString title;
     QString application; ///< Wayland's application id, or X11's class
@@ -29,8 +29,8 @@ struct SeenWindow {
     bool operator==(const SeenWindow &) const = default;
 };
 
-/// The eyes and the hand of the person at a Wayland desktop, by the compositor's own means and apart
-/// from the program under test. Calls are synchronous; nothing waits for an effect unless it says so.
+/// The eyes and the hand of the person at a desktop, by the desktop's own means and apart from the program
+/// under test. Calls are synchronous; nothing waits for an effect unless it says so.
 class Hand
 {
 public:
@@ -42,17 +42,17 @@ public:
     virtual void activate(quint32 window) = 0;
     virtual void close(quint32 window) = 0;
     virtual void setMinimized(quint32 window, bool isMinimized) = 0;
-    /// Where the desktop has such a state: sway has none.
+    /// Where the desktop has such a state: sway and i3 have none.
     virtual void setMaximized(quint32 window, bool isMaximized) = 0;
     virtual void setFullScreen(quint32 window, bool isFullScreen) = 0;
-    /// Into the place that the desktop's own layout has for it; KWin: the left half.
+    /// Into the place that the desktop's own layout has for it; KWin: the left half; X11: not at all.
     virtual void tile(quint32 window) = 0;
     /// To the second workspace.
     virtual void moveElsewhere(quint32 window) = 0;
-    /// Gives a plain window this frame.
+    /// Gives a plain window this frame; X11: its client has the size.
     virtual void place(quint32 window, const Rect &frame) = 0;
 
-    /// Makes the displays exactly these. Returns once the compositor says so; false when it does not in
+    /// Makes the displays exactly these. Returns once the desktop says so; false when it does not in
     /// time, or cannot.
     [[nodiscard]] virtual bool arrange(const QList<Rect> &displays) = 0;
     /// Of the display with this index, whose rectangle becomes smaller.
@@ -60,13 +60,16 @@ public:
     [[nodiscard]] virtual QList<Rect> displays() = 0;
 
     [[nodiscard]] std::optional<SeenWindow> window(quint32 number);
-    [[nodiscard]] Rect frame(quint32 number) { return window(number).value_or(SeenWindow()).frame; }
+    [[nodiscard]] virtual Rect frame(quint32 number)
+    {
+        return window(number).value_or(SeenWindow()).frame;
+    }
     /// The frame once it has stopped changing.
     [[nodiscard]] Rect settledFrame(quint32 number)
     {
         return settled([&] { return frame(number); });
     }
-    [[nodiscard]] quint32 activeWindow();
+    [[nodiscard]] virtual quint32 activeWindow();
     /// Places the window and sees to it that it stays there: a window that has yet to draw itself
     /// after an earlier change loses a size. False when it takes another size.
     [[nodiscard]] bool putAt(quint32 window, const Rect &frame);
