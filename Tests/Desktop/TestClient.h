@@ -16,9 +16,8 @@ public:
     /// desktop's hand knows the window; 0 when the desktop does not show it.
     [[nodiscard]] virtual quint32 show(const WindowRequest &request) = 0;
     virtual void close(quint32 window) = 0;
-    /// Of what the desktop may not list among the windows; the client's own number.
+    /// What the desktop may not list among the windows; the client's own number.
     virtual quint32 showPanel(const WindowRequest &request) = 0;
-    void closePanel(quint32 panel) { ask("close=" + QByteArray::number(panel)); }
 
     /// The client's own number of the new window, once the desktop has been told; 0 when the client did
     /// not answer.
@@ -28,6 +27,8 @@ public:
     }
 
 protected:
+    /// By the client's own number.
+    void closeOwn(quint32 window) { ask("close=" + QByteArray::number(window)); }
     quint32 ask(const QByteArray &step)
     {
         writeLine(step);
@@ -45,7 +46,7 @@ public:
     }
 
     [[nodiscard]] xcb_window_t show(const WindowRequest &request) override;
-    void close(xcb_window_t window) override { closePanel(window); }
+    void close(xcb_window_t window) override { closeOwn(window); }
     xcb_window_t showPanel(const WindowRequest &request) override { return show(request); }
 
 private:

@@ -15,6 +15,11 @@ void PrintTo(const Rect &rect, std::ostream *stream)
 
 namespace corvane::desktop {
 
+KeyStroke strokeOf(Placement placement)
+{
+    return std::ranges::find(shortcuts, placement, &Shortcut::first)->second;
+}
+
 Rect frameOf(Placement placement, const Rect &area)
 {
     return Geometry::frame(unitRect(placement).value_or(UnitRect{}), area, 0);
@@ -41,10 +46,7 @@ void LiveTests::SetUp()
     if (!corvane().isRunning()) {
         ASSERT_TRUE(corvane().start()) << qPrintable(session().logs());
     }
-    if (isWayland())
-        m_client = std::make_unique<WaylandClient>(*s_wayland);
-    else
-        m_client = std::make_unique<TestClient>(desktop());
+    m_client = startClient();
 }
 
 void LiveTests::TearDown()
@@ -95,6 +97,13 @@ void LiveTests::ensureManager(const QString &name)
     manager() = std::move(*process);
 }
 
+std::unique_ptr<WindowClient> LiveTests::startClient()
+{
+    if (s_wayland)
+        return std::make_unique<WaylandClient>(*s_wayland);
+    return std::make_unique<TestClient>(*s_desktop);
+}
+
 quint32 LiveTests::showFocused(const WindowRequest &request)
 {
     const quint32 window = client().show(request);
@@ -130,7 +139,7 @@ testing::AssertionResult LiveTests::lands(quint32 window, Placement placement, c
 void LiveTests::press(Placement placement)
 {
     const qsizetype seen = corvane().log().size();
-    keys().press(std::ranges::find(shortcuts, placement, &Shortcut::first)->second);
+    keys().press(strokeOf(placement));
     EXPECT_TRUE(waitUntil([&] { return corvane().log().size() > seen; })) << "it was not heard";
 }
 

@@ -43,6 +43,8 @@ inline constexpr std::array shortcuts{
     Shortcut{Placement::previousDisplay, {strokes::plain, Key::left}},
 };
 
+/// The keys of one of the shortcuts above.
+[[nodiscard]] KeyStroke strokeOf(Placement placement);
 [[nodiscard]] Rect frameOf(Placement placement, const Rect &area);
 
 /// A test on the desktop that every test of the process shares. It begins with one display of
@@ -82,6 +84,7 @@ protected:
     static bool isWayland() { return isSway() || isManager({QStringLiteral("kwin_wayland")}); }
     void ensureManager(const QString &name = managerName());
 
+    [[nodiscard]] std::unique_ptr<WindowClient> startClient();
     /// Puts a window on the desktop and the focus into it.
     quint32 showFocused(const WindowRequest &request = {});
     [[nodiscard]] bool focus(quint32 window);

@@ -18,7 +18,7 @@ quint32 WaylandClient::show(const WindowRequest &request)
 
 void WaylandClient::close(quint32 window)
 {
-    closePanel(m_own[window]);
+    closeOwn(m_own[window]);
     static_cast<void>(waitUntil([&] { return !m_hand.window(window); }));
 }
 

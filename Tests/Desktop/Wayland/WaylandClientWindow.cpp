@@ -5,6 +5,7 @@
 #include <cmath>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <xdg-output-unstable-v1-client-protocol.h>
 
 namespace corvane::desktop {
 
@@ -65,19 +66,22 @@ WaylandGlobals::WaylandGlobals(WaylandConnection &connection)
 {
     static constexpr xdg_wm_base_listener answerPings{
         [](void *, xdg_wm_base *base, uint32_t serial) { xdg_wm_base_pong(base, serial); }};
-    static constexpr wl_output_listener takeOrigin{
-        [](void *output, wl_output *, int32_t x, int32_t y, int32_t, int32_t, int32_t, const char *,
-            const char *, int32_t) {
+    // The outputs themselves are all at 0,0 for sway.
+    static constexpr zxdg_output_v1_listener takeOrigin{
+        [](void *output, zxdg_output_v1 *, int32_t x, int32_t y) {
             static_cast<Output *>(output)->origin = {double(x), double(y)};
         },
-        [](void *, wl_output *, uint32_t, int32_t, int32_t, int32_t) {}, nullptr, nullptr, nullptr,
+        [](void *, zxdg_output_v1 *, int32_t, int32_t) {}, [](void *, zxdg_output_v1 *) {}, nullptr,
         nullptr};
     if (shell)
         xdg_wm_base_add_listener(shell, &answerPings, nullptr);
     for (wl_output *const each : connection.bindAll<wl_output>(wl_output_interface))
         outputs << Output{each};
+    auto *const places = connection.bind<zxdg_output_manager_v1>(zxdg_output_manager_v1_interface);
     for (Output &each : outputs)
-        wl_output_add_listener(each.output, &takeOrigin, &each);
+        zxdg_output_v1_add_listener(
+            connection.own(zxdg_output_manager_v1_get_xdg_output(places, each.output)), &takeOrigin,
+            &each);
 }
 
 wl_output *WaylandGlobals::outputAt(Point point) const
