@@ -42,7 +42,8 @@ public:
                 answer.clear();
         }
         ::close(socket);
-        return QJsonDocument::fromJson(answer);
+        // A title may be of any bytes, and sway hands them on as they are.
+        return QJsonDocument::fromJson(QString::fromUtf8(answer).toUtf8());
     }
     /// Whether every part of the command succeeded.
     bool command(const QString &text) const
