@@ -47,13 +47,13 @@ public:
     virtual void setFullScreen(quint32 window, bool isFullScreen) = 0;
     /// Into the place that the desktop's own layout has for it; KWin: the left half; X11: not at all.
     virtual void tile(quint32 window) = 0;
-    /// To the second workspace.
+    /// To a workspace that is not shown, the second one where they are numbered.
     virtual void moveElsewhere(quint32 window) = 0;
     /// Gives a plain window this frame; X11: its client has the size.
     virtual void place(quint32 window, const Rect &frame) = 0;
 
-    /// Makes the displays exactly these. Returns once the desktop says so; false when it does not in
-    /// time, or cannot.
+    /// Makes the displays exactly these; X11, KWin: one without an area is unplugged. Returns once the
+    /// desktop says so; false when it does not in time, or cannot.
     [[nodiscard]] virtual bool arrange(const QList<Rect> &displays) = 0;
     /// Of the display with this index, whose rectangle becomes smaller.
     [[nodiscard]] virtual bool setScale(int display, double scale) = 0;

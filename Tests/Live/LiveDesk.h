@@ -60,6 +60,8 @@ protected:
 
     void SetUp() override;
     void TearDown() override;
+    /// Before the test, unless it runs.
+    virtual void startProgram();
 
     PrivateSession &session();
     Hand &hand() { return s_wayland ? s_wayland->hand() : s_desktop->hand(); }

@@ -20,7 +20,7 @@ else
     packages_kwin+=" kglobalacceld libkscreen-bin"
 fi
 
-packages_wayland="$packages_sway $packages_kwin gtk-4-examples qtwayland5"
+packages_wayland="$packages_sway $packages_kwin featherpad gtk-4-examples qtwayland5"
 
 packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
     linguist-qt6 openssl python3 strace zstd"

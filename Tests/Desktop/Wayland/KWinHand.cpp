@@ -128,13 +128,15 @@ bool KWinHand::arrange(const QList<Rect> &displays)
     QStringList changes;
     for (qsizetype index = 0; index < outputs; ++index) {
         const QString output = u"output.Virtual-%1."_s.arg(index);
-        if (index >= displays.size())
+        if (displays.value(index).width <= 0)
             changes << output + u"disable"_s;
         else
             changes << output + u"enable"_s << output + u"scale.1"_s
                     << output + u"position.%1,%2"_s.arg(displays[index].x).arg(displays[index].y);
     }
-    return configure(changes) && waitUntil([&] { return this->displays() == displays; });
+    QList<Rect> plugged = displays;
+    plugged.removeIf([](const Rect &display) { return display.width <= 0; });
+    return configure(changes) && waitUntil([&] { return this->displays() == plugged; });
 }
 
 bool KWinHand::setScale(int display, double scale)

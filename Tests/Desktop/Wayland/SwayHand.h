@@ -32,7 +32,7 @@ public:
     void tile(quint32 window) override { command(window, "floating disable"); }
     void moveElsewhere(quint32 window) override
     {
-        command(window, "move container to workspace number 2");
+        command(window, "move container to workspace elsewhere");
     }
     void place(quint32 window, const Rect &frame) override;
 
