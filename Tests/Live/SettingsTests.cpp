@@ -23,19 +23,17 @@ protected:
     {
         LiveTests::TearDown();
         corvane().stop();
-        desktop().setVariable(u"QT_SCALE_FACTOR"_s, {});
+        session().setVariable(u"QT_SCALE_FACTOR"_s, {});
         QFile::remove(settingsPath());
     }
 
-    QString settingsPath() { return desktop().dataFolder() + u"/Corvane/settings.json"_s; }
+    QString settingsPath() { return session().dataFolder() + u"/Corvane/settings.json"_s; }
     /// Opens the window on a pane, by a second start.
-    xcb_window_t open(const QString &pane)
+    quint32 open(const QString &pane)
     {
         EXPECT_EQ(corvane().ask({u"--pane"_s, pane}).exitStatus, 0);
-        const xcb_window_t window = probe().waitForWindow([this](xcb_window_t each) {
-            return probe().hasProcess(each, corvane().pid()) && probe().isManaged(each);
-        });
-        EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == window; })) << "not in front";
+        const quint32 window = hand().waitForWindow(corvane().pid(), {});
+        EXPECT_TRUE(waitUntil([&] { return hand().activeWindow() == window; })) << "not in front";
         return window;
     }
     [[nodiscard]] quint32 workspaceOf(xcb_window_t window)
@@ -65,6 +63,8 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll().simplified() : QByteArray();
     }
 };
+
+using WaylandSettingsTests = SettingsTests;
 
 } // namespace
 
@@ -241,6 +241,28 @@ TEST_F(SettingsTests, howeverARecordingEndsTheKeysWorkAfterwards)
         EXPECT_TRUE(lands(users, Placement::maximize));
         press(Placement::snapBack);
     }
+}
+
+TEST_F(WaylandSettingsTests, theWindowOpensInFrontAndRecordsKeysThatTheDesktopWouldObey)
+{
+    if (isSway()) {
+        ASSERT_TRUE(waylandDesktop().reload(u"bindsym --to-code Mod4+Up fullscreen enable\n"_s));
+    }
+    const quint32 users = showFocused();
+    const quint32 window = open(u"shortcuts"_s);
+    EXPECT_TRUE(hand().window(window)->application.contains(u"corvane"_s, Qt::CaseInsensitive));
+    const Rect before = frame(window);
+    record();
+
+    keys().press({KeyStroke::super, Key::up});
+
+    const auto isSaved = [&] { return settings().contains("\"leftHalf\", { \"keyCode\": 126,"); };
+    EXPECT_TRUE(waitUntil(isSaved)) << settings().toStdString();
+    EXPECT_EQ(frame(window), before) << "the desktop obeyed it";
+    hand().close(window);
+    ASSERT_TRUE(waitUntil([&] { return !hand().window(window); }));
+    ASSERT_TRUE(focus(users));
+    EXPECT_TRUE(lands(users, Placement::rightHalf)) << "keys are heard again";
 }
 
 } // namespace corvane::desktop

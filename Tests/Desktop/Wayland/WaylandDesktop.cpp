@@ -55,6 +55,22 @@ QString WaylandDesktop::prepare()
         addToHome(m_options.home);
     if (const QString error = startBus(); !error.isEmpty())
         return error;
+    return startCompositor();
+}
+
+QString WaylandDesktop::restart()
+{
+    m_keys.reset();
+    m_hand.reset();
+    m_compositor->kill();
+    for (const QString &left :
+        {socketOf(u"sway"_s), variablesOf(folderOfSway(u"sway"_s)), variablesOf(folder())})
+        QFile::remove(left);
+    return startCompositor();
+}
+
+QString WaylandDesktop::startCompositor()
+{
     const QString error = isSway() ? startSway() : startKWin();
     if (!error.isEmpty())
         return error;
@@ -71,6 +87,11 @@ QString WaylandDesktop::plugInKeys()
         return plugged.error();
     m_keys = std::move(*plugged);
     return {};
+}
+
+QString WaylandDesktop::variablesOf(const QString &folder)
+{
+    return folder + u"/variables"_s;
 }
 
 QString WaylandDesktop::folderOfSway(const QString &name) const
@@ -136,10 +157,11 @@ QString WaylandDesktop::startSway()
 {
     const QString own = u"sway"_s;
     const QString other = u"sway-outer"_s;
-    m_outer = launchSway(other,
-        u"xwayland disable\noutput HEADLESS-1 mode 3840x2400 position 0 0\n"
-        "for_window [app_id=\"wlroots\"] floating enable, border none\n"_s,
-        {{u"WLR_BACKENDS"_s, u"headless"_s}});
+    if (!m_outer)
+        m_outer = launchSway(other,
+            u"xwayland disable\noutput HEADLESS-1 mode 3840x2400 position 0 0\n"
+            "for_window [app_id=\"wlroots\"] floating enable, border none\n"_s,
+            {{u"WLR_BACKENDS"_s, u"headless"_s}});
     if (!m_outer)
         return u"the outer sway did not start"_s;
     // The first back end is the one that further displays come from.
@@ -153,7 +175,7 @@ QString WaylandDesktop::startSway()
     setVariable(u"XDG_CURRENT_DESKTOP"_s, own);
     m_hand = std::make_unique<SwayHand>(socketOf(own), socketOf(other));
     if (m_options.hasXwayland) {
-        const QString variables = folderOfSway(own) + u"/variables"_s;
+        const QString variables = variablesOf(folderOfSway(own));
         // Root's clients are another user's to Xwayland.
         SwayIpc(socketOf(own))
             .command(
@@ -174,7 +196,7 @@ QString WaylandDesktop::startKWin()
             {u"KDE_FULL_SESSION"_s, u"true"_s}, {u"KDE_SESSION_VERSION"_s, u"5"_s}})
         setVariable(name, value);
     const QString socket = environment().value(u"XDG_RUNTIME_DIR"_s) + u"/wayland-1"_s;
-    const QString variables = folder() + u"/variables"_s;
+    const QString variables = variablesOf(folder());
     const Rect &first = m_options.displays.first();
     QStringList arguments =
         u"--virtual --output-count 2 --no-lockscreen --socket wayland-1"_s.split(u' ');

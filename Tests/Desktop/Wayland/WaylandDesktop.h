@@ -30,6 +30,9 @@ public:
     [[nodiscard]] Hand &hand() { return *m_hand; }
     [[nodiscard]] WaylandKeyPresser &keys() { return *m_keys; }
 
+    /// Ends the compositor as a crash does, and starts it again with the displays of the beginning. There
+    /// is another hand then. Empty when all is there, else a sentence.
+    [[nodiscard]] QString restart();
     /// Sway: reads its configuration file again, to which these lines have been added. Hot keys that
     /// were bound at run time are gone then, as on a real desktop.
     [[nodiscard]] bool reload(const QString &configuration = {});
@@ -38,6 +41,7 @@ private:
     explicit WaylandDesktop(const Options &options) : m_options(options) { }
     /// Empty when all is there, else a sentence.
     [[nodiscard]] QString prepare();
+    [[nodiscard]] QString startCompositor();
     [[nodiscard]] QString startSway();
     [[nodiscard]] QString startKWin();
     [[nodiscard]] QString plugInKeys();
@@ -48,6 +52,7 @@ private:
     {
         return QStringLiteral("%1/%2/sway.sock").arg(folder(), name);
     }
+    [[nodiscard]] static QString variablesOf(const QString &folder);
     [[nodiscard]] QString folderOfSway(const QString &name) const;
     [[nodiscard]] QString configurationOfSway() const;
     /// Has programs that are started from now on show themselves on Xwayland where they cannot do else.
