@@ -243,6 +243,25 @@ TEST_F(SettingsTests, howeverARecordingEndsTheKeysWorkAfterwards)
     }
 }
 
+TEST_F(WaylandSettingsTests, theWindowOpensInTheMiddleAndComesToTheUsersWorkspace)
+{
+    const quint32 window = open(u"general"_s);
+    const auto isInTheMiddle = [&] {
+        const Rect now = frame(window);
+        return std::abs(now.midX() - standardDisplay.midX()) <= 1
+            && std::abs(now.midY() - standardDisplay.midY()) <= 1;
+    };
+    EXPECT_TRUE(waitUntil(isInTheMiddle)) << testing::PrintToString(frame(window));
+    const auto isHere = [&] { return hand().window(window).value_or(SeenWindow()).isHere; };
+    hand().moveElsewhere(window);
+    const quint32 users = showFocused();
+    ASSERT_TRUE(waitUntil([&] { return !isHere(); }));
+
+    EXPECT_EQ(open(u"about"_s), window);
+    EXPECT_TRUE(waitUntil(isHere));
+    EXPECT_TRUE(hand().window(users)->isHere);
+}
+
 TEST_F(WaylandSettingsTests, theWindowOpensInFrontAndRecordsKeysThatTheDesktopWouldObey)
 {
     if (isSway()) {
