@@ -26,6 +26,7 @@ constexpr auto interfaceName = "app.corvane.Agent"_L1;
 /// The bus would let a poll fail after 25 s. Nothing else wakes us while the desk is at rest.
 constexpr auto heartbeatTime = 20s;
 constexpr auto nextTry = 500ms;
+constexpr auto firstPollTime = 1s; ///< from the agent's start
 constexpr int callTimeout = 5'000;
 constexpr int farewellTimeout = 500;
 
@@ -63,12 +64,16 @@ bool isAnswer(const QDBusMessage &message)
 } // namespace
 
 AgentHost::AgentHost(AgentMailbox &mailbox)
-    : m_mailbox(mailbox)
-    , m_bus(ownConnection())
-    , m_identity(QUuid::createUuid().toString(QUuid::Id128))
-    , m_scriptName("corvane-"_L1 + m_identity)
-    , m_objectPath("/app/corvane/agent_"_L1 + m_identity)
+    : m_mailbox(mailbox), m_bus(ownConnection()), m_pollPatience(firstPollTime)
 {
+    takeIdentity();
+}
+
+void AgentHost::takeIdentity()
+{
+    m_identity = QUuid::createUuid().toString(QUuid::Id128);
+    m_scriptName = "corvane-"_L1 + m_identity;
+    m_objectPath = "/app/corvane/agent_"_L1 + m_identity;
 }
 
 void AgentHost::start()
@@ -94,8 +99,8 @@ void AgentHost::start()
 
 void AgentHost::stop()
 {
-    if (!m_kwin.isEmpty())
-        m_bus.call(scriptingCall(u"unloadScript"_s, {m_scriptName}), QDBus::Block, farewellTimeout);
+    for (const QString &name : m_kwin.isEmpty() ? QStringList() : m_loaded)
+        m_bus.call(scriptingCall(u"unloadScript"_s, {name}), QDBus::Block, farewellTimeout);
     removeScript();
     m_heartbeat.reset();
     m_watcher.reset();
@@ -136,8 +141,9 @@ void AgentHost::kwinIs(const QString &owner)
 /// What has fallen silent would speak up beside the new one.
 void AgentHost::unload()
 {
-    call(
-        scriptingCall(u"unloadScript"_s, {m_scriptName}), [this](const QDBusMessage &) { load(); });
+    for (const QString &name : std::exchange(m_loaded, {}))
+        call(scriptingCall(u"unloadScript"_s, {name}), [](const QDBusMessage &) {});
+    load();
 }
 
 void AgentHost::load()
@@ -149,6 +155,7 @@ void AgentHost::load()
         const int number = isAnswer(answer) ? QDBusReply<int>(answer).value() : -1;
         if (number < 0)
             return loadLater();
+        m_loaded << m_scriptName;
         run({u"/Scripting/Script%1"_s.arg(number), u"/%1"_s.arg(number)});
     });
 }
@@ -159,12 +166,31 @@ void AgentHost::run(const QList<QString> &paths)
     call(kwinCall(paths.first(), u"org.kde.kwin.Script"_s, u"run"_s),
         [this, rest = paths.mid(1)](const QDBusMessage &answer) {
             if (isAnswer(answer))
-                m_heartbeat->start();
+                expectPoll();
             else if (rest.isEmpty())
                 loadLater();
             else
                 run(rest);
         });
+}
+
+/// KWin 5.27 numbers a script by how many there are. Once one of the first is gone, the next one's number is
+/// that of another, which hears what is said to it. It fills a place all the same, so that one more has a
+/// number of its own.
+void AgentHost::expectPoll()
+{
+    m_heartbeat->start();
+    QTimer::singleShot(m_pollPatience, this, [this, identity = m_identity] {
+        const bool isNeeded =
+            m_heartbeat && identity == m_identity && !m_kwin.isEmpty() && !m_mailbox.isPresent();
+        if (!isNeeded)
+            return;
+        m_pollPatience *= 2;
+        m_bus.unregisterObject(m_objectPath);
+        takeIdentity();
+        m_bus.registerVirtualObject(m_objectPath, this);
+        load();
+    });
 }
 
 void AgentHost::loadLater()
@@ -227,6 +253,7 @@ void AgentHost::polled(const QDBusMessage &message)
     m_silentBeats = 0;
     m_heartbeat->start();
     if (isNew) {
+        m_pollPatience = firstPollTime;
         removeScript(); // KWin has read it
         Q_EMIT presenceChanged();
     }

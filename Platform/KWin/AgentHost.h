@@ -39,9 +39,11 @@ Q_SIGNALS:
 
 private:
     void kwinIs(const QString &owner);
+    void takeIdentity();
     void unload();
     void load();
     void run(const QList<QString> &paths);
+    void expectPoll();
     void loadLater();
     [[nodiscard]] bool writeScript();
     void removeScript();
@@ -58,11 +60,13 @@ private:
     /// process of ours has another one, and an agent of its own.
     QString m_identity;
     QString m_scriptName;
+    QStringList m_loaded; ///< names of all scripts of ours in this KWin
     QString m_objectPath;
     QString m_kwin; ///< its unique name on the bus; empty while there is none
     std::unique_ptr<QDBusServiceWatcher> m_watcher;
     std::unique_ptr<QTimer> m_heartbeat;
     std::unique_ptr<QTemporaryFile> m_script;
+    std::chrono::milliseconds m_pollPatience;
     int m_silentBeats = 0; ///< at which no poll was open
     bool m_isDescribed = false;
 };

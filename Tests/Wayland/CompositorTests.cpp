@@ -1,5 +1,10 @@
 #include "Geometry.h"
+#include "KWinPlatform.h"
 #include "WaylandWorld.h"
+
+#include <QtCore/QTemporaryFile>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
 
 #include <random>
 
@@ -157,6 +162,31 @@ TEST_P(CompositorTests, placesAreExactOnADisplayThatIsScaledByAFraction)
     }
     EXPECT_TRUE(hand().setScale(0, 1));
     EXPECT_TRUE(waitUntil([&] { return areas() == whole; }));
+}
+
+TEST_P(CompositorTests, theAgentRunsThoughItsNumberInKWinIsAnothersToo)
+{
+    if (world().desk().isSway())
+        GTEST_SKIP() << "sway runs no scripts";
+    const auto ask = [](const QString &method, const QVariantList &arguments) {
+        auto message = QDBusMessage::createMethodCall(
+            u"org.kde.KWin"_s, u"/Scripting"_s, u"org.kde.kwin.Scripting"_s, method);
+        message.setArguments(arguments);
+        EXPECT_EQ(QDBusConnection::sessionBus().call(message).type(), QDBusMessage::ReplyMessage);
+    };
+    QTemporaryFile script;
+    ASSERT_TRUE(script.open());
+    for (const QString &name : {u"first"_s, u"second"_s})
+        ask(u"loadScript"_s, {script.fileName(), name});
+    ask(u"unloadScript"_s, {u"first"_s});
+
+    const auto platform = openKWinPlatform([] {});
+    ASSERT_TRUE(platform) << platform.error().toStdString();
+    EXPECT_TRUE(waitUntil([&] {
+        world().pump();
+        return (*platform)->windows().isTrusted();
+    }));
+    ask(u"unloadScript"_s, {u"second"_s});
 }
 
 INSTANTIATE_TEST_SUITE_P(Wayland, CompositorTests, testing::Values("sway", "kwin"),
