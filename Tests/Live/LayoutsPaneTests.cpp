@@ -189,6 +189,7 @@ TEST_F(LayoutsPaneTests, aLayoutDrawnByKeysAlonePutsEveryWindowWhereThePictureHa
 TEST_F(LayoutsPaneReaderTests, aScreenReaderDrawsALayoutAppliesItAndReadsTheReport)
 {
     const xcb_window_t amber = start(u"amber"_s);
+    install(u"alder"_s); // the first of all says in which list it is
     install(u"birch"_s);
     ASSERT_TRUE(corvane().start()) << qPrintable(desktop().logs());
     startReader();
