@@ -23,14 +23,6 @@ QStringList numbers(const Rect &rect)
         QString::number(rect.height)};
 }
 
-QString write(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(text.toUtf8());
-    return path;
-}
-
 } // namespace
 
 Rival corvaneWithLayouts(VirtualDesktop &desktop, const CrowdedDesk &desk)

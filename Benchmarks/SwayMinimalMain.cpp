@@ -1,10 +1,10 @@
 // Answers each of its keys with one message of commands: the least work that a program with this task
 // can do on sway. It hears the keys on the connection on which it answers.
 //
-//   corvane-sway-minimal known|anew {KEYS FILE}...
+//   corvane-sway-minimal {KEYS FILE}...
 //
-// It knows its windows from the start, or finds them anew by their titles at each key. The keys are as
-// sway's configuration names them. A line of a file: the window's title, a bar, the commands for it.
+// It finds its windows by their titles at each key. The keys are as sway's configuration names them. A
+// line of a file: the window's title, a bar, the commands for it.
 
 #include <cstdint>
 #include <cstdio>
@@ -130,17 +130,14 @@ std::string commandsFor(const std::vector<Order> &orders, Sway &sway)
 int main(int argc, char **argv)
 {
     Sway sway;
-    const bool knows = argc > 1 && std::strcmp(argv[1], "known") == 0;
     std::vector<std::vector<Order>> orders;
-    std::vector<std::string> known;
     sway.send(subscribe, "[\"binding\"]");
     sway.next();
-    for (int at = 2; at + 2 <= argc && sway.isOpen(); at += 2) {
+    for (int at = 1; at + 2 <= argc && sway.isOpen(); at += 2) {
         sway.send(runCommand,
             std::string("bindsym ") + argv[at] + ' ' + mark + std::to_string(orders.size()));
         sway.next();
         orders.push_back(ordersIn(argv[at + 1]));
-        known.push_back(commandsFor(orders.back(), sway));
     }
     std::puts("ready");
     std::fflush(stdout);
@@ -151,7 +148,7 @@ int main(int argc, char **argv)
             continue;
         const size_t which = std::strtoul(message.text.c_str() + at + mark.size(), nullptr, 10);
         if (which < orders.size())
-            sway.send(runCommand, knows ? known[which] : commandsFor(orders[which], sway));
+            sway.send(runCommand, commandsFor(orders[which], sway));
     }
     return 1;
 }

@@ -49,21 +49,13 @@ QString kwinMoves(const QList<Rect> &frames)
         + u"workspace.activeClient = found[\"%1\"];\n"_s.arg(Crowd::title(frames.size() - 1));
 }
 
-QString write(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(text.toUtf8());
-    return path;
-}
-
 } // namespace
 
 MinimalOrders moveOne(
     const WaylandDesktop &desktop, const QString &title, const std::array<Rect, 2> &goals)
 {
     if (desktop.isSway()) {
-        return {.beforehand = u"anew"_s,
+        return {.beforehand = {},
             .onKey = {swayOrder.arg(title, swayMove(goals[0])),
                 swayOrder.arg(title, swayMove(goals[1]))}};
     }
@@ -76,8 +68,7 @@ MinimalOrders moveOne(
 MinimalOrders moveAll(const WaylandDesktop &desktop, const std::array<QList<Rect>, 2> &goals)
 {
     const auto moves = desktop.isSway() ? swayMoves : kwinMoves;
-    return {.beforehand = desktop.isSway() ? u"anew"_s : QString(),
-        .onKey = {moves(goals[0]), moves(goals[1])}};
+    return {.beforehand = {}, .onKey = {moves(goals[0]), moves(goals[1])}};
 }
 
 expected<std::unique_ptr<MinimalProgram>, QString> MinimalProgram::start(
@@ -86,8 +77,9 @@ expected<std::unique_ptr<MinimalProgram>, QString> MinimalProgram::start(
     const auto file = [&](const QString &name, const QString &text) {
         return write(u"%1/%2"_s.arg(desktop.folder(), name), text);
     };
-    QStringList arguments{
-        desktop.isSway() ? orders.beforehand : file(u"beforehand"_s, orders.beforehand)};
+    QStringList arguments;
+    if (!desktop.isSway())
+        arguments << file(u"beforehand"_s, orders.beforehand);
     // By their names in the one's configuration, and by Qt's numbers for the other.
     const auto names = desktop.isSway()
         ? std::array{u"Ctrl+Mod1+Mod4+e"_s, u"Ctrl+Mod1+Mod4+t"_s}

@@ -9,8 +9,7 @@ using WaylandKeys = std::array<desktop::KeyStroke, 2>;
 
 /// What a minimal program is told to do: in the compositor's own language, to be run as it is.
 struct MinimalOrders {
-    QString
-        beforehand; ///< at the start; for sway, whether it finds its windows then, or at each key
+    QString beforehand; ///< at the start; none for sway
     std::array<QString, 2> onKey;
 };
 
