@@ -71,9 +71,9 @@ AgentHost::AgentHost(AgentMailbox &mailbox)
 
 void AgentHost::takeIdentity()
 {
-    m_identity = QUuid::createUuid().toString(QUuid::Id128);
-    m_scriptName = "corvane-"_L1 + m_identity;
-    m_objectPath = "/app/corvane/agent_"_L1 + m_identity;
+    const QString identity = QUuid::createUuid().toString(QUuid::Id128);
+    m_scriptName = "corvane-"_L1 + identity;
+    m_objectPath = "/app/corvane/agent_"_L1 + identity;
 }
 
 void AgentHost::start()
@@ -180,9 +180,9 @@ void AgentHost::run(const QList<QString> &paths)
 void AgentHost::expectPoll()
 {
     m_heartbeat->start();
-    QTimer::singleShot(m_pollPatience, this, [this, identity = m_identity] {
+    QTimer::singleShot(m_pollPatience, this, [this, name = m_scriptName] {
         const bool isNeeded =
-            m_heartbeat && identity == m_identity && !m_kwin.isEmpty() && !m_mailbox.isPresent();
+            m_heartbeat && name == m_scriptName && !m_kwin.isEmpty() && !m_mailbox.isPresent();
         if (!isNeeded)
             return;
         m_pollPatience *= 2;

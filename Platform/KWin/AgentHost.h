@@ -58,7 +58,6 @@ private:
     QDBusConnection m_bus;
     /// Other programs cannot guess it, so that none sees or says what is between the agent and us. Another
     /// process of ours has another one, and an agent of its own.
-    QString m_identity;
     QString m_scriptName;
     QStringList m_loaded; ///< names of all scripts of ours in this KWin
     QString m_objectPath;
