@@ -38,11 +38,6 @@ using Json = rapidjson::Value;
     return value.IsInt64() ? value.GetInt64() : 0;
 }
 
-[[nodiscard]] inline bool isTrue(const Json &value)
-{
-    return value.IsTrue();
-}
-
 [[nodiscard]] inline std::string_view textOf(const Json &value)
 {
     return value.IsString() ? std::string_view(value.GetString(), value.GetStringLength())

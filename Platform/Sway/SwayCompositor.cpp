@@ -163,26 +163,28 @@ bool SwayCompositor::raise(const WindowElement &)
 
 void SwayCompositor::activate(const WindowElement &window)
 {
-    if (window.generation == m_generation)
-        std::ignore = run(criteria(window) + " focus");
+    tell(window, " focus");
 }
 
 void SwayCompositor::close(const WindowElement &window)
 {
-    if (window.generation == m_generation)
-        std::ignore = run(criteria(window) + " kill");
+    tell(window, " kill");
 }
 
 void SwayCompositor::bringHere(const WindowElement &window)
 {
-    if (window.generation == m_generation)
-        std::ignore = run(criteria(window) + " move container to workspace current");
+    tell(window, " move container to workspace current");
 }
 
 void SwayCompositor::keepAbove(const WindowElement &window)
 {
+    tell(window, " sticky enable");
+}
+
+void SwayCompositor::tell(const WindowElement &window, const char *command)
+{
     if (window.generation == m_generation)
-        std::ignore = run(criteria(window) + " sticky enable");
+        std::ignore = run(criteria(window) + command);
 }
 
 expected<QList<bool>, AXError> SwayCompositor::run(const QByteArray &commands)
@@ -192,7 +194,7 @@ expected<QList<bool>, AXError> SwayCompositor::run(const QByteArray &commands)
         return unexpected<AXError>(answer.error());
     QList<bool> successes;
     for (const Json &each : itemsOf(*answer))
-        successes << isTrue(at(each, "success"));
+        successes << at(each, "success").IsTrue();
     return successes;
 }
 

@@ -60,6 +60,8 @@ private:
     void takeWorkspaceEvent(const Json &event);
     void setPresent(bool isPresent);
     void tryAgainSoon();
+    /// Nothing is said to a window of an earlier life of sway.
+    void tell(const WindowElement &window, const char *command);
     [[nodiscard]] static QByteArray criteria(const WindowElement &window);
 
     QByteArray m_path;

@@ -145,7 +145,7 @@ private:
         window.minimized = place.minimized;
         window.here = place.shown;
         window.concealed = place.shown && !place.minimized && at(node, "visible").IsFalse();
-        if (isTrue(at(node, "focused")))
+        if (at(node, "focused").IsTrue())
             m_focused = window.element;
         const int rank = window.minimized ? 3 : window.fullScreen ? 0 : window.tiled ? 2 : 1;
         m_found << Found{window, rank};
