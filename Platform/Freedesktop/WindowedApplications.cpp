@@ -11,6 +11,10 @@ namespace corvane::freedesktop {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+constexpr auto sharedFor = std::chrono::milliseconds(3);
+} // namespace
+
 int WindowedApplications::Process::windowCount() const
 {
     return std::accumulate(roles.begin(), roles.end(), 0,
@@ -255,6 +259,11 @@ void WindowedApplications::identify(Role &role)
 {
     if (role.entry)
         return;
+    // One look at the folders will do for all windows of a layout.
+    const auto now = std::chrono::steady_clock::now();
+    if (now - role.soughtAt < sharedFor)
+        return;
+    role.soughtAt = now;
     const quint64 revision = m_entries.revision();
     if (std::exchange(role.soughtIn, revision) == revision)
         return;

@@ -6,6 +6,7 @@
 #include "ProcessHandle.h"
 #include "Rivals.h"
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <vector>
@@ -64,6 +65,7 @@ private:
         ApplicationTraces traces;
         std::optional<DesktopEntry> entry{};
         quint64 soughtIn = 0; ///< the revision of the entries in which none was found
+        std::chrono::steady_clock::time_point soughtAt{};
         QString plainName{}; ///< without an entry
         bool isRegular = false; ///< when it last was looked at
         int windowCount = 0;
