@@ -112,15 +112,14 @@ bool AgentHost::handleMessage(const QDBusMessage &message, const QDBusConnection
 {
     if (message.service() != m_kwin || message.interface() != interfaceName)
         return false;
-    if (message.member() == "Poll"_L1 && message.signature() == "ss"_L1)
+    if (message.member() == "Poll"_L1 && message.signature() == "sss"_L1) {
         polled(message);
-    else if (message.member() == "Changed"_L1 && message.signature() == "s"_L1)
-        heard(message.arguments().constFirst().toString());
-    else if (message.member() == "Glance"_L1 && message.signature() == "ss"_L1)
-        m_mailbox.glanced(message.arguments().at(0).toString().toULongLong(),
-            message.arguments().at(1).toString());
-    else
+    } else if (message.member() == "News"_L1 && message.signature() == "s"_L1) {
+        m_mailbox.told(message.arguments().constFirst().toString());
+        Q_EMIT newsArrived();
+    } else {
         return false;
+    }
     return true;
 }
 
@@ -247,9 +246,12 @@ void AgentHost::polled(const QDBusMessage &message)
 {
     message.setDelayedReply(true);
     const bool isNew = !m_mailbox.isPresent();
-    const auto arrival = m_mailbox.polled(message.arguments().at(0).toString(),
-        message.arguments().at(1).toString(),
-        [bus = m_bus, message](const QString &command) { bus.send(message.createReply(command)); });
+    const QVariantList told = message.arguments();
+    const QString news = told.at(2).toString();
+    m_mailbox.polled(told.at(0).toString(), told.at(1).toString(), news,
+        [bus = m_bus, message](const QString &number, const QString &command) {
+            bus.send(message.createReply(QVariantList{number, command}));
+        });
     m_silentBeats = 0;
     m_heartbeat->start();
     if (isNew) {
@@ -257,25 +259,10 @@ void AgentHost::polled(const QDBusMessage &message)
         removeScript(); // KWin has read it
         Q_EMIT presenceChanged();
     }
+    if (!news.isEmpty())
+        Q_EMIT newsArrived();
     if (!std::exchange(m_isDescribed, true))
         askDescription();
-    // The agent thinks that what it said has been heard.
-    if (arrival == AgentMailbox::Arrival::late) {
-        Q_EMIT windowsChanged();
-        Q_EMIT workAreasChanged();
-    }
-}
-
-void AgentHost::heard(const QString &news)
-{
-    if (news == "windows"_L1)
-        Q_EMIT windowsChanged();
-    if (news == "areas"_L1)
-        Q_EMIT workAreasChanged();
-    if (news == "frames"_L1) {
-        m_mailbox.framesChanged();
-        Q_EMIT framesChanged();
-    }
 }
 
 void AgentHost::call(

@@ -33,9 +33,7 @@ public:
 Q_SIGNALS:
     void presenceChanged();
     void described(const QString &description);
-    void windowsChanged();
-    void framesChanged();
-    void workAreasChanged();
+    void newsArrived();
 
 private:
     void kwinIs(const QString &owner);
@@ -50,7 +48,6 @@ private:
     void askDescription();
     void heartbeat();
     void polled(const QDBusMessage &message);
-    void heard(const QString &news);
     /// `onAnswer` is not called when KWin has been replaced meanwhile.
     void call(const QDBusMessage &message, std::function<void(const QDBusMessage &)> onAnswer);
 

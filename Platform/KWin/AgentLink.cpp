@@ -6,13 +6,7 @@ AgentLink::AgentLink()
 {
     connect(&m_host, &AgentHost::presenceChanged, this, &AgentLink::presenceChanged);
     connect(&m_host, &AgentHost::described, this, &AgentLink::described);
-    connect(&m_host, &AgentHost::windowsChanged, this, &AgentLink::windowsChanged);
-    connect(&m_host, &AgentHost::workAreasChanged, this, &AgentLink::workAreasChanged);
-    connect(&m_host, &AgentHost::framesChanged, this, [this] {
-        // Whoever waited for them, or asked since, knows.
-        if (m_mailbox.takeFrames())
-            Q_EMIT framesChanged();
-    });
+    connect(&m_host, &AgentHost::newsArrived, this, &AgentLink::newsArrived);
     m_thread.setObjectName(QStringLiteral("kwin-agent"));
     m_host.moveToThread(&m_thread);
     m_thread.start();

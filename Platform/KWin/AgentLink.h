@@ -7,7 +7,7 @@
 namespace corvane::kwin {
 
 /// The agent as the main thread knows it: asked synchronously, with no event loop running meanwhile.
-/// Its news come as signals on the main thread.
+/// Signals on the main thread say that there are news.
 class AgentLink final : public QObject
 {
     Q_OBJECT
@@ -22,9 +22,7 @@ public:
 Q_SIGNALS:
     void presenceChanged();
     void described(const QString &description);
-    void windowsChanged();
-    void framesChanged();
-    void workAreasChanged();
+    void newsArrived();
 
 private:
     AgentMailbox m_mailbox;

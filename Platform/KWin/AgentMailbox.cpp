@@ -9,43 +9,19 @@ namespace corvane::kwin {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString textOf(const QJsonObject &command)
-{
-    return QString::fromUtf8(QJsonDocument(command).toJson(QJsonDocument::Compact));
-}
-
-QString nothing()
-{
-    return textOf({{"number"_L1, QString()}, {"deed"_L1, u"nothing"_s}});
-}
-
-} // namespace
-
-std::optional<QJsonObject> AgentMailbox::ask(QJsonObject command, Time deadline, Effect effect)
+std::optional<QJsonObject> AgentMailbox::ask(const QString &command, Time deadline)
 {
     QMutexLocker lock(&m_mutex);
     if (!m_isPresent)
         return std::nullopt;
     m_awaited = QString::number(++m_lastNumber);
-    if (effect == Effect::some)
-        m_lastChange = m_lastNumber;
     m_outcome.reset();
-    command.insert("number"_L1, m_awaited);
-    handOver(textOf(command));
+    handOver({m_awaited, command});
     const QDeadlineTimer timer(deadline);
     while (!m_outcome && m_isPresent && m_news.wait(&m_mutex, timer)) { }
     m_awaited.clear();
-    m_unsent.clear();
+    m_unsent.reset();
     return std::exchange(m_outcome, std::nullopt);
-}
-
-std::optional<QJsonObject> AgentMailbox::glance() const
-{
-    const QMutexLocker lock(&m_mutex);
-    const bool isCurrent = !m_glance.isEmpty() && m_glanceAfter >= m_lastChange;
-    return isCurrent ? std::optional(m_glance) : std::nullopt;
 }
 
 bool AgentMailbox::isPresent() const
@@ -62,35 +38,34 @@ bool AgentMailbox::waitForAgent(Time deadline)
     return m_isPresent;
 }
 
-bool AgentMailbox::waitForFrames(Time deadline)
+bool AgentMailbox::waitForNews(Time deadline)
 {
     const QMutexLocker lock(&m_mutex);
     const QDeadlineTimer timer(deadline);
-    while (!m_framesChanged && m_isPresent && m_news.wait(&m_mutex, timer)) { }
-    return std::exchange(m_framesChanged, false);
+    while (m_untaken.isEmpty() && m_isPresent && m_news.wait(&m_mutex, timer)) { }
+    return !m_untaken.isEmpty();
 }
 
-bool AgentMailbox::takeFrames()
+QStringList AgentMailbox::takeNews()
 {
     const QMutexLocker lock(&m_mutex);
-    return std::exchange(m_framesChanged, false);
+    return std::exchange(m_untaken, {});
 }
 
-AgentMailbox::Arrival AgentMailbox::polled(
-    const QString &number, const QString &answer, AnswerPoll answerPoll)
+void AgentMailbox::polled(
+    const QString &number, const QString &outcome, const QString &news, AnswerPoll answerPoll)
 {
     const QMutexLocker lock(&m_mutex);
     m_isPresent = true;
     m_answerPoll = std::move(answerPoll);
-    const bool isExpected = !number.isEmpty() && number == m_awaited;
-    if (isExpected)
-        m_outcome = QJsonDocument::fromJson(answer.toUtf8()).object();
-    if (!m_unsent.isEmpty())
-        handOver(std::exchange(m_unsent, {}));
+    if (!news.isEmpty())
+        m_untaken << news;
+    // Nobody waits any more for an outcome that comes too late.
+    if (!number.isEmpty() && number == m_awaited)
+        m_outcome = QJsonDocument::fromJson(outcome.toUtf8()).object();
+    if (const auto command = std::exchange(m_unsent, std::nullopt))
+        handOver(*command);
     m_news.wakeAll();
-    if (number.isEmpty())
-        return Arrival::greeting;
-    return isExpected ? Arrival::expected : Arrival::late;
 }
 
 bool AgentMailbox::renewPoll()
@@ -98,42 +73,33 @@ bool AgentMailbox::renewPoll()
     const QMutexLocker lock(&m_mutex);
     if (!m_answerPoll)
         return false;
-    handOver(nothing());
+    handOver({{}, u"{\"deed\":\"nothing\"}"_s});
     return true;
 }
 
-void AgentMailbox::framesChanged()
+void AgentMailbox::told(const QString &news)
 {
     const QMutexLocker lock(&m_mutex);
-    m_framesChanged = true;
+    m_untaken << news;
     m_news.wakeAll();
-}
-
-void AgentMailbox::glanced(quint64 performed, const QString &seen)
-{
-    const QJsonObject glance = QJsonDocument::fromJson(seen.toUtf8()).object();
-    const QMutexLocker lock(&m_mutex);
-    m_glanceAfter = performed;
-    m_glance = glance;
 }
 
 void AgentMailbox::clear()
 {
     const QMutexLocker lock(&m_mutex);
-    m_glance = {};
+    m_untaken.clear();
     m_isPresent = false;
-    m_framesChanged = false;
     m_answerPoll = nullptr;
-    m_unsent.clear();
+    m_unsent.reset();
     m_news.wakeAll();
 }
 
-void AgentMailbox::handOver(QString command)
+void AgentMailbox::handOver(const Command &command)
 {
     if (const AnswerPoll answerPoll = std::exchange(m_answerPoll, nullptr))
-        answerPoll(command);
+        answerPoll(command.number, command.text);
     else
-        m_unsent = std::move(command);
+        m_unsent = command;
 }
 
 } // namespace corvane::kwin

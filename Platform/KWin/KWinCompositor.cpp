@@ -1,6 +1,10 @@
 #include "KWinCompositor.h"
 
-#include "AgentDesk.h"
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 namespace corvane::kwin {
 
@@ -17,44 +21,87 @@ constexpr std::chrono::milliseconds startTime(2000);
 KWinCompositor::KWinCompositor()
 {
     connect(&m_link, &AgentLink::presenceChanged, this, &Compositor::presenceChanged);
-    connect(&m_link, &AgentLink::windowsChanged, this, &Compositor::windowsChanged);
-    connect(&m_link, &AgentLink::framesChanged, this, &Compositor::framesChanged);
-    connect(&m_link, &AgentLink::workAreasChanged, this, &Compositor::workAreasChanged);
+    connect(&m_link, &AgentLink::newsArrived, this, &KWinCompositor::announce);
     connect(&m_link, &AgentLink::described, this,
         [this](const QString &description) { m_description = description; });
     std::ignore = m_link.mailbox().waitForAgent(std::chrono::steady_clock::now() + startTime);
 }
 
-expected<Desk, AXError> KWinCompositor::read(Scope scope)
+expected<Desk, AXError> KWinCompositor::read(Scope)
 {
-    const bool isWhole = scope == Scope::all;
-    const auto glance = isWhole ? std::nullopt : m_link.mailbox().glance();
-    const expected<QJsonObject, AXError> answer =
-        glance ? *glance : ask("read"_L1, {{"whole"_L1, isWhole}}, Effect::none);
-    if (!answer)
-        return unexpected(answer.error());
-    auto desk = deskIn(*answer, m_numbers);
+    if (!isPresent())
+        return unexpected(AXError::apiDisabled);
+    if (m_isDoubtful) {
+        if (const auto answer = ask("tell"_L1); !answer)
+            return unexpected(answer.error());
+        m_isDoubtful = false;
+    }
+    takeNews();
+    auto desk = m_mirror.desk();
     if (!desk)
         return unexpected(AXError::failure);
-    if (isWhole) {
-        QSet<QString> identifiers;
-        for (const wayland::Toplevel &window : std::as_const(desk->windows))
-            identifiers << m_numbers.identifier(window.element);
-        m_numbers.keep(identifiers);
-    }
     return std::move(*desk);
+}
+
+bool KWinCompositor::waitForFrames(Time deadline)
+{
+    m_isDoubtful = !m_link.mailbox().waitForNews(deadline);
+    return !m_isDoubtful;
+}
+
+void KWinCompositor::takeNews()
+{
+    for (const QString &news : m_link.mailbox().takeNews()) {
+        const auto changes = m_mirror.take(news).value_or(DeskMirror::Changes());
+        m_unannounced.windows = m_unannounced.windows || changes.windows;
+        m_unannounced.frames = m_unannounced.frames || changes.frames;
+        m_unannounced.workAreas = m_unannounced.workAreas || changes.workAreas;
+    }
+}
+
+/// Also of what somebody has taken who could not wait for it to be announced.
+void KWinCompositor::announce()
+{
+    takeNews();
+    const auto changes = std::exchange(m_unannounced, {});
+    if (changes.windows)
+        Q_EMIT windowsChanged();
+    if (changes.workAreas)
+        Q_EMIT workAreasChanged();
+    if (changes.frames)
+        Q_EMIT framesChanged();
 }
 
 AXError KWinCompositor::place(const QList<WindowMove> &moves)
 {
-    QJsonArray written;
-    for (const WindowMove &move : moves) {
-        if (const QString identifier = m_numbers.identifier(move.window); !identifier.isEmpty())
-            written << QJsonObject{{"id"_L1, identifier}, {"frame"_L1, kwin::written(move.frame)}};
+    rapidjson::StringBuffer command;
+    rapidjson::Writer writer(command);
+    bool isEmpty = true;
+    writer.StartObject();
+    writer.Key("deed");
+    writer.String("place");
+    writer.Key("moves");
+    writer.StartArray();
+    for (const auto &[window, frame] : moves) {
+        const QByteArray identifier = m_mirror.identifier(window).toUtf8();
+        if (identifier.isEmpty())
+            continue;
+        isEmpty = false;
+        writer.StartObject();
+        writer.Key("id");
+        writer.String(identifier.constData());
+        writer.Key("frame");
+        writer.StartArray();
+        for (const double number : {frame.x, frame.y, frame.width, frame.height})
+            writer.Double(number);
+        writer.EndArray();
+        writer.EndObject();
     }
-    if (written.isEmpty())
+    writer.EndArray();
+    writer.EndObject();
+    if (isEmpty)
         return isPresent() ? AXError::success : AXError::apiDisabled;
-    const auto answer = ask("place"_L1, {{"moves"_L1, written}});
+    const auto answer = ask(QString::fromLatin1(command.GetString()));
     return answer ? AXError::success : answer.error();
 }
 
@@ -65,24 +112,23 @@ AXError KWinCompositor::leaveStates(const WindowElement &window)
 
 AXError KWinCompositor::enterState(const WindowElement &window, const WindowState &state)
 {
-    const QJsonObject written{{"fullScreen"_L1, state.fullScreenByUs},
+    const QJsonObject goal{{"fullScreen"_L1, state.fullScreenByUs},
         {"horizontally"_L1, state.maximizedHorizontally},
         {"vertically"_L1, state.maximizedVertically}, {"tiled"_L1, state.tiled}};
-    return askOf(window, "enterState"_L1, {{"state"_L1, written}});
+    return askOf(window, "enterState"_L1, {{"state"_L1, goal}});
 }
 
-bool KWinCompositor::raise(const WindowElement &window)
+void KWinCompositor::raise(const WindowElement &window)
 {
-    if (!m_canRaise)
-        return false;
-    const auto answer = ask("raise"_L1, {{"id"_L1, m_numbers.identifier(window)}});
-    m_canRaise = !answer || answer->value("raised"_L1).toBool(true);
-    return answer && answer->value("raised"_L1).toBool();
+    std::ignore = askOf(window, "raise"_L1);
 }
 
-void KWinCompositor::activate(const WindowElement &window)
+void KWinCompositor::bringToFront(const QList<WindowElement> &windows)
 {
-    std::ignore = askOf(window, "activate"_L1);
+    QJsonArray identifiers;
+    for (const WindowElement &window : windows)
+        identifiers << m_mirror.identifier(window);
+    std::ignore = ask("bringToFront"_L1, {{"ids"_L1, identifiers}});
 }
 
 void KWinCompositor::close(const WindowElement &window)
@@ -105,14 +151,17 @@ void KWinCompositor::blockShortcuts(bool isBlocked)
     std::ignore = ask("block"_L1, {{"blocked"_L1, isBlocked}});
 }
 
-expected<QJsonObject, AXError> KWinCompositor::ask(
-    QLatin1StringView deed, QJsonObject command, Effect effect)
+expected<QJsonObject, AXError> KWinCompositor::ask(QLatin1StringView deed, QJsonObject command)
+{
+    command.insert("deed"_L1, QString(deed));
+    return ask(QString::fromUtf8(QJsonDocument(command).toJson(QJsonDocument::Compact)));
+}
+
+expected<QJsonObject, AXError> KWinCompositor::ask(const QString &command)
 {
     if (!isPresent())
         return unexpected(AXError::apiDisabled);
-    command.insert("deed"_L1, QString(deed));
-    const auto answer =
-        m_link.mailbox().ask(command, std::chrono::steady_clock::now() + m_timeout, effect);
+    const auto answer = m_link.mailbox().ask(command, std::chrono::steady_clock::now() + m_timeout);
     if (!answer)
         return unexpected(AXError::cannotComplete);
     if (answer->contains("error"_L1))
@@ -123,7 +172,7 @@ expected<QJsonObject, AXError> KWinCompositor::ask(
 AXError KWinCompositor::askOf(
     const WindowElement &window, QLatin1StringView deed, QJsonObject command)
 {
-    const QString identifier = m_numbers.identifier(window);
+    const QString identifier = m_mirror.identifier(window);
     if (identifier.isEmpty())
         return isPresent() ? AXError::invalidUIElement : AXError::apiDisabled;
     command.insert("id"_L1, identifier);

@@ -2,7 +2,7 @@
 
 #include "AgentLink.h"
 #include "Compositor.h"
-#include "WindowNumbers.h"
+#include "DeskMirror.h"
 
 namespace corvane::kwin {
 
@@ -27,10 +27,10 @@ public:
     AXError enterState(const WindowElement &window, const WindowState &state) override;
 
     Duration holdTime() const override { return {}; }
-    bool waitForFrames(Time deadline) override { return m_link.mailbox().waitForFrames(deadline); }
+    bool waitForFrames(Time deadline) override;
 
-    bool raise(const WindowElement &window) override;
-    void activate(const WindowElement &window) override;
+    void raise(const WindowElement &window) override;
+    void bringToFront(const QList<WindowElement> &windows) override;
     void close(const WindowElement &window) override;
     void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
@@ -40,18 +40,21 @@ public:
     void blockShortcuts(bool isBlocked);
 
 private:
-    using Effect = AgentMailbox::Effect;
-
     [[nodiscard]] expected<QJsonObject, AXError> ask(
-        QLatin1StringView deed, QJsonObject command = {}, Effect effect = Effect::some);
+        QLatin1StringView deed, QJsonObject command = {});
+    [[nodiscard]] expected<QJsonObject, AXError> ask(const QString &command);
     [[nodiscard]] AXError askOf(
         const WindowElement &window, QLatin1StringView deed, QJsonObject command = {});
+    void takeNews();
+    void announce();
 
     AgentLink m_link;
-    WindowNumbers m_numbers;
+    DeskMirror m_mirror;
+    DeskMirror::Changes m_unannounced;
+    /// What a window's limits are now, say, the agent does not tell by itself.
+    bool m_isDoubtful = false;
     QString m_description;
     Duration m_timeout{1000};
-    bool m_canRaise = true; ///< as far as is known
 };
 
 } // namespace corvane::kwin

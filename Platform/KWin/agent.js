@@ -6,19 +6,17 @@ const isSix = typeof workspace.windowList === "function";
 // A poll that nobody answers dies after 25 s, without a word.
 const pollLife = 27000;
 const pollsInVain = 2;
-const watchTime = 10000;
-const settledTime = 2000;
 
-const maximized = {}; // KWin 5.27 tells states as they change, and has no property for them
-const tiles = {}; // that windows left when they were placed
-const watched = {}; // windows that were placed a short while ago
-const told = {}; // news that Corvane has not asked about yet
+const known = new Map(); // what is known of each window, by its identifier
+const changed = new Set(); // of those: what Corvane has yet to be told of
+const moved = new Set(); // of those: whose frame alone it has yet to be told
+let hasOrderChanged = true;
+let lastFocused = null;
+let lastAreas = "";
 let decoration = [0, 0]; // what it adds to a window's size, as seen last
-let areasRead = "";
-let performed = 0; // number of the command that was carried out last
-let lastGlance = "";
 let hasBegun = false;
 let hasEnded = false;
+let isPerforming = false; // a command, whose outcome will tell what has changed
 
 function timer(interval, isSingleShot, action) {
     const made = new QTimer();
@@ -26,6 +24,22 @@ function timer(interval, isSingleShot, action) {
     made.singleShot = isSingleShot;
     made.timeout.connect(action);
     return made;
+}
+
+// Runs the action once the present event has been dealt with, but leaves so many milliseconds between two
+// of its runs.
+function paced(spacing, action) {
+    let last = 0;
+    const pause = timer(0, true, () => {
+        last = Date.now();
+        action();
+    });
+    return () => {
+        if (pause.active || isPerforming)
+            return;
+        pause.interval = Math.min(spacing, Math.max(0, last + spacing - Date.now()));
+        pause.start();
+    };
 }
 
 function idOf(window) {
@@ -45,10 +59,6 @@ function setActive(window) {
         workspace.activeWindow = window;
     else
         workspace.activeClient = window;
-}
-
-function find(id) {
-    return allWindows().find(window => idOf(window) === id);
 }
 
 function rect(geometry) {
@@ -83,44 +93,59 @@ function kindOf(window) {
     return window.normalWindow && !window.transientFor ? "standard" : "dialog";
 }
 
-function stateOf(window) {
+// KWin 5.27 tells the state as it changes, and has no property for it.
+function stateOf(each) {
     if (!isSix)
-        return maximized[idOf(window)] || {};
-    const mode = window.maximizeMode;
+        return each.maximized;
+    const mode = each.window.maximizeMode;
     return {vertically: Boolean(mode & 1), horizontally: Boolean(mode & 2)};
 }
 
 // What the decoration adds to the size of the window inside it.
-function marginsOf(window) {
+function marginsOf(each) {
+    const window = each.window;
     const frame = window.frameGeometry;
     const client = window.clientGeometry;
     if (client)
         return [frame.width - client.width, frame.height - client.height];
     const isBare = window.noBorder || window.clientSideDecorated || window.fullScreen;
-    if (isX11(window))
+    if (each.isX11)
         return isBare ? [0, 0] : decoration;
     const inside = window.bufferGeometry;
     const margins = [frame.width - inside.width, frame.height - inside.height]
         .map(margin => Math.max(0, margin)); // a shadow is drawn outside the frame
-    if (margins[1] > 0)
+    if (margins[1] > 0 && String(margins) !== String(decoration)) {
         decoration = margins;
+        known.forEach(other => {
+            if (other.isX11)
+                changed.add(other);
+        });
+    }
     return margins;
 }
 
-function limitsOf(window) {
-    const margins = marginsOf(window);
+function least(size, margin) {
+    return size > 0 ? size + margin : 0;
+}
+
+function most(size, margin) {
     const endless = 1000000;
-    const least = [window.minSize.width, window.minSize.height];
-    const most = [window.maxSize.width, window.maxSize.height];
+    return size < endless ? least(size, margin) : 0;
+}
+
+function limitsOf(each) {
+    const [width, height] = each.margins;
+    const smallest = each.window.minSize;
+    const largest = each.window.maxSize;
     return {
-        minimum: least.map((size, i) => size > 0 ? size + margins[i] : 0),
-        maximum: most.map((size, i) => size > 0 && size < endless ? size + margins[i] : 0)
+        minimum: [least(smallest.width, width), least(smallest.height, height)],
+        maximum: [most(largest.width, width), most(largest.height, height)]
     };
 }
 
 // KWin 6 pays no heed to it.
-function incrementOf(window) {
-    const unit = isSix ? undefined : window.basicUnit;
+function incrementOf(each) {
+    const unit = isSix || !each.isX11 ? undefined : each.window.basicUnit;
     return unit ? [unit.width, unit.height].map(step => step > 1 ? step : 0) : [0, 0];
 }
 
@@ -148,22 +173,25 @@ function isHere(window) {
 }
 
 // While its state lasts, which a placement ends, a window is neither movable nor resizable.
-function hasState(window) {
-    const state = stateOf(window);
-    return Boolean(window.fullScreen || state.vertically || state.horizontally);
+function hasState(each) {
+    const state = stateOf(each);
+    return Boolean(each.window.fullScreen || state.vertically || state.horizontally);
 }
 
-function describe(window) {
-    const state = stateOf(window);
-    const limits = limitsOf(window);
+function describe(each) {
+    const window = each.window;
+    const state = stateOf(each);
+    const limits = limitsOf(each);
+    const isInState = hasState(each);
     const longestTitle = 1000;
+    const halfCharacter = /[\ud800-\udbff]$/;
     return {
-        id: idOf(window),
+        id: each.id,
         pid: window.pid,
         desktopFile: String(window.desktopFileName || ""),
         className: String(window.resourceClass || ""),
-        instance: isX11(window) ? String(window.resourceName || "") : "",
-        title: String(window.caption || "").slice(0, longestTitle),
+        instance: each.isX11 ? String(window.resourceName || "") : "",
+        title: String(window.caption || "").slice(0, longestTitle).replace(halfCharacter, ""),
         frame: rect(window.frameGeometry),
         kind: kindOf(window),
         vertically: Boolean(state.vertically),
@@ -173,18 +201,18 @@ function describe(window) {
         minimized: Boolean(window.minimized),
         here: isHere(window),
         listed: !window.skipTaskbar,
-        movable: Boolean(window.moveable) || hasState(window),
-        resizable: Boolean(window.resizeable) || hasState(window),
+        movable: Boolean(window.moveable) || isInState,
+        resizable: Boolean(window.resizeable) || isInState,
         minimum: limits.minimum,
         maximum: limits.maximum,
-        increment: incrementOf(window)
+        increment: incrementOf(each)
     };
 }
 
 // One window that goes away just now does not take the others with it.
-function describeSafely(window) {
+function describeSafely(each) {
     try {
-        return describe(window);
+        return describe(each);
     } catch (error) {
         return null;
     }
@@ -199,69 +227,104 @@ function workAreas() {
     }));
 }
 
-function look(isWhole) {
+function frontToBack() {
+    return Array.from(known.values()).filter(each => isShown(each.window))
+        .map(each => ({id: each.id, order: each.window.stackingOrder}))
+        .sort((a, b) => b.order - a.order).map(each => each.id);
+}
+
+function tellAll() {
+    known.forEach(each => changed.add(each));
+    hasOrderChanged = true;
+}
+
+function changes() {
+    const told = {};
     const active = activeWindow();
-    const isFocused = isShown(active) && ["panel", "desktop"].indexOf(kindOf(active)) < 0;
-    const windows = (isWhole ? Array.from(allWindows()) : [active]).filter(isShown);
-    windows.forEach(marginsOf);
-    return {
-        windows: windows.map(window => ({window: window, order: window.stackingOrder}))
-            .sort((a, b) => b.order - a.order).map(each => describeSafely(each.window))
-            .filter(Boolean),
-        focused: isFocused ? idOf(active) : "",
-        areas: workAreas()
-    };
+    const focused = active ? idOf(active) : "";
+    const areas = workAreas();
+    changed.forEach(each => each.margins = marginsOf(each));
+    if (changed.size > 0)
+        told.windows = Array.from(changed).map(describeSafely).filter(Boolean);
+    const frames = Array.from(moved).filter(each => !changed.has(each));
+    if (frames.length > 0)
+        told.frames = frames.map(each => [each.id].concat(rect(each.window.frameGeometry)));
+    if (hasOrderChanged)
+        told.order = frontToBack();
+    if (focused !== lastFocused)
+        told.focused = focused;
+    if (JSON.stringify(areas) !== lastAreas)
+        told.areas = areas;
+    changed.clear();
+    moved.clear();
+    hasOrderChanged = false;
+    lastFocused = focused;
+    lastAreas = JSON.stringify(areas);
+    return told;
 }
 
-function read(isWhole) {
-    const seen = look(isWhole);
-    areasRead = JSON.stringify(seen.areas);
-    told.areas = told.frames = false;
-    if (isWhole)
-        told.windows = false;
-    return seen;
+// What has changed since Corvane was told last; empty when nothing has. What goes away just now has its
+// next chance soon.
+function news() {
+    try {
+        const told = changes();
+        return Object.keys(told).length > 0 ? JSON.stringify(told) : "";
+    } catch (error) {
+        tellAll();
+        tellAtLeisure();
+        return "";
+    }
 }
 
-// What a placement wants to know before it begins is told as it changes, so that the key need not wait
-// for a question. A person who drags the window is waited for.
-function glance() {
-    const active = activeWindow();
-    if (!hasBegun || hasEnded || (active && (active.move || active.resize)))
+// Corvane knows the desk from what it is told, so that no key need wait for a question.
+function tell() {
+    if (!hasBegun || hasEnded)
         return;
-    const seen = JSON.stringify(look(false));
-    if (seen + performed === lastGlance)
-        return;
-    lastGlance = seen + performed;
-    callDBus(home.service, home.path, home.interface, "Glance", String(performed), seen);
+    const text = news();
+    if (text !== "")
+        callDBus(home.service, home.path, home.interface, "News", text);
 }
 
-const glanceSoon = timer(0, true, glance);
+// What others may have change over and over costs no more than this.
+const tellSoon = paced(2, tell);
+const tellAtLeisure = paced(100, tell);
 
-function leaveStates(window) {
+function leaveStates(each) {
+    const window = each.window;
     if (window.fullScreen)
         window.fullScreen = false;
-    if (!window.tile && hasState(window))
+    if (!window.tile && hasState(each))
         window.setMaximize(false, false);
 }
 
-function leaveTile(window) {
+function leaveTile(each) {
+    const window = each.window;
     if (!window.tile)
         return;
-    tiles[idOf(window)] = window.tile;
+    each.tile = window.tile;
     window.tile = null;
     // KWin 5.27 would tile it again when panels or desktops change, had nothing maximised it.
     window.setMaximize(true, true);
     window.setMaximize(false, false);
 }
 
-function frameFor(window, asked) {
+function mayHave(each, width, height) {
+    const smallest = each.window.minSize;
+    const largest = each.window.maxSize;
+    return width >= smallest.width + each.margins[0] && height >= smallest.height + each.margins[1]
+        && width <= largest.width && height <= largest.height;
+}
+
+function frameFor(each, asked) {
+    const window = each.window;
+    if (!each.isX11 && mayHave(each, asked[2], asked[3]) && window.resizeable)
+        return asked;
     const present = window.frameGeometry;
-    const limits = limitsOf(window);
-    const steps = incrementOf(window);
+    const limits = limitsOf(each);
+    const steps = incrementOf(each);
     const hasSteps = steps[0] > 0 || steps[1] > 0;
-    const size = [within(asked[2], limits, 0), within(asked[3], limits, 1)];
-    const clamped = [stepped(size[0], present.width, steps[0], limits.minimum[0]),
-        stepped(size[1], present.height, steps[1], limits.minimum[1])];
+    const size = [stepped(within(asked[2], limits, 0), present.width, steps[0], limits.minimum[0]),
+        stepped(within(asked[3], limits, 1), present.height, steps[1], limits.minimum[1])];
     const isFixedSize = limits.maximum[0] > 0 && limits.maximum[0] === limits.minimum[0]
         && limits.maximum[1] === limits.minimum[1];
     if (!window.resizeable && !isFixedSize)
@@ -269,47 +332,56 @@ function frameFor(window, asked) {
     // KWin 5.27 forgets the position where the limits make the size the one that the window has. A size
     // between two steps it gives, and when the window corrects that, moves it from beside the panels of
     // any display.
-    return isFixedSize || hasSteps || (clamped[0] === present.width && clamped[1] === present.height)
-        ? [asked[0], asked[1], clamped[0], clamped[1]]
+    return isFixedSize || hasSteps || (size[0] === present.width && size[1] === present.height)
+        ? [asked[0], asked[1], size[0], size[1]]
         : asked;
 }
 
-function place(window, asked) {
-    if (!window.moveable && !hasState(window))
+function place(each, asked) {
+    const window = each.window;
+    const isInState = hasState(each);
+    if (!window.moveable && !isInState)
         return;
-    leaveTile(window);
-    leaveStates(window);
-    const frame = frameFor(window, asked);
-    watch(window, frame);
+    leaveTile(each);
+    leaveStates(each);
+    if (isInState)
+        each.margins = marginsOf(each);
+    const frame = frameFor(each, asked);
     window.frameGeometry = {x: frame[0], y: frame[1], width: frame[2], height: frame[3]};
 }
 
 function placeAll(moves) {
-    const windows = {};
-    allWindows().forEach(window => windows[idOf(window)] = window);
-    moves.filter(move => windows[move.id]).forEach(move => place(windows[move.id], move.frame));
+    moves.forEach(move => {
+        const each = known.get(move.id);
+        if (each)
+            place(each, move.frame);
+    });
 }
 
-function enterState(window, state) {
+function enterState(each, state) {
+    const window = each.window;
     if (state.fullScreen)
         window.fullScreen = true;
     else if (state.vertically || state.horizontally)
         window.setMaximize(state.vertically, state.horizontally);
-    else if (state.tiled && tiles[idOf(window)])
-        window.tile = tiles[idOf(window)];
+    else if (state.tiled && each.tile)
+        window.tile = each.tile;
 }
 
-function changeState(window, change) {
-    watch(window, []); // which frame that brings, is for the client to tell
-    change();
-}
+// KWin 5.27 raises only what it activates.
+const canRaise = typeof workspace.raiseWindow === "function";
 
-function raise(window) {
-    // KWin 5.27 raises only what it activates.
-    const canRaise = typeof workspace.raiseWindow === "function";
+function raise(each) {
     if (canRaise)
-        workspace.raiseWindow(window);
-    return {raised: canRaise};
+        workspace.raiseWindow(each.window);
+}
+
+function bringToFront(ids) {
+    const backToFront = ids.filter(id => known.has(id)).map(id => known.get(id));
+    const last = backToFront.pop();
+    backToFront.forEach(each => canRaise ? raise(each) : setActive(each.window));
+    if (last)
+        setActive(last.window);
 }
 
 function bringHere(window) {
@@ -339,141 +411,115 @@ function block(isBlocked) {
 }
 
 const deeds = {
-    read: request => read(request.whole),
+    tell: tellAll,
     place: request => placeAll(request.moves),
+    bringToFront: request => bringToFront(request.ids),
     block: request => block(request.blocked),
     nothing: () => undefined
 };
 const deedsToOne = {
-    leaveStates: window => changeState(window, () => leaveStates(window)),
-    enterState: (window, request) => changeState(window, () => enterState(window, request.state)),
+    leaveStates: leaveStates,
+    enterState: (each, request) => enterState(each, request.state),
     raise: raise,
-    activate: setActive,
-    close: window => window.closeWindow(),
-    bringHere: bringHere,
-    keepAbove: window => window.keepAbove = true
+    close: each => each.window.closeWindow(),
+    bringHere: each => bringHere(each.window),
+    keepAbove: each => each.window.keepAbove = true
 };
 
 function perform(request) {
     if (deeds[request.deed])
         return deeds[request.deed](request);
-    const window = find(request.id);
-    if (!window)
+    if (!known.has(request.id))
         return {gone: true};
-    return deedsToOne[request.deed](window, request);
-}
-
-function tell(news) {
-    if (told[news] || hasEnded)
-        return;
-    told[news] = true;
-    callDBus(home.service, home.path, home.interface, "Changed", news);
-}
-
-function tellWindows() {
-    tell("windows");
-    glanceSoon.start();
+    return deedsToOne[request.deed](known.get(request.id), request);
 }
 
 // KWin works areas out a moment after what changes them, and does not say when.
-const areasReview = timer(250, true, () => {
-    if (JSON.stringify(workAreas()) !== areasRead)
-        tell("areas");
-    glance();
-});
+const areasReview = timer(250, true, tell);
 
 function tellAreas() {
-    tell("areas");
-    glanceSoon.start();
+    tellSoon();
     areasReview.start();
-}
-
-function unwatch(id) {
-    const entry = watched[id];
-    delete watched[id];
-    if (entry)
-        entry.window.frameGeometryChanged.disconnect(entry.follow);
-}
-
-function isSettled(entry, now) {
-    return now - entry.began > watchTime
-        || (now - entry.changed > settledTime
-            && JSON.stringify(rect(entry.window.frameGeometry)) === entry.frame);
-}
-
-const watchReview = timer(settledTime, false, () => {
-    const now = Date.now();
-    Object.keys(watched).filter(id => isSettled(watched[id], now)).forEach(unwatch);
-    if (Object.keys(watched).length === 0)
-        watchReview.stop();
-});
-
-function watch(window, frame) {
-    const id = idOf(window);
-    unwatch(id);
-    const now = Date.now();
-    const entry = {window: window, began: now, changed: now, frame: JSON.stringify(frame)};
-    entry.follow = () => {
-        // A person who drags it knows where it is.
-        if (window.move || window.resize)
-            return unwatch(id);
-        entry.changed = Date.now();
-        tell("frames");
-    };
-    window.frameGeometryChanged.connect(entry.follow);
-    watched[id] = entry;
-    if (!watchReview.active)
-        watchReview.start();
-}
-
-function setMaximized(window, vertically, horizontally) {
-    const state = {vertically: Boolean(vertically), horizontally: Boolean(horizontally)};
-    maximized[idOf(window)] = state;
-    tellWindows();
 }
 
 function connectAll(object, names, action) {
     names.filter(name => object[name]).forEach(name => object[name].connect(action));
 }
 
-function follow(window, onKnown) {
+// A window that goes away may change on its way.
+function noteIn(untold, each) {
+    if (known.has(each.id))
+        untold.add(each);
+}
+
+function follow(each, onKnown) {
+    const window = each.window;
+    const isBesideOthers = ["panel", "desktop"].indexOf(kindOf(window)) >= 0;
+    const setMaximized = (vertically, horizontally) => {
+        each.maximized = {vertically: Boolean(vertically), horizontally: Boolean(horizontally)};
+        noteIn(changed, each);
+        tellSoon();
+    };
     connectAll(window, ["windowClassChanged", "desktopFileNameChanged", "minimizedChanged",
         "fullScreenChanged", "maximizedChanged", "tileChanged", "quickTileModeChanged",
         "desktopChanged", "desktopsChanged", "activitiesChanged", "skipTaskbarChanged",
-        "hiddenChanged"], tellWindows);
+        "hiddenChanged", "decorationChanged", "transientChanged"], () => {
+        noteIn(changed, each);
+        tellSoon();
+        if (isBesideOthers)
+            tellAreas();
+    });
+    connectAll(window, ["captionChanged"], () => {
+        noteIn(changed, each);
+        tellAtLeisure();
+    });
     connectAll(window, ["frameGeometryChanged", "clientFinishUserMovedResized",
         "interactiveMoveResizeFinished"], () => {
-        if (window.active)
-            glanceSoon.start();
+        noteIn(moved, each);
+        if (window.move || window.resize)
+            tellAtLeisure();
+        else
+            tellSoon();
+        if (isBesideOthers)
+            tellAreas();
     });
-    if (["panel", "desktop"].indexOf(kindOf(window)) >= 0)
-        connectAll(window, ["frameGeometryChanged", "hiddenChanged"], tellAreas);
+    connectAll(window, ["stackingOrderChanged"], () => {
+        hasOrderChanged = true;
+        tellSoon();
+    });
     if (isSix)
         return onKnown();
     window.clientMaximizedStateChanged.connect(
-        (_, horizontally, vertically) => setMaximized(window, vertically, horizontally));
-    callDBus("org.kde.KWin", "/KWin", "org.kde.KWin", "getWindowInfo", idOf(window), info => {
+        (_, horizontally, vertically) => setMaximized(vertically, horizontally));
+    callDBus("org.kde.KWin", "/KWin", "org.kde.KWin", "getWindowInfo", each.id, info => {
         if (info.maximizeVertical || info.maximizeHorizontal)
-            setMaximized(window, info.maximizeVertical, info.maximizeHorizontal);
+            setMaximized(info.maximizeVertical, info.maximizeHorizontal);
         onKnown();
     });
+}
+
+function meet(window, onKnown) {
+    const each = {id: idOf(window), window: window, isX11: isX11(window), maximized: {}, tile: null,
+        margins: [0, 0]};
+    known.set(each.id, each);
+    changed.add(each);
+    hasOrderChanged = true;
+    follow(each, onKnown);
 }
 
 function added(window) {
     if (!isShown(window))
         return;
-    follow(window, tellWindows);
-    tellWindows();
-    if (["panel", "desktop"].indexOf(kindOf(window)) >= 0)
-        tellAreas();
+    meet(window, () => undefined);
+    tellAreas();
 }
 
 function removed(window) {
-    const id = idOf(window);
-    [maximized, tiles, watched].forEach(known => delete known[id]);
-    tellWindows();
-    if (window.dock || isFixed(window))
-        tellAreas();
+    const each = known.get(idOf(window));
+    [changed, moved].forEach(untold => untold.delete(each));
+    known.delete(idOf(window));
+    hasOrderChanged = true;
+    tellAreas();
 }
 
 let unanswered = 0;
@@ -488,38 +534,48 @@ const watchdog = timer(pollLife, true, () => {
     callDBus("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "unloadScript", home.name);
 });
 
+function answerTo(command) {
+    isPerforming = true;
+    try {
+        return perform(JSON.parse(command)) || {};
+    } catch (error) {
+        return {error: String(error)};
+    } finally {
+        isPerforming = false;
+    }
+}
+
 function poll(number, answer) {
     watchdog.start();
-    callDBus(home.service, home.path, home.interface, "Poll", number, answer, command => {
-        unanswered = 0;
-        let number = "";
-        let answer = {};
-        try {
-            const request = JSON.parse(command);
-            number = request.number;
-            answer = perform(request) || {};
-            performed = Number(number) || performed;
-        } catch (error) {
-            answer = {error: String(error)};
-        }
-        poll(number, JSON.stringify(answer));
-    });
+    callDBus(home.service, home.path, home.interface, "Poll", number, answer, news(),
+        (next, command) => {
+            unanswered = 0;
+            poll(next, JSON.stringify(answerTo(command)));
+        });
 }
 
 connectAll(workspace, ["windowAdded", "clientAdded"], added);
 connectAll(workspace, ["windowRemoved", "clientRemoved"], removed);
-connectAll(workspace, ["windowActivated", "clientActivated", "currentDesktopChanged",
-    "currentActivityChanged"], () => {
-    glance();
-    tellWindows();
+connectAll(workspace, ["windowActivated", "clientActivated"], window => {
+    const each = window ? known.get(idOf(window)) : undefined;
+    if (each)
+        changed.add(each);
+    if (!isPerforming)
+        tell();
+});
+connectAll(workspace, ["currentDesktopChanged", "currentActivityChanged"], () => {
+    tellAll();
+    tell();
+    areasReview.start();
 });
 connectAll(workspace, ["screensChanged", "numberScreensChanged", "screenResized",
-    "virtualScreenGeometryChanged", "currentDesktopChanged"], tellAreas);
+    "virtualScreenGeometryChanged"], tellAreas);
 
 function begin() {
-    if (!hasBegun)
-        poll("", "");
+    if (hasBegun)
+        return;
     hasBegun = true;
+    poll("", "");
 }
 
 const patience = timer(500, true, begin);
@@ -530,5 +586,5 @@ const onKnown = () => {
     if (--unknown === 0)
         begin();
 };
-present.forEach(window => follow(window, onKnown));
+present.forEach(window => meet(window, onKnown));
 onKnown();

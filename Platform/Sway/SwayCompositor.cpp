@@ -13,6 +13,7 @@
 
 namespace corvane::sway {
 
+using namespace wayland;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -156,35 +157,37 @@ bool SwayCompositor::waitForFrames(Time deadline)
     return true;
 }
 
-bool SwayCompositor::raise(const WindowElement &)
-{
-    return false;
-}
+void SwayCompositor::raise(const WindowElement &) { }
 
-void SwayCompositor::activate(const WindowElement &window)
+void SwayCompositor::bringToFront(const QList<WindowElement> &windows)
 {
-    tell(window, " focus");
+    tell(windows, " focus");
 }
 
 void SwayCompositor::close(const WindowElement &window)
 {
-    tell(window, " kill");
+    tell({window}, " kill");
 }
 
 void SwayCompositor::bringHere(const WindowElement &window)
 {
-    tell(window, " move container to workspace current");
+    tell({window}, " move container to workspace current");
 }
 
 void SwayCompositor::keepAbove(const WindowElement &window)
 {
-    tell(window, " sticky enable");
+    tell({window}, " sticky enable");
 }
 
-void SwayCompositor::tell(const WindowElement &window, const char *command)
+void SwayCompositor::tell(const QList<WindowElement> &windows, const char *command)
 {
-    if (window.generation == m_generation)
-        std::ignore = run(criteria(window) + command);
+    QByteArrayList commands;
+    for (const WindowElement &window : windows) {
+        if (window.generation == m_generation)
+            commands << criteria(window) + command;
+    }
+    if (!commands.isEmpty())
+        std::ignore = run(commands.join(';'));
 }
 
 expected<QList<bool>, AXError> SwayCompositor::run(const QByteArray &commands)

@@ -34,8 +34,8 @@ public:
     Duration holdTime() const override;
     bool waitForFrames(Time deadline) override;
 
-    bool raise(const WindowElement &window) override;
-    void activate(const WindowElement &window) override;
+    void raise(const WindowElement &window) override;
+    void bringToFront(const QList<WindowElement> &windows) override;
     void close(const WindowElement &window) override;
     void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
@@ -57,11 +57,11 @@ private:
         Message message, const QByteArray &content = {});
     void takeEvents();
     void take(const Packet &event);
-    void takeWorkspaceEvent(const Json &event);
+    void takeWorkspaceEvent(const wayland::Json &event);
     void setPresent(bool isPresent);
     void tryAgainSoon();
     /// Nothing is said to a window of an earlier life of sway.
-    void tell(const WindowElement &window, const char *command);
+    void tell(const QList<WindowElement> &windows, const char *command);
     [[nodiscard]] static QByteArray criteria(const WindowElement &window);
 
     QByteArray m_path;

@@ -12,6 +12,7 @@
 
 namespace corvane::sway {
 
+using namespace wayland;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -9,6 +9,8 @@
 
 namespace corvane::sway {
 
+using namespace wayland;
+
 namespace {
 
 constexpr QByteArrayView magic("i3-ipc");

@@ -5,9 +5,7 @@
 
 namespace corvane::sway {
 
-using wayland::Desk;
-using wayland::Toplevel;
-using wayland::ToplevelKind;
+using namespace wayland;
 
 namespace {
 
@@ -95,7 +93,7 @@ private:
             textOf(at(workspace, "name")) == textOf(at(output, "current_workspace"));
         const Rect area = rectOf(at(workspace, "rect"));
         if (isCurrent && area.width > 0)
-            m_workAreas << wayland::WorkArea{rectOf(at(output, "rect")), area};
+            m_workAreas << WorkArea{rectOf(at(output, "rect")), area};
         Place place{.shown = isScratchpad || isCurrent, .minimized = isScratchpad};
         const auto floating = itemsOf(at(workspace, "floating_nodes"));
         place.floating = true;
@@ -153,7 +151,7 @@ private:
 
     quint64 m_generation;
     QList<Found> m_found;
-    QList<wayland::WorkArea> m_workAreas;
+    QList<WorkArea> m_workAreas;
     std::optional<WindowElement> m_focused;
 };
 

@@ -4,6 +4,8 @@
 
 namespace corvane::sway {
 
+using namespace wayland;
+
 namespace {
 
 // A mark of sway's that exists only while our commands run.
@@ -65,11 +67,10 @@ QByteArray TilePlaces::wayBack(const WindowElement &window) const
         + " px height " + QByteArray::number(place->height) + " px";
 }
 
-void TilePlaces::keepOnly(const QList<wayland::Toplevel> &windows)
+void TilePlaces::keepOnly(const QList<Toplevel> &windows)
 {
     m_places.removeIf([&](auto entry) {
-        return std::ranges::find(windows, entry.key(), &wayland::Toplevel::element)
-            == windows.end();
+        return std::ranges::find(windows, entry.key(), &Toplevel::element) == windows.end();
     });
 }
 

@@ -13,7 +13,7 @@ class TilePlaces final
 {
 public:
     /// The window, which is tiled in this tree, is about to float.
-    void remember(const WindowElement &window, const Json &tree);
+    void remember(const WindowElement &window, const wayland::Json &tree);
     /// Commands that tile the window, between its neighbours and in its size where these are still there.
     [[nodiscard]] QByteArray wayBack(const WindowElement &window) const;
     void keepOnly(const QList<wayland::Toplevel> &windows);

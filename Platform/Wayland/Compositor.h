@@ -53,10 +53,11 @@ public:
     /// of none, until it is worth while to read again. False once the time has come.
     [[nodiscard]] virtual bool waitForFrames(Time deadline) = 0;
 
-    /// Above all other windows. False where the compositor cannot do that without giving the focus.
-    virtual bool raise(const WindowElement &window) = 0;
-    /// Gives the focus, shows the window's workspace, and ends a minimised state.
-    virtual void activate(const WindowElement &window) = 0;
+    /// Above all other windows; nothing where the compositor cannot do that without giving the focus.
+    virtual void raise(const WindowElement &window) = 0;
+    /// Above all other windows, one after the other. The last gets the focus, its workspace is shown, and
+    /// its minimised state ends; where the compositor raises none without that, so do the others before.
+    virtual void bringToFront(const QList<WindowElement> &windows) = 0;
     /// Asks the window to close, as its user would.
     virtual void close(const WindowElement &window) = 0;
     /// Has a window come from its workspace to the one that the user sees.

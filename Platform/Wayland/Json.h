@@ -7,9 +7,9 @@
 #include <span>
 #include <string_view>
 
-/// What sway tells, read leniently: what is not there, or of another type, is empty. RapidJSON reads a tree
-/// of fifty windows in a tenth of the time that Qt takes, and the user's window waits for that.
-namespace corvane::sway {
+/// What compositors tell, read leniently: what is not there, or of another type, is empty. RapidJSON reads
+/// fifty windows in a tenth of the time that Qt takes, and the user's window waits for that.
+namespace corvane::wayland {
 
 using Json = rapidjson::Value;
 
@@ -50,4 +50,4 @@ using Json = rapidjson::Value;
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-} // namespace corvane::sway
+} // namespace corvane::wayland

@@ -35,7 +35,8 @@ bool isSame(Size a, Size b)
 
 bool isOurs(const Toplevel &window)
 {
-    return window.traces.pid == getpid();
+    static const pid_t ours = getpid();
+    return window.traces.pid == ours;
 }
 
 } // namespace

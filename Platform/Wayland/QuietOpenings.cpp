@@ -75,7 +75,7 @@ void QuietOpenings::review(const std::optional<WindowElement> &focused)
             m_owners.removeLast();
         if (m_owners.isEmpty() || Clock::now() > newcomer->end || --newcomer->focusesLeft < 0)
             return;
-        m_registry.compositor().activate(m_owners.last());
+        m_registry.compositor().bringToFront({m_owners.last()});
     });
 }
 

@@ -103,7 +103,7 @@ void WaylandOwnWindows::show(const Wish &wish, const Toplevel &toplevel, const D
     if (!m_placed.contains(toplevel.element) && !isSheet)
         placeInTheMiddle(window, toplevel, desk);
     m_placed.insert(toplevel.element);
-    compositor.activate(toplevel.element);
+    compositor.bringToFront({toplevel.element});
 }
 
 /// In the size that it was shown with, whatever the compositor's layout made of that.

@@ -202,7 +202,7 @@ AXError WaylandWindowAccess::restore(
 void WaylandWindowAccess::raise(const WindowElement &window)
 {
     if (isTrusted() && m_registry.known(window)) {
-        std::ignore = m_compositor.raise(window);
+        m_compositor.raise(window);
         m_registry.outdate();
     }
 }
@@ -223,12 +223,10 @@ bool WaylandWindowAccess::bringToFrontAlone(const WindowElement &window)
 {
     if (!isTrusted() || !m_registry.known(window))
         return false;
-    if (m_registry.isInOperation()) {
-        m_toBeFocused = window;
-        if (m_compositor.raise(window))
-            return true;
-    }
-    activate(window);
+    if (m_registry.isInOperation())
+        m_toFront << window;
+    else
+        bringToFront({window});
     return true;
 }
 
@@ -251,9 +249,8 @@ void WaylandWindowAccess::endOperation()
         return;
     m_endedStates.clear();
     m_unanswering.clear();
-    if (const auto window = std::exchange(m_toBeFocused, std::nullopt);
-        window && isTrusted() && m_registry.known(*window))
-        activate(*window);
+    if (const auto windows = std::exchange(m_toFront, {}); !windows.isEmpty() && isTrusted())
+        bringToFront(windows);
 }
 
 void WaylandWindowAccess::readAhead(const QList<pid_t> &)
@@ -359,10 +356,11 @@ AXError WaylandWindowAccess::refuse(AXError error, const QString &detail)
     return error;
 }
 
-void WaylandWindowAccess::activate(const WindowElement &window)
+void WaylandWindowAccess::bringToFront(const QList<WindowElement> &windows)
 {
-    Q_EMIT activating(window);
-    m_compositor.activate(window);
+    for (const WindowElement &window : windows)
+        Q_EMIT activating(window);
+    m_compositor.bringToFront(windows);
     m_registry.outdate();
 }
 

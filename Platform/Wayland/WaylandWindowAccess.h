@@ -69,7 +69,7 @@ private:
     [[nodiscard]] AXError place(const Toplevel &before, const Rect &frame);
     [[nodiscard]] expected<Toplevel, AXError> leaveStates(const Toplevel &before);
     [[nodiscard]] AXError refuse(AXError error, const QString &detail);
-    void activate(const WindowElement &window);
+    void bringToFront(const QList<WindowElement> &windows);
     void announce(const Toplevel &window);
     void forget(const Toplevel &window);
 
@@ -81,7 +81,7 @@ private:
     QHash<WindowElement, WindowState> m_endedStates;
     QSet<WindowElement> m_unanswering;
     std::optional<PendingSize> m_pendingSize;
-    std::optional<WindowElement> m_toBeFocused; ///< when the operation ends
+    QList<WindowElement> m_toFront; ///< when the operation ends
     QString m_refusalDetail;
     QSet<pid_t> m_observed;
 };
