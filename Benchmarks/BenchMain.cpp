@@ -38,6 +38,7 @@ struct Effort {
     int openings = 50;
     int layoutRounds = 11;
     int waylandRounds = 150;
+    int waylandLayoutRounds = 31;
     int checks = 1000;
     std::chrono::seconds idle{10};
     QString only{}; ///< part of the titles of those to be run
@@ -48,7 +49,7 @@ struct Benchmark {
     std::function<Measurements()> measure;
 };
 
-const Effort quick{100, 8, 20, 3, 30, 100, std::chrono::seconds(3)};
+const Effort quick{100, 8, 20, 3, 30, 3, 100, std::chrono::seconds(3)};
 
 int fail(Status status, const QString &sentence)
 {
@@ -82,8 +83,8 @@ QList<Benchmark> onWayland(const QString &compositor, const Effort &effort)
                 .arg(effort.waylandRounds),
             [=] { return measureWaylandKeys(compositor, effort.waylandRounds); }},
         {u"Key press to a whole layout on %1, %2 presses each"_s.arg(compositor)
-                .arg(effort.layoutRounds),
-            [=] { return measureWaylandLayouts(compositor, effort.layoutRounds); }},
+                .arg(effort.waylandLayoutRounds),
+            [=] { return measureWaylandLayouts(compositor, effort.waylandLayoutRounds); }},
     };
 }
 

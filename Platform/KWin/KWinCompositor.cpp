@@ -87,15 +87,11 @@ AXError KWinCompositor::place(const QList<WindowMove> &moves)
         if (identifier.isEmpty())
             continue;
         isEmpty = false;
-        writer.StartObject();
-        writer.Key("id");
-        writer.String(identifier.constData());
-        writer.Key("frame");
         writer.StartArray();
+        writer.String(identifier.constData());
         for (const double number : {frame.x, frame.y, frame.width, frame.height})
             writer.Double(number);
         writer.EndArray();
-        writer.EndObject();
     }
     writer.EndArray();
     writer.EndObject();

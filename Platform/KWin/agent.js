@@ -337,24 +337,29 @@ function frameFor(each, asked) {
         : asked;
 }
 
+function leaveAll(each) {
+    leaveTile(each);
+    leaveStates(each);
+    each.margins = marginsOf(each);
+}
+
 function place(each, asked) {
     const window = each.window;
     const isInState = hasState(each);
     if (!window.moveable && !isInState)
         return;
-    leaveTile(each);
-    leaveStates(each);
-    if (isInState)
-        each.margins = marginsOf(each);
+    if (isInState || window.tile)
+        leaveAll(each);
     const frame = frameFor(each, asked);
     window.frameGeometry = {x: frame[0], y: frame[1], width: frame[2], height: frame[3]};
 }
 
+// A move: the window's identifier, x, y, width, height.
 function placeAll(moves) {
     moves.forEach(move => {
-        const each = known.get(move.id);
+        const each = known.get(move[0]);
         if (each)
-            place(each, move.frame);
+            place(each, move.slice(1));
     });
 }
 
@@ -537,7 +542,7 @@ const watchdog = timer(pollLife, true, () => {
 function answerTo(command) {
     isPerforming = true;
     try {
-        return perform(JSON.parse(command)) || {};
+        return perform(command) || {};
     } catch (error) {
         return {error: String(error)};
     } finally {
@@ -548,11 +553,21 @@ function answerTo(command) {
 function poll(number, answer) {
     watchdog.start();
     callDBus(home.service, home.path, home.interface, "Poll", number, answer, news(),
-        (next, command) => {
+        (next, text) => {
             unanswered = 0;
-            poll(next, JSON.stringify(answerTo(command)));
+            const command = JSON.parse(text);
+            pollNext = () => poll(next, outcome);
+            const outcome = JSON.stringify(answerTo(command));
+            if (command.deed === "place")
+                afterSizes.start();
+            else
+                pollNext();
         });
 }
+
+let pollNext = () => undefined;
+// Once KWin has handed the new sizes out, for which the windows wait.
+const afterSizes = timer(1, true, () => pollNext());
 
 connectAll(workspace, ["windowAdded", "clientAdded"], added);
 connectAll(workspace, ["windowRemoved", "clientRemoved"], removed);

@@ -25,12 +25,6 @@ ToplevelRegistry::ToplevelRegistry(Compositor &compositor) : m_compositor(compos
     connect(&compositor, &Compositor::presenceChanged, this, refreshSoon);
 }
 
-void ToplevelRegistry::endOperation()
-{
-    if (--m_operations == 0)
-        outdate();
-}
-
 expected<Desk, AXError> ToplevelRegistry::desk(Compositor::Scope scope)
 {
     if (isFresh() && (m_read->scope == Compositor::Scope::all || m_read->scope == scope))

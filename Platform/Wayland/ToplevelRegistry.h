@@ -27,9 +27,9 @@ public:
             outdate();
         ++m_operations;
     }
-    void endOperation();
+    void endOperation() { --m_operations; }
     [[nodiscard]] bool isInOperation() const { return m_operations > 0; }
-    /// The next read asks the compositor again.
+    /// The next read asks the compositor again, since it was told to change something.
     void outdate() { m_read.reset(); }
 
     /// The windows as they are now; within an operation, as they were read in it. Questions that follow
