@@ -33,6 +33,12 @@ bool isSame(Size a, Size b)
     return isSame(a.width, b.width) && isSame(a.height, b.height);
 }
 
+bool hasGrown(const Rect &before, const Rect &now)
+{
+    return isSame(before.x, now.x) && isSame(before.y, now.y)
+        && now.width > before.width - tolerance && now.height > before.height - tolerance;
+}
+
 bool isOurs(const Toplevel &window)
 {
     static const pid_t ours = getpid();
@@ -162,7 +168,7 @@ void Placer::await(const QList<WindowElement> &windows, Time deadline)
 {
     QList<WindowElement> left = windows;
     // A question would hold up a compositor that has yet to hand the sizes out.
-    if (m_compositor.holdTime() == 0ms && !left.isEmpty())
+    if (!left.isEmpty())
         std::ignore = m_compositor.waitForFrames(std::min(deadline, Clock::now() + quietTime));
     while (true) {
         m_registry.outdate();
@@ -287,6 +293,25 @@ Rect Placer::dueFrame(const Toplevel &window)
     return placement->wanted;
 }
 
+/// A window that stood at an edge of its display, and has grown beyond it.
+void Placer::bringInside(
+    const Toplevel &window, const Rect &wanted, const QList<WorkArea> &workAreas)
+{
+    m_refusals.insert(window.element, {wanted.size(), window.frame.size()});
+    const auto area = std::ranges::max_element(
+        workAreas, {}, [&](const WorkArea &each) { return each.visible.intersectionArea(wanted); });
+    if (area == workAreas.end())
+        return;
+    const Rect &bounds = area->visible;
+    Rect frame = window.frame;
+    if (frame.maxX() > bounds.maxX())
+        frame.x = std::max(bounds.x, wanted.maxX() - frame.width);
+    if (frame.maxY() > bounds.maxY())
+        frame.y = std::max(bounds.y, wanted.maxY() - frame.height);
+    if (!isSame(frame, window.frame))
+        std::ignore = m_compositor.place({{window.element, frame}});
+}
+
 void Placer::scheduleReview()
 {
     std::optional<Time> next;
@@ -318,9 +343,12 @@ void Placer::review()
             look(placement, *window, now);
         else if (isStale(entry.key(), placement, window->frame))
             repeat(entry.key(), placement);
-        // Somebody else has moved it.
-        if (placement.state == State::settled && !isSame(placement.seen, window->frame))
+        // Somebody else has moved it, or it does not become as small as it seemed to.
+        if (placement.state == State::settled && !isSame(placement.seen, window->frame)) {
+            if (hasGrown(placement.wanted, window->frame))
+                bringInside(*window, placement.wanted, desk->workAreas);
             return true;
+        }
         while (placement.reviews < reviewTimes.size()
             && now - placement.sent >= reviewTimes.at(placement.reviews))
             ++placement.reviews;

@@ -90,6 +90,7 @@ private:
     [[nodiscard]] bool isLimit(
         const WindowElement &window, const Placement &placement, Size size) const;
     void repeat(const WindowElement &window, Placement &placement);
+    void bringInside(const Toplevel &window, const Rect &wanted, const QList<WorkArea> &workAreas);
     void scheduleReview();
     void review();
 

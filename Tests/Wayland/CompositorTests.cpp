@@ -119,6 +119,23 @@ TEST_P(CompositorTests, aWindowLeavesEveryStateForItsPlaceAndGoesBack)
     }
 }
 
+TEST_P(CompositorTests, aWindowThatGrowsOutOfItsPlaceLateStaysOnItsDisplay)
+{
+    if (!world().desk().isSway())
+        GTEST_SKIP() << "KWin knows at once how small a window can be";
+    const Rect display = hand().displays().first();
+    const Size least{900, 600};
+    const WindowElement window =
+        world().open({.decorated = false, .hints = {.minimum = least}, .answersAfter = 300});
+
+    EXPECT_EQ(
+        place(window, {display.maxX() - 410, display.maxY() - 310, 400, 300}), AXError::success);
+
+    EXPECT_TRUE(rests(window,
+        {display.maxX() - 10 - least.width, display.maxY() - 10 - least.height, least.width,
+            least.height}));
+}
+
 TEST_P(CompositorTests, aHungClientHoldsUpNobodyElseAndObeysOnceItGoesOn)
 {
     windows().setMessagingTimeout(1);
