@@ -117,6 +117,7 @@ bool AgentHost::handleMessage(const QDBusMessage &message, const QDBusConnection
     } else if (message.member() == "News"_L1 && message.signature() == "s"_L1) {
         m_mailbox.told(message.arguments().constFirst().toString());
         Q_EMIT newsArrived();
+        m_bus.send(message.createReply()); // or KWin would wait for it
     } else {
         return false;
     }

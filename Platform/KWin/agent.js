@@ -308,10 +308,12 @@ function leaveTile(each) {
     window.setMaximize(false, false);
 }
 
+// Whether no limit can be in the way, whatever is decorated by now.
 function mayHave(each, width, height) {
     const smallest = each.window.minSize;
     const largest = each.window.maxSize;
-    return width >= smallest.width + each.margins[0] && height >= smallest.height + each.margins[1]
+    return width >= smallest.width + Math.max(each.margins[0], decoration[0])
+        && height >= smallest.height + Math.max(each.margins[1], decoration[1])
         && width <= largest.width && height <= largest.height;
 }
 
@@ -319,6 +321,7 @@ function frameFor(each, asked) {
     const window = each.window;
     if (!each.isX11 && mayHave(each, asked[2], asked[3]) && window.resizeable)
         return asked;
+    each.margins = marginsOf(each);
     const present = window.frameGeometry;
     const limits = limitsOf(each);
     const steps = incrementOf(each);
@@ -337,19 +340,15 @@ function frameFor(each, asked) {
         : asked;
 }
 
-function leaveAll(each) {
-    leaveTile(each);
-    leaveStates(each);
-    each.margins = marginsOf(each);
-}
-
 function place(each, asked) {
     const window = each.window;
     const isInState = hasState(each);
     if (!window.moveable && !isInState)
         return;
-    if (isInState || window.tile)
-        leaveAll(each);
+    if (isInState || window.tile) {
+        leaveTile(each);
+        leaveStates(each);
+    }
     const frame = frameFor(each, asked);
     window.frameGeometry = {x: frame[0], y: frame[1], width: frame[2], height: frame[3]};
 }
