@@ -38,11 +38,10 @@ protected:
     /// As the desktop names them.
     QList<DisplayKey> keysOf(const QList<Rect> &displays)
     {
-        const QString name = isWayland() ? u"Virtual-%1"_s : u"DUMMY%1"_s;
         QList<DisplayKey> keys;
         for (const Rect &display : displays)
-            keys << DisplayKey{isSway() ? u"HEADLESS-1"_s : name.arg(keys.size()),
-                static_cast<int>(display.width), static_cast<int>(display.height)};
+            keys << DisplayKey{displayName(int(keys.size())), static_cast<int>(display.width),
+                static_cast<int>(display.height)};
         return keys;
     }
 
@@ -137,9 +136,7 @@ protected:
             << testing::PrintToString(reading()) << ", not " << testing::PrintToString(withFocus);
     }
 
-    /// KWin's virtual displays are of one size.
-    const QList<Rect> pair{standardDisplay,
-        isWayland() && !isSway() ? Rect{1920, 0, 1920, 1080} : Rect{1920, 0, 1600, 900}};
+    const QList<Rect> pair{standardDisplay, secondDisplay()};
     std::vector<std::unique_ptr<InstalledApp>> m_apps;
 };
 

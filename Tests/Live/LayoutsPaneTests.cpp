@@ -36,24 +36,20 @@ protected:
     static QString idOf(const QString &name) { return u"corvane.test."_s + name; }
     void install(const QString &name)
     {
-        m_apps.push_back(InstalledApp::scripted(desktop(), idOf(name), {u"open="_s + name}));
+        m_apps.push_back(InstalledApp::scripted(session(), idOf(name), {u"open="_s + name}));
     }
-    xcb_window_t start(const QString &name)
+    quint32 start(const QString &name)
     {
         install(name);
         m_running.push_back(m_apps.back()->start());
-        return probe().waitForWindow([&](xcb_window_t each) {
-            return probe().hasClass(each, idOf(name).toLatin1()) && probe().isManaged(each);
-        });
+        return hand().waitForWindow(m_running.back()->pid(), {});
     }
 
-    xcb_window_t open()
+    quint32 open()
     {
         EXPECT_EQ(corvane().ask({u"--pane"_s, u"layouts"_s}).exitStatus, 0);
-        const xcb_window_t window = probe().waitForWindow([this](xcb_window_t each) {
-            return probe().hasProcess(each, corvane().pid()) && probe().isManaged(each);
-        });
-        EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == window; }));
+        const quint32 window = hand().waitForWindow(corvane().pid(), {});
+        EXPECT_TRUE(waitUntil([&] { return hand().activeWindow() == window; }));
         return window;
     }
     void press(const QList<KeyStroke> &strokes)
@@ -64,16 +60,15 @@ protected:
     /// Opens the picker by Return and leaves it by this key, with that typed in between.
     void pick(const QByteArray &typed, const KeyStroke &leave = enter)
     {
-        const xcb_window_t settings = probe().activeWindow();
+        const quint32 settings = hand().activeWindow();
         keys().press(enter);
         ASSERT_TRUE(waitUntil([&] {
-            const xcb_window_t active = probe().activeWindow();
-            return active != settings && active != XCB_WINDOW_NONE
-                && probe().hasProcess(active, corvane().pid());
+            const quint32 active = hand().activeWindow();
+            return active != settings && hand().windowsOf(corvane().pid()).contains(active);
         })) << "no picker";
         keys().type(typed);
         keys().press(leave);
-        ASSERT_TRUE(waitUntil([&] { return probe().activeWindow() == settings; }));
+        ASSERT_TRUE(waitUntil([&] { return hand().activeWindow() == settings; }));
     }
 
     WindowLayout saved()
@@ -111,22 +106,22 @@ using LayoutsPaneReaderTests = LayoutsPaneTests;
 
 TEST_F(LayoutsPaneTests, aLayoutDrawnByKeysAlonePutsEveryWindowWhereThePictureHasIt)
 {
-    const Rect second{1920, 0, 1600, 900};
+    const Rect second = secondDisplay();
     const double thickness = 45;
-    ASSERT_TRUE(desktop().displays().arrange({standardDisplay, second}));
-    const xcb_window_t panel = client().show(WindowRequest::panel(
-        standardDisplay, WindowRequest::Side::top, int(thickness), {0, 0, 3520, 1080}));
-    ASSERT_NE(panel, xcb_window_t(XCB_WINDOW_NONE));
+    ASSERT_TRUE(hand().arrange({standardDisplay, second}));
+    ASSERT_NE(client().showPanel(WindowRequest::panel(
+                  standardDisplay, WindowRequest::Side::top, int(thickness), {0, 0, 3520, 1080})),
+        0U);
     const Rect first{0, thickness, 1920, 1080 - thickness};
-    QList<xcb_window_t> windows;
+    QList<quint32> windows;
     for (const auto &name : {u"amber"_s, u"birch"_s, u"cedar"_s, u"dune"_s})
         windows << start(name);
-    ASSERT_TRUE(corvane().start()) << qPrintable(desktop().logs());
+    ASSERT_TRUE(corvane().start()) << qPrintable(session().logs());
     ASSERT_TRUE(focus(windows[0]));
     ASSERT_TRUE(waitUntil([&] {
         return place(Placement::maximize).to() == Geometry::frame(UnitRect{}, first, gap);
     })) << "the panel is not known";
-    const xcb_window_t settings = open();
+    const quint32 settings = open();
     const auto appliesBy = [&](const std::function<void()> &how) {
         const qsizetype seen = corvane().log().size();
         how();
@@ -139,12 +134,12 @@ TEST_F(LayoutsPaneTests, aLayoutDrawnByKeysAlonePutsEveryWindowWhereThePictureHa
         EXPECT_TRUE(focus(settings));
     };
     const auto drawn = [](int last) {
-        return QStringLiteral("corvane.test.amber on DUMMY0: 0-25, 0-100\n"
-                              "corvane.test.birch on DUMMY0: 25-100, 0-40\n"
-                              "corvane.test.cedar on DUMMY0: 25-100, 40-100\n"
-                              "corvane.test.dune on DUMMY1: 0-100, 0-%1\n"
-                              "none on DUMMY1: 0-100, %1-100")
-            .arg(last)
+        return QStringLiteral("corvane.test.amber on %2: 0-25, 0-100\n"
+                              "corvane.test.birch on %2: 25-100, 0-40\n"
+                              "corvane.test.cedar on %2: 25-100, 40-100\n"
+                              "corvane.test.dune on %3: 0-100, 0-%1\n"
+                              "none on %3: 0-100, %1-100")
+            .arg(QString::number(last), displayName(0), displayName(1))
             .toStdString();
     };
 
@@ -180,7 +175,7 @@ TEST_F(LayoutsPaneTests, aLayoutDrawnByKeysAlonePutsEveryWindowWhereThePictureHa
     EXPECT_TRUE(waitUntil([&] { return saved().name == u"evening"_s; }));
     press({{0, Key::f2}});
     keys().type("late");
-    pager().moveResize(windows[0], {500, 300, 300, 200});
+    hand().place(windows[0], {500, 300, 300, 200});
     appliesBy([&] { keys().press(apply); });
     EXPECT_EQ(saved().name, u"late"_s);
     EXPECT_EQ(panes(), drawn(60));
@@ -188,10 +183,10 @@ TEST_F(LayoutsPaneTests, aLayoutDrawnByKeysAlonePutsEveryWindowWhereThePictureHa
 
 TEST_F(LayoutsPaneReaderTests, aScreenReaderDrawsALayoutAppliesItAndReadsTheReport)
 {
-    const xcb_window_t amber = start(u"amber"_s);
+    const quint32 amber = start(u"amber"_s);
     install(u"alder"_s); // the first of all says in which list it is
     install(u"birch"_s);
-    ASSERT_TRUE(corvane().start()) << qPrintable(desktop().logs());
+    ASSERT_TRUE(corvane().start()) << qPrintable(session().logs());
     startReader();
     open();
     const auto choose = [&](const Accessible &pane, const QString &app) {

@@ -56,6 +56,11 @@ public:
 
 protected:
     static constexpr Rect standardDisplay{0, 0, 1920, 1080};
+    /// Beside the other one; KWin's virtual displays are of one size.
+    static Rect secondDisplay()
+    {
+        return isWayland() && !isSway() ? Rect{1920, 0, 1920, 1080} : Rect{1920, 0, 1600, 900};
+    }
     static inline QStringList s_without; ///< extensions of the server that a next desktop gets
 
     void SetUp() override;
@@ -84,6 +89,14 @@ protected:
     static bool isManager(const QStringList &names) { return names.contains(managerName()); }
     static bool isSway() { return isManager({QStringLiteral("sway")}); }
     static bool isWayland() { return isSway() || isManager({QStringLiteral("kwin_wayland")}); }
+    /// Of the display with this index, as the desktop calls it.
+    static QString displayName(int index)
+    {
+        const QString swayName = index == 0 ? QStringLiteral("HEADLESS-1") : QStringLiteral("WL-1");
+        return isSway()
+            ? swayName
+            : (isWayland() ? QStringLiteral("Virtual-%1") : QStringLiteral("DUMMY%1")).arg(index);
+    }
     void ensureManager(const QString &name = managerName());
 
     [[nodiscard]] std::unique_ptr<WindowClient> startClient();

@@ -32,12 +32,12 @@ protected:
     ScreenReader &reader() { return *m_reader; }
     QString pathOf(const QString &name)
     {
-        return desktop().dataFolder() + QStringLiteral("/Corvane/") + name;
+        return session().dataFolder() + QStringLiteral("/Corvane/") + name;
     }
     /// As an editor does; the program notices. It may not have made the folder yet.
     void edit(const QString &name, const QByteArray &text)
     {
-        QDir(desktop().dataFolder()).mkpath(QStringLiteral("Corvane"));
+        QDir(session().dataFolder()).mkpath(QStringLiteral("Corvane"));
         QSaveFile file(pathOf(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0 && file.commit());
     }

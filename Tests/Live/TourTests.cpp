@@ -22,21 +22,12 @@ protected:
         QFile::remove(pathOf(settingsFile));
     }
 
-    [[nodiscard]] QList<xcb_window_t> ownWindows()
-    {
-        QList<xcb_window_t> own = probe().clients();
-        own.removeIf(
-            [this](xcb_window_t each) { return !probe().hasProcess(each, corvane().pid()); });
-        return own;
-    }
+    [[nodiscard]] QList<quint32> ownWindows() { return hand().windowsOf(corvane().pid()); }
     /// The program's only window, or that which is there beside another one, once it is in front.
-    xcb_window_t waitForWindow(xcb_window_t besides = XCB_WINDOW_NONE)
+    quint32 waitForWindow(const QList<quint32> &besides = {})
     {
-        const xcb_window_t window = probe().waitForWindow([&](xcb_window_t each) {
-            return each != besides && probe().hasProcess(each, corvane().pid())
-                && probe().isManaged(each);
-        });
-        EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == window; })) << "not in front";
+        const quint32 window = hand().waitForWindow(corvane().pid(), besides);
+        EXPECT_TRUE(waitUntil([&] { return hand().activeWindow() == window; })) << "not in front";
         return window;
     }
     /// It answers once it has dealt with the keys that were pressed before.
@@ -55,14 +46,14 @@ using TourReaderTests = TourTests;
 
 TEST_F(TourTests, comesOnceInFrontAndMovesNothingButItsPracticeWindowUntilItIsOver)
 {
-    const xcb_window_t users = showFocused();
+    const quint32 users = showFocused();
     const Rect place = frame(users);
-    ASSERT_TRUE(corvane().start(CorvaneProcess::Tour::unseen)) << qPrintable(desktop().logs());
+    ASSERT_TRUE(corvane().start(CorvaneProcess::Tour::unseen)) << qPrintable(session().logs());
 
-    const xcb_window_t tour = waitForWindow();
+    const quint32 tour = waitForWindow();
     // From then on it does not come to the front again by itself.
     EXPECT_EQ(corvane().ask({u"--tour-page"_s, u"2"_s}).exitStatus, 0);
-    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == tour; }));
+    EXPECT_TRUE(waitUntil([&] { return hand().activeWindow() == tour; }));
     ASSERT_TRUE(focus(users));
     EXPECT_TRUE(lands(users, Placement::leftHalf));
     LiveTests::press(Placement::snapBack);
@@ -72,7 +63,7 @@ TEST_F(TourTests, comesOnceInFrontAndMovesNothingButItsPracticeWindowUntilItIsOv
     const KeyStroke next{0, Key::pageDown};
     press({{0, Key::escape}, {0, Key::pageUp}, next, next, next, tab, tab, enter});
 
-    const xcb_window_t practice = waitForWindow(tour);
+    const quint32 practice = waitForWindow({tour});
     const Rect small = frame(practice);
     EXPECT_TRUE(lands(practice, Placement::leftHalf));
     if (!isManager({u"i3"_s})) { // which sizes windows in ways of its own
@@ -84,7 +75,7 @@ TEST_F(TourTests, comesOnceInFrontAndMovesNothingButItsPracticeWindowUntilItIsOv
     }
     press({{0, Key::escape}});
     EXPECT_TRUE(waitUntil([&] { return ownWindows() == QList{tour}; }));
-    EXPECT_TRUE(waitUntil([&] { return probe().activeWindow() == tour; }));
+    EXPECT_TRUE(waitUntil([&] { return hand().activeWindow() == tour; }));
     EXPECT_EQ(frame(tour), opened);
     EXPECT_EQ(frame(users), place);
     EXPECT_FALSE(isSeen());
@@ -99,7 +90,7 @@ TEST_F(TourTests, comesOnceInFrontAndMovesNothingButItsPracticeWindowUntilItIsOv
     EXPECT_TRUE(corvane().log().filter(u"did not quit"_s).isEmpty()) << "it was asked to end";
     EXPECT_EQ(corvane().ask({u"--tour-page"_s, u"6"_s}).exitStatus, 2);
     EXPECT_EQ(corvane().ask({u"--show-tour"_s}).exitStatus, 0);
-    pager().close(waitForWindow());
+    hand().close(waitForWindow());
     EXPECT_TRUE(waitUntil([&] { return ownWindows().isEmpty(); }));
 }
 
@@ -118,7 +109,7 @@ TEST_F(TourReaderTests, aScreenReaderIsLedThroughAllPagesAndTakesKeysThatAreFree
     grab(Key::m);
     startReader();
     ASSERT_TRUE(corvane().start(CorvaneProcess::Tour::unseen)) << qPrintable(desktop().logs());
-    const xcb_window_t tour = waitForWindow();
+    const quint32 tour = waitForWindow();
     const auto turnTo = [&](const QString &title) {
         EXPECT_TRUE(reader().operate(find(u"push button Continue"_s)));
         EXPECT_TRUE(comesTo(find(u"label "_s + title), Accessible::focused));
@@ -134,7 +125,7 @@ TEST_F(TourReaderTests, aScreenReaderIsLedThroughAllPagesAndTakesKeysThatAreFree
     find(u"label Maximize: another program holds Control Alt Super M. Free: Alt Super M"_s);
     EXPECT_TRUE(reader().operate(find(u"push button Take It for Left Half"_s)));
     EXPECT_TRUE(reader().operate(find(u"push button Try It"_s)));
-    const xcb_window_t practice = waitForWindow(tour);
+    const quint32 practice = waitForWindow({tour});
     keys().press({KeyStroke::alt | KeyStroke::super, Key::left});
     EXPECT_TRUE(rests(practice, frameOf(Placement::leftHalf, standardDisplay)));
     find(u"label Done: Press Alt Super Left Arrow for the left half"_s);
