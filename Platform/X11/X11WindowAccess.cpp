@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto activatedWithin = std::chrono::milliseconds(250);
-
 bool canBePlaced(const WindowSnapshot &window)
 {
     return window.kind != WindowKind::panel && window.kind != WindowKind::desktop;
@@ -193,14 +191,8 @@ void X11WindowAccess::endOperation()
         return;
     std::ignore = flushSize();
     if (const auto window = std::exchange(m_toBeFocused, std::nullopt);
-        window && access(*window) == AXError::success) {
-        // xfwm4, which has only had activations, ignores one for the window that it gave the focus
-        // before them until it has heard of them.
-        if (!m_windowManager.supports(Atom::netRestackWindow))
-            std::ignore = m_windowManager.fence(
-                numberOf(*window), Connection::Clock::now() + activatedWithin);
+        window && access(*window) == AXError::success)
         sendActivate(*window);
-    }
     xcb_flush(m_connection.xcb());
     m_snapshots.clear();
     m_endedStates.clear();

@@ -115,6 +115,12 @@ bool X11WindowAccess::bringToFrontAlone(const WindowElement &window)
 
 void X11WindowAccess::sendActivate(const WindowElement &window)
 {
+    // xfwm4, which cannot restack, ignores an activation until it has heard of the focus that the one
+    // before it gave. Inside an operation only the last one counts, and comes with its end.
+    constexpr std::chrono::milliseconds heardWithin{250};
+    if (m_operations == 0 && !m_windowManager.supports(Atom::netRestackWindow))
+        std::ignore =
+            m_windowManager.fence(numberOf(window), Connection::Clock::now() + heardWithin);
     requestActivation(m_connection, numberOf(window));
     Q_EMIT m_registry.activating(numberOf(window));
 }
