@@ -18,7 +18,7 @@ constexpr auto quietTime = 20ms;
 constexpr std::array reviewTimes{50ms, 150ms, 300ms, 900ms};
 // What a window was asked for longer ago no longer comes back.
 constexpr auto answersWithin = 1s;
-constexpr int mostRepairs = 3;
+constexpr int mostRepairs = 5;
 constexpr qsizetype mostEarlier = 16;
 // A window that becomes smaller than it has ever been may refuse, after it has laid itself out.
 constexpr int holdsToShrink = 3;
@@ -211,7 +211,7 @@ void Placer::look(Placement &placement, const Toplevel &window, Time now)
         return;
     }
     if (isStale(window.element, placement, frame)) {
-        repeat(window.element, placement);
+        repeatIfDue(window.element, placement, now);
         return;
     }
     const Rect answer{placement.wanted.x, placement.wanted.y, frame.width, frame.height};
@@ -261,11 +261,14 @@ bool Placer::isLimit(const WindowElement &window, const Placement &placement, Si
         && size.height > placement.wanted.height - tolerance;
 }
 
-void Placer::repeat(const WindowElement &window, Placement &placement)
+/// A window on a busy machine has each time twice as long to answer.
+void Placer::repeatIfDue(const WindowElement &window, Placement &placement, Time now)
 {
+    if (placement.repairs > 0 && now - placement.sent < quietTime * (1 << (placement.repairs - 1)))
+        return;
     ++placement.repairs;
     std::ignore = m_compositor.place({{window, placement.wanted}});
-    placement.sent = placement.seenSince = Clock::now();
+    placement.sent = placement.seenSince = now;
     placement.reviews = 0;
 }
 
@@ -288,7 +291,7 @@ Rect Placer::dueFrame(const Toplevel &window)
         return placement->wanted;
     if (!isStale(window.element, *placement, window.frame))
         return window.frame;
-    repeat(window.element, *placement);
+    repeatIfDue(window.element, *placement, Clock::now());
     scheduleReview();
     return placement->wanted;
 }
@@ -342,7 +345,7 @@ void Placer::review()
         if (isOurs(*window))
             look(placement, *window, now);
         else if (isStale(entry.key(), placement, window->frame))
-            repeat(entry.key(), placement);
+            repeatIfDue(entry.key(), placement, now);
         // Somebody else has moved it, or it does not become as small as it seemed to.
         if (placement.state == State::settled && !isSame(placement.seen, window->frame)) {
             if (hasGrown(placement.wanted, window->frame))

@@ -89,7 +89,7 @@ private:
         const WindowElement &window, const Placement &placement, const Rect &frame) const;
     [[nodiscard]] bool isLimit(
         const WindowElement &window, const Placement &placement, Size size) const;
-    void repeat(const WindowElement &window, Placement &placement);
+    void repeatIfDue(const WindowElement &window, Placement &placement, Time now);
     void bringInside(const Toplevel &window, const Rect &wanted, const QList<WorkArea> &workAreas);
     void scheduleReview();
     void review();
