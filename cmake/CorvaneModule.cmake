@@ -4,9 +4,13 @@ add_library(corvane-options INTERFACE)
 target_compile_options(corvane-options INTERFACE -Wall -Wextra -Wshadow -Werror)
 target_compile_definitions(corvane-options INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+# What tests themselves do is not watched for undefined behaviour: in their macros, that took a third of the
+# time that they are compiled in.
+define_property(TARGET PROPERTY CORVANE_IS_TEST)
 if(CORVANE_SANITIZE)
+    set(undefined $<$<NOT:$<BOOL:$<TARGET_PROPERTY:CORVANE_IS_TEST>>>:$<COMMA>undefined>)
     target_compile_options(corvane-options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+        -fsanitize=address${undefined} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(corvane-options INTERFACE -fsanitize=address,undefined)
 endif()
 

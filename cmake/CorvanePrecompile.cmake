@@ -23,6 +23,7 @@ function(corvane_precompile target)
     if(libraries MATCHES "GTest|rapidcheck")
         set(kind tests)
         list(APPEND headers ${precompiled_test_headers})
+        set_property(TARGET ${target} PROPERTY CORVANE_IS_TEST ON)
     endif()
     # Some libraries ask for threads, and all who share the headers must be compiled alike.
     target_compile_options(${target} PRIVATE -pthread)
