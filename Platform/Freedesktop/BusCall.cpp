@@ -2,6 +2,7 @@
 
 #include <QtDBus/QDBusError>
 #include <QtDBus/QDBusPendingCallWatcher>
+#include <QtDBus/QDBusReply>
 
 namespace corvane::freedesktop {
 
@@ -17,6 +18,17 @@ bool callLater(const QDBusConnection &bus, const QDBusMessage &call, int timeout
             onAnswer(watcher->reply());
         });
     return true;
+}
+
+pid_t processOf(const QString &name)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
+        QStringLiteral("GetConnectionUnixProcessID"));
+    call << name;
+    constexpr int timeout = 1'000;
+    const QDBusReply<uint> answer = QDBusConnection::sessionBus().call(call, QDBus::Block, timeout);
+    return answer.isValid() ? static_cast<pid_t>(answer.value()) : 0;
 }
 
 bool mayStillCome(const QDBusMessage &answer)

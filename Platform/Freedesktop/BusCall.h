@@ -16,6 +16,9 @@ inline constexpr int startPatience = 120'000;
 bool callLater(const QDBusConnection &bus, const QDBusMessage &call, int timeout, QObject *context,
     std::function<void(const QDBusMessage &answer)> onAnswer);
 
+/// The process that has this name on the session bus; 0 where none has. Waits a second at most.
+[[nodiscard]] pid_t processOf(const QString &name);
+
 /// Whether the service may still do, slowly, what it was asked for. Whoever asks another one then
 /// may get it twice.
 [[nodiscard]] bool mayStillCome(const QDBusMessage &answer);

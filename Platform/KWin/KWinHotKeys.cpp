@@ -1,7 +1,6 @@
 #include "KWinHotKeys.h"
 
 #include "Keyboard.h"
-#include "KWinCompositor.h"
 #include "QtKeys.h"
 
 #include <QtGui/QKeySequence>
@@ -11,12 +10,8 @@
 namespace corvane::kwin {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
-
-/// A third of the time for which one request blocks.
-constexpr auto blockRenewal = 1s;
 
 QString actionOf(quint16 keyCode, quint32 modifiers)
 {
@@ -25,14 +20,11 @@ QString actionOf(quint16 keyCode, quint32 modifiers)
 
 } // namespace
 
-KWinHotKeys::KWinHotKeys(wayland::Keyboard &keyboard, KWinCompositor &compositor)
-    : m_keyboard(keyboard), m_compositor(compositor)
+KWinHotKeys::KWinHotKeys(wayland::Keyboard &keyboard) : m_keyboard(keyboard)
 {
     m_release.setSingleShot(true);
     m_release.setInterval(0);
     connect(&m_release, &QTimer::timeout, this, &KWinHotKeys::releaseLeftovers);
-    m_block.setInterval(blockRenewal);
-    connect(&m_block, &QTimer::timeout, this, [this] { m_compositor.blockShortcuts(true); });
     connect(&m_shortcuts, &GlobalAccel::pressed, this, &KWinHotKeys::pressedAction);
     connect(&m_shortcuts, &GlobalAccel::changed, this, &KWinHotKeys::loseAll);
     connect(&m_shortcuts, &GlobalAccel::restarted, this, [this] {
@@ -47,8 +39,6 @@ KWinHotKeys::KWinHotKeys(wayland::Keyboard &keyboard, KWinCompositor &compositor
 
 KWinHotKeys::~KWinHotKeys()
 {
-    if (m_block.isActive())
-        m_compositor.blockShortcuts(false);
     while (!m_registrations.isEmpty())
         unregisterHotKey(m_registrations.firstKey());
 }
@@ -103,15 +93,6 @@ QString KWinHotKeys::holder(quint16 keyCode, quint32 modifiers)
 QString KWinHotKeys::label(quint16 keyCode)
 {
     return m_keyboard.label(keyCode);
-}
-
-void KWinHotKeys::blockAll(bool isBlocked)
-{
-    if (isBlocked)
-        m_block.start();
-    else
-        m_block.stop();
-    m_compositor.blockShortcuts(isBlocked);
 }
 
 int KWinHotKeys::qtKeyOf(quint16 keyCode, quint32 modifiers) const

@@ -9,11 +9,9 @@
 
 namespace corvane::wayland {
 class Keyboard;
-}
+} // namespace corvane::wayland
 
 namespace corvane::kwin {
-
-class KWinCompositor;
 
 /// Hot keys as shortcuts of KGlobalAccel. Each is an action named after its physical key, so that one to
 /// which the user gave another key in System Settings keeps that, and works by it. One from which the
@@ -23,16 +21,13 @@ class KWinHotKeys final : public HotKeys
     Q_OBJECT
 
 public:
-    KWinHotKeys(wayland::Keyboard &keyboard, KWinCompositor &compositor);
+    explicit KWinHotKeys(wayland::Keyboard &keyboard);
     ~KWinHotKeys() override;
 
     qint32 registerHotKey(quint32 id, quint16 keyCode, quint32 modifiers) override;
     void unregisterHotKey(quint32 id) override;
     QString holder(quint16 keyCode, quint32 modifiers) override;
     QString label(quint16 keyCode) override;
-
-    /// Has KWin do nothing on any global shortcut, until it is told otherwise or this program ends.
-    void blockAll(bool isBlocked);
 
 private:
     struct Registration {
@@ -48,7 +43,6 @@ private:
     void releaseLeftovers();
 
     wayland::Keyboard &m_keyboard;
-    KWinCompositor &m_compositor;
     GlobalAccel m_shortcuts;
     QMap<quint32, Registration> m_registrations;
     /// Our actions that the user has changed, and that do nothing now: what the user took the key from,
@@ -57,7 +51,6 @@ private:
     QSet<QString> m_leftovers; ///< our actions of before, that have not been registered again
     bool m_knowsLeftovers = false;
     QTimer m_release; ///< of the leftovers, when all that is wanted has been registered
-    QTimer m_block;
 };
 
 } // namespace corvane::kwin

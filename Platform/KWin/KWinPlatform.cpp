@@ -1,12 +1,13 @@
 #include "KWinPlatform.h"
 
-#include "KWinCompositor.h"
+#include "AgentCompositor.h"
+#include "BusCall.h"
 #include "KWinHotKeys.h"
+#include "ScriptHost.h"
 #include "WaylandListener.h"
 #include "WaylandPlatform.h"
 
 #include <QtCore/QFile>
-#include <QtDBus/QDBusReply>
 
 namespace corvane {
 
@@ -28,17 +29,6 @@ pid_t parentOf(pid_t pid)
     return 0;
 }
 
-pid_t processOfKWin()
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
-        QStringLiteral("GetConnectionUnixProcessID"));
-    call << QStringLiteral("org.kde.KWin");
-    constexpr int timeout = 1'000;
-    const QDBusReply<uint> answer = QDBusConnection::sessionBus().call(call, QDBus::Block, timeout);
-    return answer.isValid() ? static_cast<pid_t>(answer.value()) : 0;
-}
-
 } // namespace
 
 /// On X11, KWin has the same name on the bus. Plasma's sessions have a guard listen, which starts KWin
@@ -46,18 +36,23 @@ pid_t processOfKWin()
 bool kwinAnswers()
 {
     const auto listener = freedesktop::waylandListener();
-    const pid_t kwin = listener ? processOfKWin() : 0;
+    const pid_t kwin = listener ? freedesktop::processOf(QStringLiteral("org.kde.KWin")) : 0;
     return kwin != 0 && (listener->pid == kwin || listener->pid == parentOf(kwin));
 }
 
 expected<std::unique_ptr<Platform>, QString> openKWinPlatform(std::function<void()> onBroken)
 {
-    auto compositor = std::make_unique<KWinCompositor>();
-    auto makeHotKeys = [&compositor = *compositor](wayland::Keyboard &keyboard) {
-        return std::make_unique<KWinHotKeys>(keyboard, compositor);
+    // To be loaded and answer for the first time.
+    constexpr std::chrono::milliseconds startTime(2000);
+    const auto makeHost = [](wayland::AgentMailbox &mailbox) {
+        return std::make_unique<ScriptHost>(mailbox);
+    };
+    const auto makeHotKeys = [](wayland::Keyboard &keyboard) {
+        return std::make_unique<KWinHotKeys>(keyboard);
     };
     return wayland::openWaylandPlatform(
-        {.compositor = std::move(compositor), .makeHotKeys = std::move(makeHotKeys)},
+        {.compositor = std::make_unique<wayland::AgentCompositor>(makeHost, startTime),
+            .makeHotKeys = makeHotKeys},
         std::move(onBroken));
 }
 

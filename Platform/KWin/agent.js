@@ -397,28 +397,10 @@ function bringHere(window) {
         window.activities = [workspace.currentActivity];
 }
 
-function setBlocked(isBlocked) {
-    callDBus("org.kde.kglobalaccel", "/kglobalaccel", "org.kde.KGlobalAccel",
-        "blockGlobalShortcuts", isBlocked);
-}
-
-// Ends by itself, should Corvane do.
-const lease = timer(3000, true, () => setBlocked(false));
-
-function block(isBlocked) {
-    if (isBlocked !== lease.active)
-        setBlocked(isBlocked);
-    if (isBlocked)
-        lease.start();
-    else
-        lease.stop();
-}
-
 const deeds = {
     tell: tellAll,
     place: request => placeAll(request.moves),
     bringToFront: request => bringToFront(request.ids),
-    block: request => block(request.blocked),
     nothing: () => undefined
 };
 const deedsToOne = {
@@ -533,8 +515,6 @@ const watchdog = timer(pollLife, true, () => {
     if (++unanswered < pollsInVain)
         return poll("", "");
     hasEnded = true;
-    if (lease.active)
-        setBlocked(false);
     callDBus("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "unloadScript", home.name);
 });
 

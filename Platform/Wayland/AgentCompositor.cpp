@@ -1,4 +1,4 @@
-#include "KWinCompositor.h"
+#include "AgentCompositor.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -6,28 +6,21 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 using namespace Qt::StringLiterals;
-using wayland::Desk;
 
-namespace {
-
-/// To be loaded into KWin and answer for the first time.
-constexpr std::chrono::milliseconds startTime(2000);
-
-} // namespace
-
-KWinCompositor::KWinCompositor()
+AgentCompositor::AgentCompositor(const AgentLink::MakeHost &makeHost, Duration startTime)
+    : m_link(makeHost)
 {
     connect(&m_link, &AgentLink::presenceChanged, this, &Compositor::presenceChanged);
-    connect(&m_link, &AgentLink::newsArrived, this, &KWinCompositor::announce);
+    connect(&m_link, &AgentLink::newsArrived, this, &AgentCompositor::announce);
     connect(&m_link, &AgentLink::described, this,
         [this](const QString &description) { m_description = description; });
     std::ignore = m_link.mailbox().waitForAgent(std::chrono::steady_clock::now() + startTime);
 }
 
-expected<Desk, AXError> KWinCompositor::read(Scope)
+expected<Desk, AXError> AgentCompositor::read(Scope)
 {
     if (!isPresent())
         return unexpected(AXError::apiDisabled);
@@ -43,13 +36,13 @@ expected<Desk, AXError> KWinCompositor::read(Scope)
     return std::move(*desk);
 }
 
-bool KWinCompositor::waitForFrames(Time deadline)
+bool AgentCompositor::waitForFrames(Time deadline)
 {
     m_isDoubtful = !m_link.mailbox().waitForNews(deadline);
     return !m_isDoubtful;
 }
 
-void KWinCompositor::takeNews()
+void AgentCompositor::takeNews()
 {
     for (const QString &news : m_link.mailbox().takeNews()) {
         const auto changes = m_mirror.take(news).value_or(DeskMirror::Changes());
@@ -60,7 +53,7 @@ void KWinCompositor::takeNews()
 }
 
 /// Also of what somebody has taken who could not wait for it to be announced.
-void KWinCompositor::announce()
+void AgentCompositor::announce()
 {
     takeNews();
     const auto changes = std::exchange(m_unannounced, {});
@@ -72,7 +65,7 @@ void KWinCompositor::announce()
         Q_EMIT framesChanged();
 }
 
-AXError KWinCompositor::place(const QList<WindowMove> &moves)
+AXError AgentCompositor::place(const QList<WindowMove> &moves)
 {
     rapidjson::StringBuffer command;
     rapidjson::Writer writer(command);
@@ -101,12 +94,12 @@ AXError KWinCompositor::place(const QList<WindowMove> &moves)
     return answer ? AXError::success : answer.error();
 }
 
-AXError KWinCompositor::leaveStates(const WindowElement &window)
+AXError AgentCompositor::leaveStates(const WindowElement &window)
 {
     return askOf(window, "leaveStates"_L1);
 }
 
-AXError KWinCompositor::enterState(const WindowElement &window, const WindowState &state)
+AXError AgentCompositor::enterState(const WindowElement &window, const WindowState &state)
 {
     const QJsonObject goal{{"fullScreen"_L1, state.fullScreenByUs},
         {"horizontally"_L1, state.maximizedHorizontally},
@@ -114,12 +107,12 @@ AXError KWinCompositor::enterState(const WindowElement &window, const WindowStat
     return askOf(window, "enterState"_L1, {{"state"_L1, goal}});
 }
 
-void KWinCompositor::raise(const WindowElement &window)
+void AgentCompositor::raise(const WindowElement &window)
 {
     std::ignore = askOf(window, "raise"_L1);
 }
 
-void KWinCompositor::bringToFront(const QList<WindowElement> &windows)
+void AgentCompositor::bringToFront(const QList<WindowElement> &windows)
 {
     QJsonArray identifiers;
     for (const WindowElement &window : windows)
@@ -127,33 +120,28 @@ void KWinCompositor::bringToFront(const QList<WindowElement> &windows)
     std::ignore = ask("bringToFront"_L1, {{"ids"_L1, identifiers}});
 }
 
-void KWinCompositor::close(const WindowElement &window)
+void AgentCompositor::close(const WindowElement &window)
 {
     std::ignore = askOf(window, "close"_L1);
 }
 
-void KWinCompositor::bringHere(const WindowElement &window)
+void AgentCompositor::bringHere(const WindowElement &window)
 {
     std::ignore = askOf(window, "bringHere"_L1);
 }
 
-void KWinCompositor::keepAbove(const WindowElement &window)
+void AgentCompositor::keepAbove(const WindowElement &window)
 {
     std::ignore = askOf(window, "keepAbove"_L1);
 }
 
-void KWinCompositor::blockShortcuts(bool isBlocked)
-{
-    std::ignore = ask("block"_L1, {{"blocked"_L1, isBlocked}});
-}
-
-expected<QJsonObject, AXError> KWinCompositor::ask(QLatin1StringView deed, QJsonObject command)
+expected<QJsonObject, AXError> AgentCompositor::ask(QLatin1StringView deed, QJsonObject command)
 {
     command.insert("deed"_L1, QString(deed));
     return ask(QString::fromUtf8(QJsonDocument(command).toJson(QJsonDocument::Compact)));
 }
 
-expected<QJsonObject, AXError> KWinCompositor::ask(const QString &command)
+expected<QJsonObject, AXError> AgentCompositor::ask(const QString &command)
 {
     if (!isPresent())
         return unexpected(AXError::apiDisabled);
@@ -165,7 +153,7 @@ expected<QJsonObject, AXError> KWinCompositor::ask(const QString &command)
     return *answer;
 }
 
-AXError KWinCompositor::askOf(
+AXError AgentCompositor::askOf(
     const WindowElement &window, QLatin1StringView deed, QJsonObject command)
 {
     const QString identifier = m_mirror.identifier(window);
@@ -178,4 +166,4 @@ AXError KWinCompositor::askOf(
     return answer->contains("gone"_L1) ? AXError::invalidUIElement : AXError::success;
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

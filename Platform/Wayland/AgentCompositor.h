@@ -4,23 +4,23 @@
 #include "Compositor.h"
 #include "DeskMirror.h"
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
-/// KWin, by the agent inside it.
-class KWinCompositor final : public wayland::Compositor
+/// A compositor by an agent of ours inside it, which tells what changes and does what it is told.
+class AgentCompositor : public Compositor
 {
     Q_OBJECT
 
 public:
-    /// Returns when the agent is there, or has not come in good time: it may still do so.
-    KWinCompositor();
+    /// Returns when the agent is there, or has not come in this time: it may still do so.
+    AgentCompositor(const AgentLink::MakeHost &makeHost, Duration startTime);
 
     bool isPresent() const override { return m_link.mailbox().isPresent(); }
     QString description() const override { return m_description; }
     void setMessagingTimeout(Duration timeout) override { m_timeout = timeout; }
     Duration messagingTimeout() const override { return m_timeout; }
 
-    expected<wayland::Desk, AXError> read(Scope scope) override;
+    expected<Desk, AXError> read(Scope scope) override;
 
     AXError place(const QList<WindowMove> &moves) override;
     AXError leaveStates(const WindowElement &window) override;
@@ -35,13 +35,11 @@ public:
     void bringHere(const WindowElement &window) override;
     void keepAbove(const WindowElement &window) override;
 
-    /// Has KWin do nothing on any global shortcut. Ends by itself after three seconds, so that it ends
-    /// when this program does: who needs it for longer says so again.
-    void blockShortcuts(bool isBlocked);
-
-private:
+    /// What the agent says to a command of another kind.
     [[nodiscard]] expected<QJsonObject, AXError> ask(
         QLatin1StringView deed, QJsonObject command = {});
+
+private:
     [[nodiscard]] expected<QJsonObject, AXError> ask(const QString &command);
     [[nodiscard]] AXError askOf(
         const WindowElement &window, QLatin1StringView deed, QJsonObject command = {});
@@ -57,4 +55,4 @@ private:
     Duration m_timeout{1000};
 };
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -1,23 +1,23 @@
 #include "AgentLink.h"
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
-AgentLink::AgentLink()
+AgentLink::AgentLink(const MakeHost &makeHost) : m_host(makeHost(m_mailbox))
 {
-    connect(&m_host, &AgentHost::presenceChanged, this, &AgentLink::presenceChanged);
-    connect(&m_host, &AgentHost::described, this, &AgentLink::described);
-    connect(&m_host, &AgentHost::newsArrived, this, &AgentLink::newsArrived);
-    m_thread.setObjectName(QStringLiteral("kwin-agent"));
-    m_host.moveToThread(&m_thread);
+    connect(m_host.get(), &AgentHost::presenceChanged, this, &AgentLink::presenceChanged);
+    connect(m_host.get(), &AgentHost::described, this, &AgentLink::described);
+    connect(m_host.get(), &AgentHost::newsArrived, this, &AgentLink::newsArrived);
+    m_thread.setObjectName(QStringLiteral("agent"));
+    m_host->moveToThread(&m_thread);
     m_thread.start();
-    QMetaObject::invokeMethod(&m_host, &AgentHost::start);
+    QMetaObject::invokeMethod(m_host.get(), &AgentHost::start);
 }
 
 AgentLink::~AgentLink()
 {
-    QMetaObject::invokeMethod(&m_host, &AgentHost::stop, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(m_host.get(), &AgentHost::stop, Qt::BlockingQueuedConnection);
     m_thread.quit();
     m_thread.wait();
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -4,7 +4,7 @@
 
 #include <QtCore/QThread>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 /// The agent as the main thread knows it: asked synchronously, with no event loop running meanwhile.
 /// Signals on the main thread say that there are news.
@@ -13,7 +13,9 @@ class AgentLink final : public QObject
     Q_OBJECT
 
 public:
-    AgentLink();
+    using MakeHost = std::function<std::unique_ptr<AgentHost>(AgentMailbox &mailbox)>;
+
+    explicit AgentLink(const MakeHost &makeHost);
     ~AgentLink() override;
 
     [[nodiscard]] AgentMailbox &mailbox() { return m_mailbox; }
@@ -26,8 +28,8 @@ Q_SIGNALS:
 
 private:
     AgentMailbox m_mailbox;
-    AgentHost m_host{m_mailbox};
+    std::unique_ptr<AgentHost> m_host;
     QThread m_thread;
 };
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 using namespace Qt::StringLiterals;
 
@@ -102,4 +102,4 @@ void AgentMailbox::handOver(const Command &command)
         m_unsent = command;
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

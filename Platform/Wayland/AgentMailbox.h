@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 /// Where the thread that asks the agent and the one that hears from it meet. The agent polls: a command
 /// is the answer to its poll, and the next poll brings the outcome. What else it has to tell it tells at once.
@@ -65,4 +65,4 @@ private:
     bool m_isPresent = false;
 };
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

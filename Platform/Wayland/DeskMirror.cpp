@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 using namespace wayland;
 
@@ -162,4 +162,4 @@ std::optional<Desk> DeskMirror::desk() const
     return desk;
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -3,7 +3,7 @@
 #include "Toplevel.h"
 #include "WindowNumbers.h"
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 /// The desktop as the agent has told it, change by change.
 class DeskMirror final
@@ -37,4 +37,4 @@ private:
     QString m_focused;
 };
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -1,6 +1,6 @@
 #include "WindowNumbers.h"
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 WindowElement WindowNumbers::element(const QString &identifier)
 {
@@ -21,4 +21,4 @@ void WindowNumbers::keep(const QSet<QString> &identifiers)
     m_identifiers.removeIf([&](const auto &entry) { return isGone(entry.value()); });
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -6,9 +6,9 @@
 #include <QtCore/QSet>
 #include <QtCore/QString>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
-/// Our numbers for KWin's windows, which it knows by unique identifiers. No number is given twice.
+/// Our numbers for windows that the compositor knows by unique identifiers. No number is given twice.
 class WindowNumbers final
 {
 public:
@@ -27,4 +27,4 @@ private:
     quint64 m_last = 0;
 };
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -7,7 +7,7 @@
 
 #include <thread>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -85,4 +85,4 @@ TEST_F(AgentMailboxTests, whoWaitsIsToldAtOnceThatTheAgentIsGone)
     EXPECT_FALSE(mailbox.waitForNews(std::chrono::steady_clock::now() + 1h));
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland

@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::kwin {
+namespace corvane::wayland {
 
 using namespace Qt::StringLiterals;
-using wayland::Desk;
 
 namespace {
 
@@ -45,7 +44,7 @@ TEST(DeskMirrorTests, whatMakesNoSenseChangesNothing)
 {
     DeskMirror mirror;
     ASSERT_TRUE(mirror.take(twoWindows));
-    const QList<wayland::Toplevel> before = mirror.desk().value_or(Desk()).windows;
+    const QList<Toplevel> before = mirror.desk().value_or(Desk()).windows;
     for (const auto &news :
         {u""_s, u"[]"_s, u"{\"order\": [\"{a}\"], \"areas\": [{\"output\": [0, 0, 9]}]}"_s,
             u"{\"windows\": [{\"id\": \"{b}\", \"frame\": [1, 2, 3]}], \"frames\": [[], 7, [\"{b}\", 1]]}"_s,
@@ -58,4 +57,4 @@ TEST(DeskMirrorTests, whatMakesNoSenseChangesNothing)
     }
 }
 
-} // namespace corvane::kwin
+} // namespace corvane::wayland
