@@ -2,6 +2,7 @@
 
 #include "BundleUpdater.h"
 #include "DeskFile.h"
+#include "GnomePlatform.h"
 #include "HelperProcess.h"
 #include "InstallRecord.h"
 #include "KWinPlatform.h"
@@ -39,6 +40,7 @@ struct BackEnd {
 constexpr std::array backEnds{
     BackEnd{"sway"_L1, "wayland;xcb", &swayAnswers, &openSwayPlatform},
     BackEnd{"kwin"_L1, "wayland;xcb", &kwinAnswers, &openKWinPlatform},
+    BackEnd{"gnome"_L1, "wayland;xcb", &gnomeAnswers, &openGnomePlatform},
     BackEnd{"x11"_L1, "xcb", [] { return true; }, &openX11Platform},
     BackEnd{"simulated"_L1, "offscreen", [] { return false; }, &openSimulatedPlatform},
 };

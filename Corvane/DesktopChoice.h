@@ -9,7 +9,7 @@
 namespace corvane {
 
 /// Opens the desktop of this session, by what answers, or the one that the variable CORVANE_BACKEND
-/// names: "sway", "kwin", "x11" or "simulated". A simulated desktop is described by the file that CORVANE_DESK names. The error
+/// names: "sway", "kwin", "gnome", "x11" or "simulated". A simulated desktop is described by the file that CORVANE_DESK names. The error
 /// is one sentence. `onBroken` is called when the desktop goes away.
 [[nodiscard]] expected<std::unique_ptr<Platform>, QString> openDesktop(
     std::function<void()> onBroken);

@@ -49,6 +49,9 @@ public:
     /// How long a frame that was asked for must be told unchanged until the window has taken it. Zero
     /// where a frame is only told once the window has drawn itself so.
     [[nodiscard]] virtual Duration holdTime() const = 0;
+    /// How long a window that was moved but keeps its size may be about to take another one. Zero where both
+    /// are told at once.
+    [[nodiscard]] virtual Duration resizeTime() const { return {}; }
     /// Blocks until the compositor tells of a new frame of a window that was placed, or where it tells
     /// of none, until it is worth while to read again. False once the time has come.
     [[nodiscard]] virtual bool waitForFrames(Time deadline) = 0;
@@ -64,6 +67,10 @@ public:
     virtual void bringHere(const WindowElement &window) = 0;
     /// Has a window of this program stand above all others.
     virtual void keepAbove(const WindowElement &window) = 0;
+
+    /// Leaves all keys to the window that has the focus, or ends that. Ends by itself after three seconds, so
+    /// that it ends when this program does. False where the compositor cannot: a window then asks for it.
+    [[nodiscard]] virtual bool leaveKeys(bool) { return false; }
 
 Q_SIGNALS:
     void presenceChanged();

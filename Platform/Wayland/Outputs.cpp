@@ -39,7 +39,7 @@ QString modelOf(const char *text)
 {
     const QString model = QString::fromUtf8(text).trimmed();
     const QStringList unknown{u"unknown"_s, u"headless"_s, u"none"_s, u"n/a"_s};
-    const bool isVirtual = model.startsWith("virtual"_L1, Qt::CaseInsensitive)
+    const bool isVirtual = model.contains("virtual"_L1, Qt::CaseInsensitive)
         || model.startsWith("wayland"_L1, Qt::CaseInsensitive);
     return isVirtual || unknown.contains(model, Qt::CaseInsensitive) ? QString() : model;
 }

@@ -217,7 +217,10 @@ void Placer::look(Placement &placement, const Toplevel &window, Time now)
     const Rect answer{placement.wanted.x, placement.wanted.y, frame.width, frame.height};
     const bool mayAnswer = !isSame(frame, placement.before)
         || (isSame(frame, answer) && isSame(window.sizeFor(placement.wanted.size()), frame.size()));
-    const auto quiet = std::max<Clock::duration>(quietTime, m_compositor.holdTime());
+    const bool mayResize = isSame(frame.size(), placement.before.size())
+        && !isSame(window.sizeFor(placement.wanted.size()), frame.size());
+    const auto quiet = std::max<Clock::duration>(
+        {quietTime, m_compositor.holdTime(), mayResize ? m_compositor.resizeTime() : 0ms});
     if (mayAnswer && now - std::max(placement.seenSince, placement.sent) >= quiet) {
         placement.state = State::settled;
         m_refusals.insert(window.element, {placement.wanted.size(), frame.size()});

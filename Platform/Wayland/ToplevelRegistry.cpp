@@ -80,10 +80,9 @@ void ToplevelRegistry::defer(std::function<void()> action)
 void ToplevelRegistry::refresh()
 {
     outdate();
+    // What cannot be seen for now, as behind a lock screen, may still be there.
     if (m_compositor.isPresent())
         std::ignore = desk(Compositor::Scope::all);
-    else
-        absorb({}, Compositor::Scope::all);
 }
 
 void ToplevelRegistry::absorb(const Desk &desk, Compositor::Scope scope)

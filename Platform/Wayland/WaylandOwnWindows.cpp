@@ -27,6 +27,9 @@ WaylandOwnWindows::WaylandOwnWindows(ToplevelRegistry &registry, Placer &placer)
         if (!m_wishes.isEmpty())
             m_registry.defer([this] { grant(); });
     });
+    m_keysRenewal.setInterval(1s); // a third of the time for which they are left
+    connect(&m_keysRenewal, &QTimer::timeout, this,
+        [this] { std::ignore = m_registry.compositor().leaveKeys(true); });
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -53,6 +56,12 @@ void WaylandOwnWindows::bringForward(quint64 window, const QString &token)
 void WaylandOwnWindows::setTakesAllKeys(quint64 number, bool takesAll)
 {
     m_inhibitor.reset();
+    m_keysRenewal.stop();
+    if (m_registry.compositor().leaveKeys(takesAll)) {
+        if (takesAll)
+            m_keysRenewal.start();
+        return;
+    }
     if (QWindow *window = takesAll ? QtWayland::window(number) : nullptr)
         m_inhibitor = std::make_unique<ShortcutsInhibitor>(*window);
 }

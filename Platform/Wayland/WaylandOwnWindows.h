@@ -7,6 +7,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 #include <QtCore/QSize>
+#include <QtCore/QTimer>
 
 namespace corvane::wayland {
 
@@ -44,7 +45,8 @@ private:
     QHash<const QWindow *, QSize> m_wanted;
     QList<Wish> m_wishes;
     QSet<WindowElement> m_placed; ///< where they are from now on is up to the user
-    std::unique_ptr<ShortcutsInhibitor> m_inhibitor; ///< null while no window takes all keys
+    std::unique_ptr<ShortcutsInhibitor> m_inhibitor; ///< null while no window takes all keys by it
+    QTimer m_keysRenewal; ///< active while a window takes all keys without it
 };
 
 } // namespace corvane::wayland

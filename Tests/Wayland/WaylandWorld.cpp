@@ -1,5 +1,7 @@
 #include "WaylandWorld.h"
 
+#include "GnomeHand.h"
+#include "GnomePlatform.h"
 #include "KWinPlatform.h"
 #include "PhysicalKey.h"
 #include "SwayPlatform.h"
@@ -122,16 +124,85 @@ private:
     bool m_hasRival = false;
 };
 
+class GnomeWorld final : public WaylandWorld
+{
+public:
+    GnomeWorld() : WaylandWorld("gnome") { }
+    ~GnomeWorld() override
+    {
+        gnome().removePanels();
+        evaluate(u"global.corvaneRival && (global.display.ungrab_accelerator(global.corvaneRival),"
+                 " global.corvaneRival = 0)"_s);
+        if (!m_isTrusted)
+            regainTrust();
+    }
+
+    // There are no layers, and only what has a parent is more than a plain window.
+    bool tells(WindowKind kind) const override
+    {
+        return kind == WindowKind::standard || kind == WindowKind::dialog;
+    }
+    // The extension cannot see them.
+    bool tellsLimits() const override { return false; }
+    bool bringsParentsOfDialogs() const override { return true; }
+    // A dialog stays above its parent.
+    bool raisesWithoutFocus() const override { return false; }
+    bool losesTrust() const override { return true; }
+
+    void addPanel(const SimulatedPanel &panel) override
+    {
+        constexpr std::array edges{"top", "bottom", "left", "right"};
+        gnome().addPanel(edges[size_t(panel.edge)], int(panel.thickness));
+    }
+    void takeKeyByRival(quint16, quint32 modifiers) override
+    {
+        QString keys;
+        for (const auto &[modifier, name] :
+            {std::pair(HotKeys::controlKey, "<Control>"), {HotKeys::optionKey, "<Alt>"},
+                {HotKeys::shiftKey, "<Shift>"}, {HotKeys::cmdKey, "<Super>"}})
+            keys += QLatin1StringView(modifiers & modifier ? name : "");
+        evaluate(u"global.corvaneRival = global.display.grab_accelerator('%1j', 0)"_s.arg(keys));
+    }
+
+    void loseTrust() override { setSwitchedOn(false); }
+    void regainTrust() override { setSwitchedOn(true); }
+
+protected:
+    void maximise(quint32 window) override { hand().setMaximized(window, true); }
+    bool isMaximised(const SeenWindow &window) const override { return window.isMaximized; }
+
+private:
+    GnomeHand &gnome() { return static_cast<GnomeHand &>(hand()); }
+    void evaluate(const QString &expression) { gnome().shell().evaluate(expression); }
+    void setSwitchedOn(bool isOn)
+    {
+        m_isTrusted = isOn;
+        evaluate(u"main.extensionManager.%1('corvane@corvane.app')"_s.arg(
+            isOn ? u"enableExtension"_s : u"disableExtension"_s));
+    }
+
+    bool m_isTrusted = true;
+};
+
+QString compositorOf(const std::string &world)
+{
+    if (world == "gnome")
+        return u"gnome-shell"_s;
+    return world == "sway" ? u"sway"_s : u"kwin_wayland"_s;
+}
+
 } // namespace
 
-WaylandWorld::WaylandWorld(const std::string &name)
-    : m_desk(prepare(name == "sway" ? u"sway"_s : u"kwin_wayland"_s))
+WaylandWorld::WaylandWorld(const std::string &name) : m_desk(prepare(compositorOf(name)))
 {
     // What the back end opens belongs to the desktop, too.
     const QProcessEnvironment &variables = m_desk.environment();
     for (const QString &variable : variables.keys())
         qputenv(variable.toUtf8().constData(), variables.value(variable).toUtf8());
-    m_backEnd = orFail(m_desk.isSway() ? openSwayPlatform([] {}) : openKWinPlatform([] {}));
+    const auto open = m_desk.isSway() ? &openSwayPlatform
+        : m_desk.isGnome()            ? &openGnomePlatform
+                                      : &openKWinPlatform;
+    m_backEnd = orFail(open([] {}));
 }
 
 WaylandWorld::~WaylandWorld()
@@ -168,7 +239,8 @@ WindowElement WaylandWorld::openWindow(pid_t pid, const WindowSpec &spec)
 {
     const WindowRequest request = requestFor(pid, spec);
     if ((spec.kind == WindowKind::panel || spec.kind == WindowKind::desktop) && !tells(spec.kind)) {
-        client(pid).showPanel(request);
+        if (m_desk.isSway()) // others have no layers
+            client(pid).showPanel(request);
         return {};
     }
     const quint32 number = client(pid).show(request);
@@ -306,10 +378,10 @@ void WaylandWorld::settle()
 
 WaylandDesktop &WaylandWorld::prepare(const QString &compositor)
 {
-    const bool isThere =
-        s_desk && s_desk->isSway() == (compositor == u"sway") && s_desk->compositor().isRunning();
+    const bool isThere = s_desk && s_compositor == compositor && s_desk->compositor().isRunning();
     if (!isThere) {
         s_desk.reset();
+        s_compositor = compositor;
         s_desk = orFail(WaylandDesktop::start({.compositor = compositor, .displays = {display}}));
     }
     return *s_desk;
@@ -344,12 +416,14 @@ KeyStroke WaylandWorld::stroke(quint16 key, quint32 modifiers)
 
 std::unique_ptr<ContractWorld> ContractWorld::make(const std::string &name)
 {
+    if (name == "gnome")
+        return std::make_unique<GnomeWorld>();
     if (name == "sway")
         return std::make_unique<SwayWorld>();
     return std::make_unique<KWinWorld>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Wayland, PlatformContract, testing::Values("sway", "kwin"),
+INSTANTIATE_TEST_SUITE_P(Wayland, PlatformContract, testing::Values("sway", "kwin", "gnome"),
     [](const auto &each) { return each.param; });
 
 } // namespace corvane

@@ -15,7 +15,7 @@ using namespace desktop;
 class WaylandWorld : public ContractWorld
 {
 public:
-    /// "sway" or "kwin".
+    /// "sway", "kwin" or "gnome".
     explicit WaylandWorld(const std::string &name);
     /// Leaves the desktop as it was.
     ~WaylandWorld() override;
@@ -84,6 +84,7 @@ private:
     /// The window that the back end did not list before.
     [[nodiscard]] WindowElement newcomer(pid_t pid);
 
+    static inline QString s_compositor;
     static inline std::unique_ptr<WaylandDesktop> s_desk;
 
     WaylandDesktop &m_desk;

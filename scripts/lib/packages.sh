@@ -20,7 +20,9 @@ else
     packages_kwin+=" kglobalacceld libkscreen-bin"
 fi
 
-packages_wayland="$packages_sway $packages_kwin featherpad gtk-4-examples qtwayland5"
+packages_gnome="gnome-shell qt6-wayland"
+
+packages_wayland="$packages_sway $packages_kwin $packages_gnome featherpad gtk-4-examples qtwayland5"
 
 packages_unit_test="appstream desktop-file-utils libgtest-dev libgmock-dev librapidcheck-dev
     linguist-qt6 openssl python3 strace zstd"

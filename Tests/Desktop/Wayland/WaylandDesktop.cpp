@@ -1,5 +1,6 @@
 #include "WaylandDesktop.h"
 
+#include "GnomeHand.h"
 #include "KWinHand.h"
 #include "SwayHand.h"
 
@@ -71,7 +72,7 @@ QString WaylandDesktop::restart()
 
 QString WaylandDesktop::startCompositor()
 {
-    const QString error = isSway() ? startSway() : startKWin();
+    const QString error = isSway() ? startSway() : isGnome() ? startGnome() : startKWin();
     if (!error.isEmpty())
         return error;
     if (!m_hand->arrange(m_options.displays))
@@ -81,11 +82,15 @@ QString WaylandDesktop::startCompositor()
 
 QString WaylandDesktop::plugInKeys()
 {
-    auto plugged = WaylandKeyPresser::plugIn(
-        environment().value(u"WAYLAND_DISPLAY"_s), [this] { return boundsOf(m_hand->displays()); });
+    const QString display = environment().value(u"WAYLAND_DISPLAY"_s);
+    auto plugged = isGnome()
+        ? RemoteDevices::plugIn(display, static_cast<GnomeHand &>(*m_hand).shell())
+        : WaylandKeyPresser::plugIn(display, [this] { return boundsOf(m_hand->displays()); });
     if (!plugged)
         return plugged.error();
     m_keys = std::move(*plugged);
+    if (isGnome())
+        static_cast<GnomeHand &>(*m_hand).useKeys(*m_keys);
     return {};
 }
 
@@ -222,6 +227,72 @@ QString WaylandDesktop::startKWin()
     m_hand = std::move(hand);
     if (m_options.hasXwayland)
         adoptXwayland(variables);
+    return {};
+}
+
+QString WaylandDesktop::installExtension()
+{
+    const auto asked = launch(u"gnome-shell"_s, {u"--version"_s}, ChildProcess::Channel::pipes);
+    const QString version = QString::fromUtf8(asked->readLine().value_or(QByteArray()));
+    const int major = version.section(u' ', -1).section(u'.', 0, 0).toInt();
+    const QString own = dataFolder() + u"/gnome-shell/extensions/corvane@corvane.app/"_s;
+    QDir().mkpath(own);
+    for (const QString &name : {u"extension.js"_s, u"metadata.json"_s}) {
+        QFile::remove(own + name);
+        if (!QFile::copy(u"%1/%2/corvane@corvane.app/%3"_s.arg(QStringLiteral(CORVANE_EXTENSION),
+                             major < 45 ? u"43"_s : u"45"_s, name),
+                own + name))
+            return u"there is no extension for \"%1\""_s.arg(version.trimmed());
+    }
+    return {};
+}
+
+QString WaylandDesktop::startGnome()
+{
+    const QString settings = configFolder() + u"/glib-2.0/settings"_s;
+    QDir().mkpath(settings);
+    const QString runtime = environment().value(u"XDG_RUNTIME_DIR"_s);
+    if (const QString error = installExtension(); !error.isEmpty())
+        return error;
+    if (!write(settings + u"/keyfile"_s,
+            u"[org/gnome/shell]\nenabled-extensions=['corvane@corvane.app']\n"
+            "welcome-dialog-last-shown-version='99'\n"
+            "[org/gnome/mutter]\ndynamic-workspaces=false\n"
+            "experimental-features=['scale-monitor-framebuffer']\n"
+            "[org/gnome/desktop/interface]\nenable-animations=false\nenable-hot-corners=false\n"_s))
+        return u"the settings could not be written"_s;
+    const QString systemBus = u"unix:path=%1/system-bus"_s.arg(runtime);
+    if (!m_systemBus) {
+        m_systemBus = launch(u"dbus-daemon"_s,
+            {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address=1"_s,
+                u"--address="_s + systemBus},
+            ChildProcess::Channel::pipes);
+        std::ignore = m_systemBus->readLine();
+    }
+    setVariable(u"DBUS_SYSTEM_BUS_ADDRESS"_s, systemBus);
+    setVariable(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
+    const Rect &first = m_options.displays.first();
+    const QString monitor = u"%1x%2"_s.arg(first.width).arg(first.height);
+    QStringList arguments{u"--headless"_s, u"--unsafe-mode"_s, u"--wayland-display"_s,
+        u"wayland-1"_s, u"--virtual-monitor"_s, monitor, u"--virtual-monitor"_s, monitor};
+    if (!m_options.hasXwayland)
+        arguments << u"--no-x11"_s;
+    const QString socket = runtime + u"/wayland-1"_s;
+    m_compositor = launch(u"gnome-shell"_s, arguments);
+    setVariable(u"WAYLAND_DISPLAY"_s, socket);
+    auto hand = std::make_unique<GnomeHand>(*this);
+    const auto isReady = [&] {
+        return !m_compositor->isRunning() || (QFile::exists(socket) && hand->isThere());
+    };
+    if (!waitUntil(isReady, Milliseconds{30000}) || !m_compositor->isRunning())
+        return u"GNOME Shell did not start"_s;
+    if (!m_options.hasBar)
+        hand->hideBar();
+    if (m_options.hasXwayland) {
+        for (const QString &name : {u"DISPLAY"_s, u"XAUTHORITY"_s})
+            setVariable(name, hand->variable(name));
+    }
+    m_hand = std::move(hand);
     return {};
 }
 

@@ -12,13 +12,15 @@ class WaylandDesktop : public PrivateSession
 {
 public:
     struct Options {
-        QString compositor; ///< "sway" or "kwin_wayland"
-        QList<Rect> displays{{0, 0, 1920, 1080}}; ///< KWin: all of one size, and no more than two
+        QString compositor; ///< "sway", "kwin_wayland" or "gnome-shell"
+        QList<Rect> displays{
+            {0, 0, 1920, 1080}}; ///< all but sway: all of one size, and no more than two
         bool hasXwayland = false;
         QString configuration{}; ///< sway: further lines of its configuration file
         QString home{}; ///< a folder whose files the user has in the home from the start
         bool canBePictured =
             false; ///< KWin: draws with OpenGL, as its pictures of the screen need it
+        bool hasBar = false; ///< GNOME: its own, at the top
     };
 
     /// The error is a sentence.
@@ -26,6 +28,7 @@ public:
         const Options &options);
 
     [[nodiscard]] bool isSway() const { return m_options.compositor == u"sway"; }
+    [[nodiscard]] bool isGnome() const { return m_options.compositor == u"gnome-shell"; }
     [[nodiscard]] ChildProcess &compositor() { return *m_compositor; }
     [[nodiscard]] Hand &hand() { return *m_hand; }
     [[nodiscard]] WaylandKeyPresser &keys() { return *m_keys; }
@@ -44,6 +47,8 @@ private:
     [[nodiscard]] QString startCompositor();
     [[nodiscard]] QString startSway();
     [[nodiscard]] QString startKWin();
+    [[nodiscard]] QString startGnome();
+    [[nodiscard]] QString installExtension();
     [[nodiscard]] QString plugInKeys();
     /// A sway in a folder of its own. Null when it does not answer.
     [[nodiscard]] std::unique_ptr<ChildProcess> launchSway(const QString &name,
@@ -59,6 +64,7 @@ private:
     void adoptXwayland(const QString &variables);
 
     Options m_options;
+    std::unique_ptr<ChildProcess> m_systemBus; ///< GNOME looks for one
     std::unique_ptr<ChildProcess> m_outer; ///< the sway that holds the further displays
     std::unique_ptr<ChildProcess> m_compositor;
     std::unique_ptr<Hand> m_hand;

@@ -1,0 +1,3 @@
+const {Gio, GLib, Meta, Shell} = imports.gi;
+const Main = imports.ui.main;
+
